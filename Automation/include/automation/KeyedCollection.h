@@ -1,0 +1,42 @@
+// KeyedCollection: a collection of our own, of the shape and with the errors that Visual Basic hosts know.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "automation/Object.h"
+#include "automation/TabledObject.h"
+
+namespace automation {
+
+/// Members: `Item(Index)` (default), `Add(Item, Key?, Before?, After?)`, `Count`, `Remove(Index)`, `_NewEnum`. An index is
+/// a 1-based position or a key; keys are unique and compared without regard to case.
+/// Errors: 457 duplicate key, 5 unknown key or both Before and After, 9 position out of range, 13 an index of another type.
+/// An enumerator stays usable when the collection changes; it then goes on at the same position.
+class KeyedCollection : public TabledObject<KeyedCollection> {
+  public:
+    static constexpr bool hasDefaultMember = true;
+    static std::span<const MemberEntry<KeyedCollection>> Members();
+
+    std::unique_ptr<Enumerator> NewEnum() override;
+
+    int32_t Count() const { return static_cast<int32_t>(entries_.size()); }
+    const Value& Item(const Value& index) const;
+    void Add(Value item, const Value& key, const Value& before, const Value& after);
+    void Remove(const Value& index);
+
+  private:
+    struct Entry {
+        Value item;
+        std::string foldedKey;  ///< empty when the entry has no key
+    };
+    size_t Position(const Value& index) const;  ///< 0-based
+
+    std::vector<std::unique_ptr<Entry>> entries_;
+    std::unordered_map<std::string, Entry*> byKey_;
+};
+
+}  // namespace automation

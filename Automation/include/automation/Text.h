@@ -1,0 +1,41 @@
+// Text: what the projects need of UTF-8: characters, case folding, and the numbers that Visual Basic reads in a text.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace automation {
+
+/// Decodes the character that starts at `position` and moves `position` behind it. A byte that starts no well-formed
+/// character counts as one character of its own (U+FFFD is returned). Three-byte lone surrogates are characters.
+char32_t NextCharacter(std::string_view text, size_t& position);
+void AppendCharacter(std::string& text, char32_t character);
+
+/// Number of characters, not bytes.
+size_t CharacterCount(std::string_view text);
+/// The byte offset at which the character number `count` (0-based) starts; the text's size when it has fewer.
+size_t OffsetOfCharacter(std::string_view text, size_t count);
+
+/// Simple case folding: A-Z, and the one-to-one pairs of the Latin, Greek, Cyrillic, Armenian and full-width letters.
+char32_t FoldCharacter(char32_t character);
+std::string FoldCase(std::string_view text);
+/// Equal without regard to case, in the sense of FoldCase.
+bool EqualNoCase(std::string_view a, std::string_view b);
+
+/// UTF-16 and back. Lone surrogates survive both ways.
+std::u16string ToUtf16(std::string_view text);
+std::string FromUtf16(std::u16string_view text);
+
+/// The leading number of a text as Visual Basic's Val reads it: blanks are passed over, "&H" is hexadecimal, no locale;
+/// 0 when the text starts with no number.
+double Val(std::string_view text);
+/// The number that the whole text is: a sign, digits, one point, an exponent, blanks around; nothing when it is not one.
+std::optional<double> ParseNumber(std::string_view text);
+/// A number as Visual Basic's CStr writes it (no exponent for whole numbers of up to 15 digits).
+std::string NumberText(double number);
+/// Rounds halves to even; throws Error 6 beyond 32 bits.
+int32_t RoundToLong(double number);
+
+}  // namespace automation
