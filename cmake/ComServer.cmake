@@ -1,0 +1,14 @@
+# foldertree_add_com_server(target FILE name.ext SOURCES ... LIBS ...)
+#
+# An in-process COM server: a DLL of the given file name that exports the five entry points of ComServer.def.
+
+function(foldertree_add_com_server target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FILE" "SOURCES;LIBS")
+    cmake_path(GET arg_FILE STEM name)
+    cmake_path(GET arg_FILE EXTENSION extension)
+    add_library(${target} SHARED ${arg_SOURCES} "${PROJECT_SOURCE_DIR}/cmake/ComServer.def")
+    set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${name} SUFFIX ${extension})
+    # On x86 the entry points are stdcall; the fixup finds them under their plain names.
+    target_link_options(${target} PRIVATE -Wl,--enable-stdcall-fixup)
+    target_link_libraries(${target} PRIVATE ${arg_LIBS} foldertree_warnings)
+endfunction()

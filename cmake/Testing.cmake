@@ -1,0 +1,60 @@
+# Tests: the same GoogleTest sources run natively, one CTest test per case, and under Wine, one CTest test per binary.
+#
+# foldertree_add_test(name SOURCES ... LIBS ... [USES_DISPLAY] [TIMEOUT seconds])
+#   USES_DISPLAY  the test moves the mouse or the focus, so no other such test runs beside it
+# foldertree_add_script_test(name command args...)
+#   any other program whose exit code is the verdict
+#
+# Test names start with the name of the build ("win64."), since several builds are run in one go.
+
+enable_testing()
+cmake_path(GET PROJECT_BINARY_DIR FILENAME foldertree_build_name)
+
+if(FOLDERTREE_TESTS)
+    if(WIN32)
+        find_path(FOLDERTREE_GOOGLETEST_SOURCES googletest/CMakeLists.txt PATHS /usr/src/googletest NO_CMAKE_FIND_ROOT_PATH)
+        if(NOT FOLDERTREE_GOOGLETEST_SOURCES)
+            message(FATAL_ERROR "The GoogleTest sources are missing: install the package googletest.")
+        endif()
+        set(INSTALL_GTEST OFF)
+        add_subdirectory("${FOLDERTREE_GOOGLETEST_SOURCES}" "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+    else()
+        find_package(GTest REQUIRED)
+        include(GoogleTest)
+    endif()
+endif()
+
+function(foldertree_add_test name)
+    if(NOT FOLDERTREE_TESTS)
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "USES_DISPLAY" "TIMEOUT" "SOURCES;LIBS")
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 300)
+    endif()
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest_main GTest::gmock foldertree_warnings)
+    # Goldens and sample data are found from here.
+    target_compile_definitions(${name} PRIVATE FOLDERTREE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+
+    set(properties TIMEOUT ${arg_TIMEOUT})
+    if(arg_USES_DISPLAY)
+        list(APPEND properties RESOURCE_LOCK display)
+    endif()
+    if(WIN32)
+        # The emulator of the toolchain file starts it under Wine.
+        add_test(NAME ${foldertree_build_name}.${name} COMMAND ${name})
+        set_tests_properties(${foldertree_build_name}.${name} PROPERTIES ${properties})
+    else()
+        gtest_discover_tests(${name} TEST_PREFIX "${foldertree_build_name}." DISCOVERY_MODE PRE_TEST
+            DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
+    endif()
+endfunction()
+
+function(foldertree_add_script_test name)
+    if(NOT FOLDERTREE_TESTS)
+        return()
+    endif()
+    add_test(NAME ${foldertree_build_name}.${name} COMMAND ${ARGN} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(${foldertree_build_name}.${name} PROPERTIES TIMEOUT 300)
+endfunction()

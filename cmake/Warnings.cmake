@@ -1,0 +1,8 @@
+# foldertree_warnings: linked privately by every target of ours; a warning is an error.
+
+add_library(foldertree_warnings INTERFACE)
+target_compile_options(foldertree_warnings INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:
+        -Wall -Wextra -Wpedantic -Werror
+        -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wnon-virtual-dtor -Woverloaded-virtual -Wshadow -Wundef
+        -Wunused>)
