@@ -33,14 +33,14 @@ class Error : public std::exception {
 /// Error numbers. The small ones are Visual Basic's run-time errors, which automation hosts know; the others are
 /// HRESULTs from winerror.h and mapicode.h.
 namespace errors {
-inline constexpr uint32_t invalidCall = 5;        // Invalid procedure call or argument (also: unknown collection key)
-inline constexpr uint32_t overflow = 6;           // Overflow
-inline constexpr uint32_t subscript = 9;          // Subscript out of range
-inline constexpr uint32_t typeMismatch = 13;      // Type mismatch
-inline constexpr uint32_t objectNotSet = 91;      // Object variable or With block variable not set
-inline constexpr uint32_t cannotCreate = 429;     // ActiveX component can't create object
-inline constexpr uint32_t noSuchMember = 438;     // Object doesn't support this property or method
-inline constexpr uint32_t duplicateKey = 457;     // This key is already associated with an element of this collection
+inline constexpr uint32_t invalidCall = 5;     // Invalid procedure call or argument (also: unknown collection key)
+inline constexpr uint32_t overflow = 6;        // Overflow
+inline constexpr uint32_t subscript = 9;       // Subscript out of range
+inline constexpr uint32_t typeMismatch = 13;   // Type mismatch
+inline constexpr uint32_t objectNotSet = 91;   // Object variable or With block variable not set
+inline constexpr uint32_t cannotCreate = 429;  // ActiveX component can't create object
+inline constexpr uint32_t noSuchMember = 438;  // Object doesn't support this property or method
+inline constexpr uint32_t duplicateKey = 457;  // This key is already associated with an element of this collection
 inline constexpr uint32_t unspecified = 0x80004005;      // E_FAIL
 inline constexpr uint32_t outOfMemory = 0x8007000E;      // E_OUTOFMEMORY
 inline constexpr uint32_t invalidArgument = 0x80070057;  // E_INVALIDARG

@@ -2,20 +2,21 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "automation/Object.h"
 #include "automation/TabledObject.h"
 
 namespace automation {
 
-/// Members: `Item(Index)` (default), `Add(Item, Key?, Before?, After?)`, `Count`, `Remove(Index)`, `_NewEnum`. An index is
-/// a 1-based position or a key; keys are unique and compared without regard to case.
-/// Errors: 457 duplicate key, 5 unknown key or both Before and After, 9 position out of range, 13 an index of another type.
-/// An enumerator stays usable when the collection changes; it then goes on at the same position.
+/// Members: `Item(Index)` (default), `Add(Item, Key?, Before?, After?)`, `Count`, `Remove(Index)`, `_NewEnum`. An index
+/// is a 1-based position or a key; keys are unique and compared without regard to case. An empty key is no key. Errors:
+/// 457 duplicate key, 5 unknown key or both Before and After, 9 position out of range, 13 an index of another type. An
+/// enumerator stays usable when the collection changes; it then goes on at the same position.
 class KeyedCollection : public TabledObject<KeyedCollection> {
   public:
     static constexpr bool hasDefaultMember = true;
@@ -33,10 +34,11 @@ class KeyedCollection : public TabledObject<KeyedCollection> {
         Value item;
         std::string foldedKey;  ///< empty when the entry has no key
     };
+    const Entry& FindKey(std::string_view key) const;
     size_t Position(const Value& index) const;  ///< 0-based
 
-    std::vector<std::unique_ptr<Entry>> entries_;
-    std::unordered_map<std::string, Entry*> byKey_;
+    std::deque<std::unique_ptr<Entry>> entries_;
+    std::unordered_map<std::string_view, Entry*> byKey_;  ///< its keys are the entries' own texts
 };
 
 }  // namespace automation

@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "automation/Object.h"
 
@@ -26,8 +27,13 @@ struct MemberEntry {
     std::string_view name;
     Value (*get)(Self& self, const Arguments& arguments) = nullptr;
     void (*put)(Self& self, const Value& value) = nullptr;
-    size_t maxArguments = 0;  ///< more positional arguments than this are refused
+    size_t maxArguments = 0;           ///< more positional arguments than this are refused
+    std::string_view parameters = {};  ///< their names, separated by blanks, for callers that name their arguments
 };
+
+/// The arguments of a call in the order of `parameters`, those that are left out as Missing.
+/// Throws Error: 0x80020006 for a name that is not among them, 0x8002000E for one that is given twice.
+std::vector<Value> PlaceArguments(const Invocation& call, std::string_view parameters);
 
 /// Derive as `class Folder : public TabledObject<Folder>` and give the class a
 /// `static std::span<const MemberEntry<Folder>> Members();`. The first entry is the default member when the class
@@ -40,14 +46,16 @@ class TabledObject : public Object {
         if (entry == nullptr) throw Error(errors::unknownName, "Unknown name.");
         Self& self = static_cast<Self&>(*this);
         if (call.access != Access::Call) {
-            if (entry->put == nullptr || call.arguments.empty()) throw Error(errors::memberNotFound, "Member not found.");
+            if (entry->put == nullptr || call.arguments.empty())
+                throw Error(errors::memberNotFound, "Member not found.");
             entry->put(self, call.arguments.back());
             return {};
         }
         if (entry->get == nullptr) throw Error(errors::memberNotFound, "Member not found.");
         if (call.arguments.size() > entry->maxArguments)
             throw Error(errors::badParamCount, "Invalid number of parameters.");
-        return entry->get(self, Arguments(call.arguments));
+        if (call.named.empty()) return entry->get(self, Arguments(call.arguments));
+        return entry->get(self, Arguments(PlaceArguments(call, entry->parameters)));
     }
 
     bool HasMember(std::string_view member) const override { return Find(member) != nullptr; }

@@ -31,7 +31,8 @@ std::string FromUtf16(std::u16string_view text);
 /// The leading number of a text as Visual Basic's Val reads it: blanks are passed over, "&H" is hexadecimal, no locale;
 /// 0 when the text starts with no number.
 double Val(std::string_view text);
-/// The number that the whole text is: a sign, digits, one point, an exponent, blanks around; nothing when it is not one.
+/// The number that the whole text is: a sign, digits, one point, an exponent, blanks around; nothing when it is not
+/// one.
 std::optional<double> ParseNumber(std::string_view text);
 /// A number as Visual Basic's CStr writes it (no exponent for whole numbers of up to 15 digits).
 std::string NumberText(double number);

@@ -61,21 +61,21 @@ struct Bytes {
 class Value {
   public:
     Value() = default;
-    Value(bool value) : data_(value) {}                          // NOLINT(google-explicit-constructor)
-    Value(int32_t value) : data_(value) {}                       // NOLINT
-    Value(double value) : data_(value) {}                        // NOLINT
-    Value(const char* text) : data_(std::string(text)) {}        // NOLINT
-    Value(std::string text) : data_(std::move(text)) {}          // NOLINT
-    Value(std::string_view text) : data_(std::string(text)) {}   // NOLINT
-    Value(ObjectRef object) : data_(std::move(object)) {}        // NOLINT
+    Value(bool value) : data_(value) {}                         // NOLINT(google-explicit-constructor)
+    Value(int32_t value) : data_(value) {}                      // NOLINT
+    Value(double value) : data_(value) {}                       // NOLINT
+    Value(const char* text) : data_(std::string(text)) {}       // NOLINT
+    Value(std::string text) : data_(std::move(text)) {}         // NOLINT
+    Value(std::string_view text) : data_(std::string(text)) {}  // NOLINT
+    Value(ObjectRef object) : data_(std::move(object)) {}       // NOLINT
     Value(Array array) : data_(std::make_shared<const Array>(std::move(array))) {}  // NOLINT
     Value(Bytes bytes) : data_(std::make_shared<const Bytes>(std::move(bytes))) {}  // NOLINT
-    Value(ErrorValue error) : data_(error) {}                    // NOLINT
-    Value(Null null) : data_(null) {}                            // NOLINT
-    Value(Missing missing) : data_(missing) {}                   // NOLINT
-    Value(Currency value) : data_(value) {}                      // NOLINT
-    Value(Date value) : data_(value) {}                          // NOLINT
-    Value(std::nullptr_t) : data_(ObjectRef()) {}                // NOLINT: Nothing
+    Value(ErrorValue error) : data_(error) {}                                       // NOLINT
+    Value(Null null) : data_(null) {}                                               // NOLINT
+    Value(Missing missing) : data_(missing) {}                                      // NOLINT
+    Value(Currency value) : data_(value) {}                                         // NOLINT
+    Value(Date value) : data_(value) {}                                             // NOLINT
+    Value(std::nullptr_t) : data_(ObjectRef()) {}                                   // NOLINT: Nothing
     template <class T>
     Value(std::shared_ptr<T> object) : data_(ObjectRef(std::move(object))) {}  // NOLINT
     static Value Byte(uint8_t value) { return Value(Storage(value)); }

@@ -1,0 +1,56 @@
+// Collection: the calls behind the view, and the walk by position for collections that offer no enumeration.
+#include "automation/Collection.h"
+
+namespace automation {
+
+namespace {
+
+class PositionWalk : public Enumerator {
+  public:
+    explicit PositionWalk(Collection collection) : collection_(std::move(collection)), count_(collection_.Count()) {}
+
+    bool Next(Value& item) override {
+        if (position_ >= count_) return false;
+        item = collection_.Item(++position_);
+        return true;
+    }
+
+  private:
+    Collection collection_;
+    int32_t count_;
+    int32_t position_ = 0;
+};
+
+}  // namespace
+
+int32_t Collection::Count() const {
+    return Deref(object_).Get("Count").ToLong();
+}
+
+Value Collection::Item(int32_t position) const {
+    return Deref(object_).Get("Item", position);
+}
+
+Value Collection::Item(std::string_view key) const {
+    return Deref(object_).Get("Item", key);
+}
+
+void Collection::Add(const Value& item, std::string_view key, std::optional<int32_t> before) const {
+    Object& collection = Deref(object_);
+    const Value keyArgument = key.empty() ? Value(Missing()) : Value(key);
+    if (before)
+        collection.Get("Add", item, keyArgument, *before);
+    else
+        collection.Get("Add", item, keyArgument);
+}
+
+void Collection::Remove(int32_t position) const {
+    Deref(object_).Get("Remove", position);
+}
+
+std::unique_ptr<Enumerator> Collection::Walk() const {
+    if (auto enumerator = Deref(object_).NewEnum()) return enumerator;
+    return std::make_unique<PositionWalk>(*this);
+}
+
+}  // namespace automation

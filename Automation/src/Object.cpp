@@ -1,0 +1,36 @@
+// Object: the parts of an automation object that are the same for all.
+#include "automation/Object.h"
+
+namespace automation {
+
+namespace {
+
+char LowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+}  // namespace
+
+Value Object::InvokeFrom(int line, const Invocation& call) {
+    try {
+        return Invoke(call);
+    } catch (Error& error) {
+        // An object may itself call further objects: the outermost call is the last to pass here, and its line stays.
+        error.SetLine(line);
+        throw;
+    }
+}
+
+bool SameMember(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i)
+        if (LowerAscii(a[i]) != LowerAscii(b[i])) return false;
+    return true;
+}
+
+Object& Deref(const ObjectRef& object) {
+    if (!object) throw VbError(errors::objectNotSet);
+    return *object;
+}
+
+}  // namespace automation
