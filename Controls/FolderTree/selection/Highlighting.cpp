@@ -1,0 +1,39 @@
+// Highlighting: contact, journal and task folders stand out when the host asks for it.
+#include "selection/Highlighting.h"
+
+namespace foldertree {
+
+bool IsHighlighted(const ControlState& state, double itemType) {
+    return (itemType == FTIContactItem && state.highlightContactFolders) ||
+           (itemType == FTIjournalItem && state.highlightJournalFolders) ||
+           (itemType == FTITaskItem && state.highlightTaskFolders);
+}
+
+void HighlightNewRow(ControlShell& shell, int32_t row, int32_t itemType) {
+    TreeGrid& grid = shell.grid;
+    const auto apply = [&](bool flag, enuFTIItemType type) {
+        if (!flag) return;
+        const int last = grid.ColCount() - 1;
+        if (itemType == type)
+            grid.SetCellFormat(CellSetting::Bold, row, 0, row, last, true);
+        else
+            grid.SetCellFormat(CellSetting::ForeColor, row, 0, row, last, colors::buttonShadow);
+    };
+    apply(shell.state.highlightContactFolders, FTIContactItem);
+    apply(shell.state.highlightJournalFolders, FTIjournalItem);
+    apply(shell.state.highlightTaskFolders, FTITaskItem);
+}
+
+void PerformHighlighting(ControlShell& shell) {
+    Guarded(shell, errorLines::performHighlighting, [&] {
+        TreeGrid& grid = shell.grid;
+        const int last = grid.ColCount() - 1;
+        for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
+            const bool highlighted = IsHighlighted(shell.state, grid.CellValue(row, colItemType));
+            if (highlighted || grid.CellFormat(CellSetting::BackColor, row, 0) != colors::buttonFace)
+                grid.SetCellFormat(CellSetting::Bold, row, 0, row, last, highlighted);
+        }
+    });
+}
+
+}  // namespace foldertree

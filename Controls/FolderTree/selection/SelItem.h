@@ -1,0 +1,41 @@
+// SelItem: one item of a selection collection: one of our own, or a stranger that a host put there.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "automation/Object.h"
+#include "shell/clsFolderTreeItem.h"
+
+namespace foldertree {
+
+/// Our own items are read directly; a stranger's members are read by name, each an outside call that may throw. A null
+/// SelItem stands for Nothing.
+class SelItem {
+  public:
+    SelItem() = default;
+    explicit SelItem(automation::ObjectRef object);
+    explicit SelItem(const automation::Value& value) : SelItem(value.RequireObject()) {}
+
+    explicit operator bool() const { return object_ != nullptr; }
+    const automation::ObjectRef& Ref() const { return object_; }
+
+    /// The item itself when it is one of ours, else null. Only our own items can be completed.
+    clsFolderTreeItem* Own() const { return own_; }
+
+    std::string Key() const;
+    std::string KeyShortEntryID() const;
+    std::string KeyAlternate() const;
+    int32_t Index() const;
+    void SetIndex(int32_t index) const;
+    bool Selected() const;
+    /// A stranger's tick is its own affair: it is left as it is.
+    void SetSelected(bool selected) const;
+    bool Incomplete() const;
+
+  private:
+    automation::ObjectRef object_;
+    clsFolderTreeItem* own_ = nullptr;
+};
+
+}  // namespace foldertree

@@ -1,0 +1,112 @@
+// SelectionSet: what the user has picked: the host's keyed collection, or one item in single-select.
+#include "selection/SelectionSet.h"
+
+#include <algorithm>
+
+#include "automation/Collection.h"
+#include "automation/KeyedCollection.h"
+#include "automation/Text.h"
+
+namespace foldertree {
+
+using automation::Collection;
+using automation::Value;
+
+const automation::ObjectRef& SelectionSet::EnsureCollection() {
+    if (collection == nullptr) collection = std::make_shared<automation::KeyedCollection>();
+    return collection;
+}
+
+SelItem SelectionSet::GetSelItemByKey(std::string_view key) {
+    SelItem item;
+    // No such key and no collection are answers here, not errors.
+    Attempt([&] { item = SelItem(Collection(collection).Item(key)); });
+    return item;
+}
+
+bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
+    bool removed = false;
+    Guarded(shell_, errorLines::removeSelItemByKey, [&] {
+        if (collection == nullptr) return;
+        const Collection items(collection);
+        const auto walk = items.Walk();
+        Value value;
+        for (int32_t position = 1; walk->Next(value); ++position) {
+            if (!automation::EqualNoCase(SelItem(value).Key(), key)) continue;
+            items.Remove(position);
+            removed = true;
+            return;
+        }
+    });
+    return removed;
+}
+
+int32_t SelectionSet::GetHighIndex() {
+    int32_t high = 0;
+    Guarded(shell_, errorLines::getHighIndex, [&] {
+        if (collection == nullptr) return;
+        const auto walk = Collection(collection).Walk();
+        Value value;
+        while (walk->Next(value)) high = std::max(high, SelItem(value).Index());
+    });
+    return high;
+}
+
+ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
+    const ItemRef item = std::make_shared<clsFolderTreeItem>();
+    Guarded(shell_, errorLines::createSelItemFromRow, [&] {
+        const TreeGrid& grid = shell_.grid;
+        const auto number = [&](int col) { return automation::RoundToLong(grid.CellValue(row, col)); };
+        item->SetName(grid.CellText(row, colName));
+        item->SetIndex(number(colIndex));
+        item->SetStoreID(grid.CellText(row, colStoreID));
+        item->SetEntryID(grid.CellText(row, colEntryID));
+        item->SetEntryIDShort(grid.CellText(row, colEntryIDShort));
+        item->SetAddressListID(grid.CellText(row, colAddressListID));
+        item->SetIsAddressList(!item->AddressListID().empty());
+        item->SetItemType(static_cast<enuFTIItemType>(number(colItemType)));
+        item->SetPath(grid.CellText(row, colPath));
+        item->SetSelected(grid.CellValue(row, colSel) != 0);
+        item->SetFolderRecID(number(colFolderRecID));
+    });
+    return item;
+}
+
+ItemRef SelectionSet::CreateSelItem(int32_t lFolderRecID, std::string_view sStoreID, std::string_view sEntryID,
+                                    std::string_view sEntryIDShort, std::string_view sAdListID) {
+    ItemRef item;
+    Guarded(shell_, errorLines::createSelItem, [&] {
+        item = std::make_shared<clsFolderTreeItem>();
+        if (!sAdListID.empty()) {
+            item->SetAddressListID(std::string(sAdListID));
+            item->SetIsAddressList(true);
+        } else {
+            item->SetStoreID(std::string(sStoreID));
+            item->SetEntryID(std::string(sEntryID));
+            item->SetEntryIDShort(std::string(sEntryIDShort));
+        }
+        item->SetFolderRecID(lFolderRecID);
+        item->SetSelected(true);
+        item->SetIncomplete(true);
+    });
+    return item;
+}
+
+void SelectionSet::KillCollection(automation::ObjectRef& oColl) {
+    Guarded(shell_, errorLines::killCollection, [&] {
+        if (oColl == nullptr) return;
+        // Held here, so that the host may drop its variable while its collection is being emptied.
+        const Collection items(oColl);
+        int32_t count = items.Count();
+        while (count >= 1) {
+            items.Remove(1);
+            const int32_t left = items.Count();
+            // A collection that does not give its items up would keep us here for ever.
+            if (left >= count) throw automation::VbError(automation::errors::invalidCall);
+            count = left;
+        }
+        oColl = nullptr;
+    });
+}
+
+}  // namespace foldertree

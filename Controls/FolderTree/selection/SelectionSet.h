@@ -1,0 +1,41 @@
+// SelectionSet: what the user has picked: the host's keyed collection, or one item in single-select.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+
+#include "selection/SelItem.h"
+#include "shell/ControlShell.h"
+
+namespace foldertree {
+
+/// The holders of the pick and the small operations on them. The collection is the host's own object, used by reference
+/// and never copied: what the control adds and removes, the host sees in its own variable.
+class SelectionSet {
+  public:
+    explicit SelectionSet(ControlShell& shell) : shell_(shell) {}
+
+    automation::ObjectRef collection;  ///< null until something is assigned or ticked
+    ItemRef singleItem;                ///< the single-select pick
+    int32_t selectedRow = -1;          ///< its row; -1 when none
+    bool dirty = false;                ///< the collection may no longer match the grid
+
+    /// The collection, made when there is none.
+    const automation::ObjectRef& EnsureCollection();
+
+    SelItem GetSelItemByKey(std::string_view key);
+    bool RemoveSelItemByKey(std::string_view key);
+    /// The largest Index in the collection, never below 0.
+    int32_t GetHighIndex();
+    ItemRef CreateSelItemFromRow(int32_t row);
+    ItemRef CreateSelItem(int32_t lFolderRecID, std::string_view sStoreID, std::string_view sEntryID,
+                          std::string_view sEntryIDShort, std::string_view sAdListID);
+    /// Empties the collection from the front and clears the variable.
+    void KillCollection(automation::ObjectRef& oColl);
+
+  private:
+    ControlShell& shell_;
+};
+
+}  // namespace foldertree

@@ -1,0 +1,137 @@
+// SelectionView: shows the selection in the tree, and reads it back from there.
+#include "selection/SelectionView.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "automation/Collection.h"
+#include "automation/Text.h"
+#include "selection/Highlighting.h"
+#include "selection/OrderedInsertion.h"
+
+namespace foldertree {
+
+using automation::Collection;
+using automation::Value;
+
+void SelectionView::ApplySelection() {
+    Guarded(shell_, errorLines::applySelection, [&] {
+        const FlagSet busy(shell_.state.gridBusy);
+        if (!shell_.state.multiSelect)
+            ApplySingleItem();
+        else if (selection_.collection != nullptr)
+            ApplyCollection();
+        selection_.dirty = true;
+    });
+}
+
+void SelectionView::ApplyCollection() {
+    const auto walk = Collection(selection_.collection).Walk();
+    Value value;
+    while (walk->Next(value)) {
+        const SelItem item(value);
+        const int32_t row = FindRowOf(item);
+        if (row <= 0) continue;  // not in the tree, or the header row matched
+        // A stranger keeps what its host gave it; only our own items are completed.
+        if (clsFolderTreeItem* own = item.Own(); own != nullptr && own->Incomplete()) CompleteFromRow(*own, row);
+        shell_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
+        Tick(row);
+    }
+}
+
+void SelectionView::ApplySingleItem() {
+    TreeGrid& grid = shell_.grid;
+    for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
+        if (grid.CellValue(row, colSel) == 0) continue;
+        grid.SetCellText(row, colSel, "0");
+        MarkSelection(row);
+    }
+    if (selection_.singleItem == nullptr) return;
+    const ItemRef item = selection_.singleItem;
+    const int32_t row = grid.FindRow(item->Key());
+    if (row == -1) return;
+    if (item->Incomplete()) CompleteFromRow(*item, row);
+    Tick(row);
+}
+
+int32_t SelectionView::FindRowOf(const SelItem& item) {
+    const TreeGrid& grid = shell_.grid;
+    const std::string key = item.Key();
+    int32_t row = grid.FindRow(key);
+    if (row == -1) row = grid.FindRow(item.KeyShortEntryID());
+    if (row == -1) row = grid.FindRow(item.KeyAlternate());
+    if (row == -1) row = grid.FindRow(key);
+    return row;
+}
+
+void SelectionView::CompleteFromRow(clsFolderTreeItem& item, int32_t row) {
+    TreeGrid& grid = shell_.grid;
+    item.SetItemType(static_cast<enuFTIItemType>(automation::RoundToLong(grid.CellValue(row, colItemType))));
+    item.SetIsAddressList(!item.AddressListID().empty());
+    item.SetName(grid.CellText(row, colName));
+    item.SetPath(grid.CellText(row, colPath));
+    item.SetIncomplete(false);
+    item.SetEntryID(grid.CellText(row, colEntryID));
+    item.SetEntryIDShort(grid.CellText(row, colEntryIDShort));
+    item.SetStoreID(grid.CellText(row, colStoreID));
+    item.SetAddressListID(grid.CellText(row, colAddressListID));
+    // The host's record number travels the other way, from the item into the tree.
+    grid.SetCellText(row, colFolderRecID, std::to_string(item.FolderRecID()));
+}
+
+void SelectionView::Tick(int32_t row) {
+    shell_.grid.SetCellText(row, colSel, "-1");
+    MarkSelection(row);
+}
+
+void SelectionView::MarkSelection(int32_t row) {
+    Guarded(shell_, errorLines::markSelection, [&] {
+        TreeGrid& grid = shell_.grid;
+        const int last = grid.ColCount() - 1;
+        const bool ticked = grid.CellValue(row, colSel) != 0;
+        grid.SetCellFormat(CellSetting::BackColor, row, colName, row, last, ticked ? colors::ticked : colors::window);
+        // Bold is set from the first column but taken back only from the name on: the tick and number cells of a row that
+        // was ticked once stay bold.
+        if (ticked)
+            grid.SetCellFormat(CellSetting::Bold, row, colSel, row, last, true);
+        else if (!IsHighlighted(shell_.state, grid.CellValue(row, colItemType)))
+            grid.SetCellFormat(CellSetting::Bold, row, colName, row, last, false);
+        if (!shell_.state.multiSelect) return;
+        grid.SetCellFormat(CellSetting::BackColor, row, colIndex, ticked ? colors::window : colors::buttonFace);
+        if (!ticked) grid.SetCellText(row, colIndex, " ");
+    });
+}
+
+void SelectionView::ReIndex() {
+    Guarded(shell_, errorLines::reIndex, [&] {
+        if (selection_.collection == nullptr) return;
+        const auto walk = Collection(selection_.collection).Walk();
+        int32_t n = 1;
+        Value value;
+        while (walk->Next(value)) {
+            const SelItem item(value);
+            if (!item.Selected()) continue;
+            item.SetIndex(n);
+            const int32_t row = shell_.grid.FindRow(item.Key());
+            if (row != -1) shell_.grid.SetCellText(row, colIndex, std::to_string(n));
+            ++n;
+        }
+        ApplySelection();
+    });
+}
+
+void SelectionView::RefreshSelection() {
+    Guarded(shell_, errorLines::refreshSelection, [&] {
+        OrderedInsertion insertion(selection_);
+        insertion.RemoveCompleteItems();
+        const TreeGrid& grid = shell_.grid;
+        for (int32_t row = grid.FixedRowCount(); shell_.state.multiSelect && row < grid.RowCount(); ++row) {
+            if (grid.CellValue(row, colSel) == 0) continue;
+            // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it.
+            Guarded(shell_, errorLines::refreshSelection, [&] { insertion.InsertRow(row, grid); });
+        }
+        selection_.dirty = false;
+    });
+}
+
+}  // namespace foldertree

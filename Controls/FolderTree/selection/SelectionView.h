@@ -1,0 +1,38 @@
+// SelectionView: shows the selection in the tree, and reads it back from there.
+#pragma once
+
+#include <cstdint>
+
+#include "selection/SelectionSet.h"
+#include "shell/ControlShell.h"
+
+namespace foldertree {
+
+class SelectionView {
+  public:
+    SelectionView(ControlShell& shell, SelectionSet& selection) : shell_(shell), selection_(selection) {}
+
+    /// Ticks, numbers and paints the rows of the selection and completes host-made items from them. Items without a row
+    /// stay as they are; rows that are ticked without an item stay ticked.
+    void ApplySelection();
+    /// Rebuilds the collection from the grid, ordered by the rows' numbers. Host-made items that the tree never matched
+    /// stay.
+    void RefreshSelection();
+    /// Paints one row according to its tick.
+    void MarkSelection(int32_t row);
+    /// Numbers the ticked items 1, 2, … in collection order, writes the numbers into the grid, then applies the selection.
+    /// Does nothing at all without a collection, so that single-select can untick.
+    void ReIndex();
+
+  private:
+    void ApplyCollection();
+    void ApplySingleItem();
+    int32_t FindRowOf(const SelItem& item);
+    void CompleteFromRow(clsFolderTreeItem& item, int32_t row);
+    void Tick(int32_t row);
+
+    ControlShell& shell_;
+    SelectionSet& selection_;
+};
+
+}  // namespace foldertree

@@ -1,0 +1,137 @@
+// TickEditing: what a tick, a typed position or a double click of the user does to the selection.
+#include "selection/TickEditing.h"
+
+#include <optional>
+
+#include "automation/Collection.h"
+#include "automation/Text.h"
+
+namespace foldertree {
+
+using automation::Collection;
+using automation::Value;
+
+void TickEditing::fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) {
+    Guarded(shell_, errorLines::beforeEdit, [&] {
+        if (shell_.state.gridBusy) return;
+        const bool editable = col == colSel || (col == colIndex && shell_.state.Indexing());
+        if (!editable || shell_.grid.CellFormat(CellSetting::BackColor, row, col) == colors::buttonFace) cancel = true;
+    });
+}
+
+void TickEditing::fgd_ValidateEdit(int32_t, int32_t col, bool& cancel) {
+    Guarded(shell_, errorLines::validateEdit, [&] {
+        if (shell_.state.gridBusy || col != colIndex) return;
+        const std::optional<double> number = automation::ParseNumber(shell_.grid.EditText());
+        if (!shell_.state.Indexing() || !number || *number <= 0) cancel = true;
+    });
+}
+
+void TickEditing::fgd_AfterEdit(int32_t row, int32_t col) {
+    Guarded(shell_, errorLines::afterEdit, [&] {
+        if (shell_.state.gridBusy) return;
+        view_.MarkSelection(row);
+        if (col == colSel)
+            AfterTick(row);
+        else if (col == colIndex && shell_.state.Indexing())
+            AfterNumber(row);
+    });
+}
+
+void TickEditing::AfterTick(int32_t row) {
+    const bool ticked = shell_.grid.CellValue(row, colSel) != 0;
+    selection_.selectedRow = -1;
+    if (shell_.state.multiSelect) {
+        if (ticked)
+            TickInCollection(row);
+        else
+            UntickInCollection(row);
+        selection_.dirty = true;
+    } else if (ticked) {
+        TickAlone(row);
+    }
+    view_.ReIndex();
+    shell_.RaiseChanged();
+    TraceChange(row);
+}
+
+void TickEditing::TickInCollection(int32_t row) {
+    SelItem item = selection_.GetSelItemByKey(shell_.grid.CellText(row, colKey));
+    if (item) {
+        item.SetSelected(true);
+    } else {
+        item = SelItem(selection_.CreateSelItemFromRow(row));
+        item.SetSelected(true);
+        Collection(selection_.EnsureCollection()).Add(item.Ref(), item.Key());
+        item.SetIndex(selection_.GetHighIndex() + 1);
+    }
+    shell_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
+}
+
+void TickEditing::UntickInCollection(int32_t row) {
+    shell_.grid.SetCellText(row, colIndex, " ");
+    selection_.RemoveSelItemByKey(shell_.grid.CellText(row, colKey));
+}
+
+void TickEditing::TickAlone(int32_t row) {
+    TreeGrid& grid = shell_.grid;
+    selection_.selectedRow = row;
+    for (int32_t other = grid.FixedRowCount(); other < grid.RowCount(); ++other) {
+        if (other == row || grid.CellValue(other, colSel) == 0) continue;
+        grid.SetCellText(other, colSel, "0");
+        view_.MarkSelection(other);
+    }
+    selection_.singleItem = selection_.CreateSelItemFromRow(row);
+}
+
+void TickEditing::AfterNumber(int32_t row) {
+    const ItemRef item = selection_.CreateSelItemFromRow(row);
+    const std::string key = item->Key();
+    selection_.RemoveSelItemByKey(key);
+
+    const Collection items(selection_.collection);
+    std::optional<int32_t> before;
+    const auto walk = items.Walk();
+    Value value;
+    // Only a higher number is passed, so a number equal to an existing one lands behind that item.
+    for (int32_t position = 1; !before && walk->Next(value); ++position)
+        if (SelItem(value).Index() > item->Index()) before = position;
+    items.Add(item, key, before);
+
+    view_.ReIndex();
+    selection_.dirty = true;
+    shell_.RaiseChanged();
+}
+
+void TickEditing::TraceChange(int32_t row) {
+    const TreeGrid& grid = shell_.grid;
+    shell_.Trace("Selection changed on");
+    shell_.Trace("  ", grid.CellText(row, colPath));
+    shell_.Trace(" SID = ", grid.CellText(row, colStoreID));
+    shell_.Trace(" EID = ", grid.CellText(row, colEntryID));
+    shell_.Trace(" EIDShort = ", grid.CellText(row, colEntryIDShort));
+    shell_.Trace(" AID = ", grid.CellText(row, colAddressListID));
+}
+
+void TickEditing::fgd_DblClick() {
+    Guarded(shell_, errorLines::dblClick, [&] {
+        TreeGrid& grid = shell_.grid;
+        const int32_t row = grid.CurrentRow();
+        if (shell_.state.gridBusy || row < grid.FixedRowCount()) return;
+        ToggleNode(row);
+        // The last row of the grid is only opened and closed, never ticked.
+        if (row >= grid.RowCount() - 1 || grid.RowOutlineLevel(row + 1) > grid.RowOutlineLevel(row)) return;
+        // The box's before-edit check is not asked: a double click ticks a row whose box is painted as not editable.
+        grid.SetCellText(row, colSel, grid.CellValue(row, colSel) != 0 ? "0" : "-1");
+        fgd_AfterEdit(row, colSel);
+    });
+}
+
+void TickEditing::ToggleNode(int32_t row) {
+    const int16_t state = shell_.grid.NodeState(row) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
+    bool cancel = false;
+    events_.fgd_BeforeCollapse(row, state, cancel);
+    if (!cancel) shell_.grid.SetNodeState(row, state);
+}
+
+}  // namespace foldertree

@@ -1,0 +1,40 @@
+// TickEditing: what a tick, a typed position or a double click of the user does to the selection.
+#pragma once
+
+#include <cstdint>
+
+#include "selection/SelectionSet.h"
+#include "selection/SelectionView.h"
+#include "shell/ControlShell.h"
+#include "shell/GridInteraction.h"
+
+namespace foldertree {
+
+/// The handlers behind the grid's edit and double-click notifications. While the grid-busy flag is set they do nothing.
+class TickEditing {
+  public:
+    /// `events` is asked before a double click opens or closes a node, as before any such gesture of the user.
+    TickEditing(ControlShell& shell, SelectionSet& selection, SelectionView& view, GridEvents& events)
+        : shell_(shell), selection_(selection), view_(view), events_(events) {}
+
+    void fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel);
+    void fgd_ValidateEdit(int32_t row, int32_t col, bool& cancel);
+    void fgd_AfterEdit(int32_t row, int32_t col);
+    void fgd_DblClick();
+
+  private:
+    void AfterTick(int32_t row);
+    void TickInCollection(int32_t row);
+    void UntickInCollection(int32_t row);
+    void TickAlone(int32_t row);
+    void AfterNumber(int32_t row);
+    void TraceChange(int32_t row);
+    void ToggleNode(int32_t row);
+
+    ControlShell& shell_;
+    SelectionSet& selection_;
+    SelectionView& view_;
+    GridEvents& events_;
+};
+
+}  // namespace foldertree
