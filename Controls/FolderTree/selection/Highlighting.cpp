@@ -4,9 +4,9 @@
 namespace foldertree {
 
 bool IsHighlighted(const ControlState& state, double itemType) {
-    return (itemType == FTIContactItem && state.highlightContactFolders) ||
-           (itemType == FTIjournalItem && state.highlightJournalFolders) ||
-           (itemType == FTITaskItem && state.highlightTaskFolders);
+    return (itemType == double{FTIContactItem} && state.highlightContactFolders) ||
+           (itemType == double{FTIjournalItem} && state.highlightJournalFolders) ||
+           (itemType == double{FTITaskItem} && state.highlightTaskFolders);
 }
 
 void HighlightNewRow(ControlShell& shell, int32_t row, int32_t itemType) {

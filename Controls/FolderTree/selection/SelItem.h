@@ -15,6 +15,7 @@ class SelItem {
   public:
     SelItem() = default;
     explicit SelItem(automation::ObjectRef object);
+    explicit SelItem(ItemRef item) : SelItem(automation::ObjectRef(std::move(item))) {}
     explicit SelItem(const automation::Value& value) : SelItem(value.RequireObject()) {}
 
     explicit operator bool() const { return object_ != nullptr; }
