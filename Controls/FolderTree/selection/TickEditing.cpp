@@ -131,6 +131,7 @@ void TickEditing::ToggleNode(int32_t row) {
     const int16_t state = shell_.grid.NodeState(row) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
     bool cancel = false;
     events_.fgd_BeforeCollapse(row, state, cancel);
+    shell_.ThrowIfClosed();
     if (!cancel) shell_.grid.SetNodeState(row, state);
 }
 

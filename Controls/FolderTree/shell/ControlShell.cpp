@@ -50,11 +50,20 @@ void ControlShell::TraceError(const ErrorLine& line, const automation::Error& er
 
 void ControlShell::Yield() {
     host_->Yield();
-    if (closed_) throw ControlClosed();
+    ThrowIfClosed();
 }
 
 void ControlShell::RaiseChanged() {
     host_->RaiseChanged();
+    ThrowIfClosed();
+}
+
+void ControlShell::PropertyChanged(std::string_view name) {
+    host_->PropertyChanged(name);
+    ThrowIfClosed();
+}
+
+void ControlShell::ThrowIfClosed() const {
     if (closed_) throw ControlClosed();
 }
 

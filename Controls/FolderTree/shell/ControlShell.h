@@ -42,9 +42,12 @@ class ControlShell : private TreeGridObserver {
 
     /// Lets the message loop run once. Throws ControlClosed when the control is closed afterwards.
     void Yield();
-    /// Raises `Changed`. Throws ControlClosed like Yield: the host may do anything in its handler.
+    /// Raise `Changed`, or tell the container of a changed property. Both throw ControlClosed like Yield: the host may do
+    /// anything in its handler.
     void RaiseChanged();
-    void PropertyChanged(std::string_view name) { host_->PropertyChanged(name); }
+    void PropertyChanged(std::string_view name);
+    /// For the other places from which the host can have been called.
+    void ThrowIfClosed() const;
 
     /// Adds to the bar's maximum and value where the amount is greater than -1, then yields once.
     void AdvanceProgress(int32_t addToMax, int32_t addToValue);

@@ -68,6 +68,8 @@ inline constexpr ErrorLine validateEdit{"Error in ctlFolderTree.fgd_ValidateEdit
 inline constexpr ErrorLine afterEdit{"Error in ctlFolderTree.fgd_AfterEdit(", ErrorDetail::NoBracket};
 inline constexpr ErrorLine dblClick{"Error in ctlFolderTree.fgd_DblClick(", ErrorDetail::NoBracket};
 inline constexpr ErrorLine performHighlighting{"Error in ctlFolderTree.PerformHighlighting("};
+inline constexpr ErrorLine getMsgItem{"Error in ctlFolderTree.GetMsgItem ("};
+inline constexpr ErrorLine getAdListItem{"Error in ctlFolderTree.GetAdListItem ("};
 }  // namespace errorLines
 
 }  // namespace foldertree

@@ -1,0 +1,453 @@
+// ctlFolderTree: the control's public members, in interface order, its setters and its life.
+#include "ctlFolderTree.h"
+
+#include "enumeration/RdoTabReader.h"
+#include "enumeration/RefreshDriver.h"
+#include "selection/Highlighting.h"
+#include "selection/ItemLookup.h"
+#include "selection/SelectionSet.h"
+#include "selection/SelectionView.h"
+#include "selection/TickEditing.h"
+#include "shell/ControlShell.h"
+#include "shell/GridSetup.h"
+#include "shell/PersistedProperties.h"
+
+namespace foldertree {
+
+using automation::ObjectRef;
+
+/// The control's parts, wired together.
+class ctlFolderTree::Impl {
+  public:
+    Impl(ctlFolderTree& control, ControlHost& host, automation::ObjectFactory& factory)
+        : shell(host, factory),
+          selection(shell),
+          view(shell, selection),
+          editing(shell, selection, view, control),
+          rdoTab(shell, view),
+          driver(shell, view),
+          state(shell.state) {
+        driver.SetReaders({.stores = {&rdoTab}, .addressLists = nullptr});
+    }
+
+    ControlShell shell;
+    SelectionSet selection;
+    SelectionView view;
+    TickEditing editing;
+    RdoTabReader rdoTab;
+    RefreshDriver driver;
+    ControlState& state;
+    bool initialised = false;
+
+    /// Stores a changed value, runs its side effect and marks the property changed; an equal value does nothing.
+    template <class T, class Effect>
+    void Set(T& stored, T value, const ErrorLine& line, std::string_view name, Effect&& effect) {
+        Guarded(shell, line, [&] {
+            if (stored == value) return;
+            stored = value;
+            effect();
+            shell.PropertyChanged(name);
+        });
+    }
+
+    void CollapseRows(auto&& isToCollapse) {
+        TreeGrid& grid = shell.grid;
+        for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row)
+            if (isToCollapse(grid.RowOutlineLevel(row))) grid.SetNodeState(row, nodeCollapsed);
+    }
+
+    void ExpandAllRows() {
+        TreeGrid& grid = shell.grid;
+        for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) grid.SetNodeState(row, nodeExpanded);
+    }
+
+    void ExtendTo(int32_t level) {
+        int32_t& buffered = state.bufferedToLevel;
+        if (level == 0) {
+            if (buffered == -1) {
+                ExpandAllRows();
+            } else {
+                driver.RefreshList();
+                buffered = -1;
+            }
+        } else if (buffered == -1) {
+            CollapseRows([level](int32_t rowLevel) { return rowLevel >= level; });
+        } else if (level > buffered) {
+            driver.RefreshList();
+            buffered = level;
+        } else {
+            // One level fewer than above, where every level is in the grid.
+            CollapseRows([level](int32_t rowLevel) { return rowLevel > level; });
+        }
+    }
+};
+
+namespace {
+
+/// Runs a public member: does nothing on a closed control, keeps the control alive meanwhile, and gives one that was
+/// neither initialised nor loaded its defaults first.
+template <class Result, class Control, class Impl, class Body>
+Result Enter(Control& control, Impl& impl, Result neutral, Body&& body) {
+    if (impl.shell.Closed()) return neutral;
+    const auto keepAlive = control.shared_from_this();
+    if (!impl.initialised) control.UserControl_InitProperties();
+    return UntilClosed(std::move(neutral), std::forward<Body>(body));
+}
+
+struct Nothing {};
+
+template <class Control, class Impl, class Body>
+void EnterVoid(Control& control, Impl& impl, Body&& body) {
+    Enter(control, impl, Nothing(), [&] {
+        body();
+        return Nothing();
+    });
+}
+
+}  // namespace
+
+std::shared_ptr<ctlFolderTree> ctlFolderTree::Create(ControlHost& host, automation::ObjectFactory& factory) {
+    return std::shared_ptr<ctlFolderTree>(new ctlFolderTree(host, factory));
+}
+
+ctlFolderTree::ctlFolderTree(ControlHost& host, automation::ObjectFactory& factory)
+    : impl_(std::make_unique<Impl>(*this, host, factory)) {
+    // UserControl_Initialize
+    ControlShell& shell = impl_->shell;
+    Guarded(shell, errorLines::initialize, [&] {
+        constexpr int rowHeightPixels = 19;
+        shell.grid.SetFont(host.CreateFont("Tahoma"));
+        SetupGrid(shell);
+        shell.state.addressListRowName = "<address lists>";
+        shell.state.rowHeight = rowHeightPixels * host.TwipsPerPixel();
+    });
+}
+
+ctlFolderTree::~ctlFolderTree() { Close(); }
+
+void ctlFolderTree::UserControl_InitProperties() {
+    if (impl_->shell.Closed()) return;
+    impl_->initialised = true;
+    Guarded(impl_->shell, errorLines::initProperties, [&] {
+        ControlState& state = impl_->state;
+        state.enabled = true;
+        state.highlightContactFolders = false;
+        state.highlightJournalFolders = false;
+        state.highlightTaskFolders = false;
+        state.multiSelect = true;
+        state.allowIndexing = false;
+        state.extendToLevel = 1;
+        impl_->selection.KillCollection(impl_->selection.collection);
+        state.rdoSession = nullptr;
+        state.showAddressBook = false;
+        state.infoStoreAccessMode = eISAccess_RDO_MAPITables;
+    });
+}
+
+void ctlFolderTree::UserControl_ReadProperties(PropertyBag& bag) {
+    if (impl_->shell.Closed()) return;
+    impl_->initialised = true;
+    Guarded(impl_->shell, errorLines::readProperties, [&] {
+        ReadPersistedProperties(impl_->shell, bag);
+        SetupGrid(impl_->shell);
+    });
+}
+
+void ctlFolderTree::UserControl_WriteProperties(PropertyBag& bag) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::writeProperties, [&] { WritePersistedProperties(impl_->shell, bag); });
+    });
+}
+
+void ctlFolderTree::Close() {
+    if (impl_->shell.Closed()) return;
+    Guarded(impl_->shell, errorLines::terminate, [&] {
+        SelectionSet& selection = impl_->selection;
+        // The host's own collection is emptied, not only let go.
+        selection.KillCollection(selection.collection);
+        impl_->state.rdoSession = nullptr;
+        selection.singleItem = nullptr;
+        impl_->state.application = nullptr;
+    });
+    impl_->shell.Detach();
+}
+
+bool ctlFolderTree::Closed() const { return impl_->shell.Closed(); }
+
+void ctlFolderTree::SetApplication(ObjectRef application) {
+    EnterVoid(*this, *impl_, [&] { impl_->state.application = std::move(application); });
+}
+
+ObjectRef ctlFolderTree::Application() {
+    return Enter(*this, *impl_, ObjectRef(), [&] { return impl_->state.application; });
+}
+
+ObjectRef ctlFolderTree::CDOSession() { return nullptr; }
+
+void ctlFolderTree::SetFont(ObjectRef font) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::font, [&] { impl_->shell.grid.SetFont(std::move(font)); });
+    });
+}
+
+ObjectRef ctlFolderTree::Font() {
+    return Enter(*this, *impl_, ObjectRef(), [&] { return impl_->shell.grid.Font(); });
+}
+
+ItemRef ctlFolderTree::GetMsgItem(std::string_view sStoreID, std::string_view sEntryID) {
+    return Enter(*this, *impl_, ItemRef(),
+                 [&] { return foldertree::GetMsgItem(impl_->shell, impl_->selection, sStoreID, sEntryID); });
+}
+
+ItemRef ctlFolderTree::GetAdListItem(std::string_view sAdListID, std::string_view sAdListEntryID) {
+    return Enter(*this, *impl_, ItemRef(),
+                 [&] { return foldertree::GetAdListItem(impl_->shell, impl_->selection, sAdListID, sAdListEntryID); });
+}
+
+void ctlFolderTree::KillCollection(ObjectRef& oColl) {
+    EnterVoid(*this, *impl_, [&] { impl_->selection.KillCollection(oColl); });
+}
+
+int32_t ctlFolderTree::ListCount() {
+    return Enter(*this, *impl_, 0, [&] { return impl_->shell.grid.RowCount() - impl_->shell.grid.FixedRowCount(); });
+}
+
+void ctlFolderTree::SetSelectedItem(ItemRef item) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::selectedItemSet, [&] {
+            SelectionSet& selection = impl_->selection;
+            selection.singleItem = item;
+            if (item == nullptr) {
+                selection.selectedRow = -1;
+                impl_->view.ApplySelection();
+                return;
+            }
+            // Put together here and not taken from the item's Key: an item without a store is not found.
+            const std::string key = item->IsAddressList() ? "L" + item->AddressListID()
+                                                          : "S" + item->StoreID() + "|" + item->EntryID();
+            const int32_t row = impl_->shell.grid.FindRow(key);
+            if (row == -1) return;
+            selection.selectedRow = row;
+            impl_->view.ApplySelection();
+        });
+    });
+}
+
+ItemRef ctlFolderTree::SelectedItem() {
+    return Enter(*this, *impl_, ItemRef(), [&] {
+        const bool selected = !impl_->state.multiSelect && impl_->selection.selectedRow >= 0;
+        return selected ? impl_->selection.singleItem : nullptr;
+    });
+}
+
+void ctlFolderTree::SetSelection(ObjectRef collection) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::selection, [&] {
+            impl_->selection.collection = std::move(collection);
+            impl_->selection.dirty = true;
+            impl_->view.ApplySelection();
+        });
+    });
+}
+
+ObjectRef ctlFolderTree::Selection() {
+    return Enter(*this, *impl_, ObjectRef(), [&] {
+        Guarded(impl_->shell, errorLines::selection, [&] {
+            if (impl_->selection.dirty) impl_->view.RefreshSelection();
+        });
+        return impl_->selection.collection;
+    });
+}
+
+bool ctlFolderTree::Enabled() {
+    return Enter(*this, *impl_, false, [&] { return impl_->state.enabled; });
+}
+
+void ctlFolderTree::SetEnabled(bool enabled) {
+    EnterVoid(*this, *impl_, [&] {
+        impl_->Set(impl_->state.enabled, enabled, errorLines::enabled, "Enabled", [&] {
+            TreeGrid& grid = impl_->shell.grid;
+            grid.SetBackColor(enabled ? colors::window : colors::buttonFace);
+            grid.SetTextColor(enabled ? colors::buttonText : colors::buttonShadow);
+            grid.SetEnabled(enabled);
+        });
+    });
+}
+
+bool ctlFolderTree::HighlightContactFolders() {
+    return Enter(*this, *impl_, false, [&] { return impl_->state.highlightContactFolders; });
+}
+
+void ctlFolderTree::SetHighlightContactFolders(bool highlight) {
+    EnterVoid(*this, *impl_, [&] {
+        impl_->Set(impl_->state.highlightContactFolders, highlight, errorLines::highlightContactFolders,
+                   "HighlightContactFolders", [&] { PerformHighlighting(impl_->shell); });
+    });
+}
+
+bool ctlFolderTree::HighlightJournalFolders() {
+    return Enter(*this, *impl_, false, [&] { return impl_->state.highlightJournalFolders; });
+}
+
+void ctlFolderTree::SetHighlightJournalFolders(bool highlight) {
+    EnterVoid(*this, *impl_, [&] {
+        impl_->Set(impl_->state.highlightJournalFolders, highlight, errorLines::highlightJournalFolders,
+                   "HighlightJournalFolders", [&] { PerformHighlighting(impl_->shell); });
+    });
+}
+
+int32_t ctlFolderTree::ExtendToLevel() {
+    return Enter(*this, *impl_, 0, [&] { return impl_->state.extendToLevel; });
+}
+
+void ctlFolderTree::SetExtendToLevel(int32_t level) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::extendToLevel, [&] {
+            const FlagSet busy(impl_->state.gridBusy);
+            impl_->state.extendToLevel = level;
+            PerformHighlighting(impl_->shell);
+            impl_->shell.PropertyChanged("ExtendToLevel");
+            impl_->ExtendTo(level);
+        });
+    });
+}
+
+ObjectRef ctlFolderTree::RDOSessionRef() {
+    return Enter(*this, *impl_, ObjectRef(), [&] { return impl_->state.rdoSession; });
+}
+
+void ctlFolderTree::SetRDOSessionRef(ObjectRef session) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::rdoSessionRef, [&] {
+            impl_->state.rdoSession = std::move(session);
+            impl_->driver.GetFolderIDs();
+        });
+    });
+}
+
+bool ctlFolderTree::MultiSelect() {
+    return Enter(*this, *impl_, false, [&] { return impl_->state.multiSelect; });
+}
+
+void ctlFolderTree::SetMultiSelect(bool multiSelect) {
+    EnterVoid(*this, *impl_, [&] {
+        impl_->Set(impl_->state.multiSelect, multiSelect, errorLines::multiSelect, "MultiSelect",
+                   [&] { ShowIndexColumn(impl_->shell); });
+    });
+}
+
+bool ctlFolderTree::AllowIndexing() {
+    return Enter(*this, *impl_, false, [&] { return impl_->state.allowIndexing; });
+}
+
+void ctlFolderTree::SetAllowIndexing(bool allowIndexing) {
+    EnterVoid(*this, *impl_, [&] {
+        impl_->Set(impl_->state.allowIndexing, allowIndexing, errorLines::allowIndexing, "AllowIndexing", [&] {
+            ShowIndexColumn(impl_->shell);
+            // Containers have always been told twice of this one.
+            impl_->shell.PropertyChanged("AllowIndexing");
+        });
+    });
+}
+
+bool ctlFolderTree::ShowAddressBook() {
+    return Enter(*this, *impl_, false, [&] { return impl_->state.showAddressBook; });
+}
+
+void ctlFolderTree::SetShowAddressBook(bool show) {
+    EnterVoid(*this, *impl_, [&] {
+        impl_->Set(impl_->state.showAddressBook, show, errorLines::showAddressBook, "ShowAddressBook",
+                   [&] { SetupGrid(impl_->shell); });
+    });
+}
+
+void ctlFolderTree::RefreshList() {
+    EnterVoid(*this, *impl_, [&] { impl_->driver.RefreshList(); });
+}
+
+void ctlFolderTree::Localize(std::string_view sIndexColName, std::string_view sSelectionColName,
+                             std::string_view sNameColName, std::string_view sAddressListRowName,
+                             std::string_view sPleaseWait, std::string_view sCancel) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::localize, [&] {
+            TreeGrid& grid = impl_->shell.grid;
+            grid.SetCellText(0, colSel, sSelectionColName);
+            grid.SetCellText(0, colIndex, sIndexColName);
+            grid.SetCellText(0, colName, sNameColName);
+            impl_->state.addressListRowName = sAddressListRowName;
+            if (impl_->state.addressListHeadingRow > 0)
+                grid.SetCellText(impl_->state.addressListHeadingRow, colName, sAddressListRowName);
+            impl_->shell.Host().SetWaitCaptions(sPleaseWait, sCancel);
+            for (const int col : {colSel, colIndex, colName}) grid.AutoSizeColumns(col, col);
+        });
+    });
+}
+
+ItemRef ctlFolderTree::CreateSelItem(int32_t lFolderRecID, std::string_view sStoreID, std::string_view sEntryID,
+                                     std::string_view sEntryIDShort, std::string_view sAdListID) {
+    return Enter(*this, *impl_, ItemRef(), [&] {
+        return impl_->selection.CreateSelItem(lFolderRecID, sStoreID, sEntryID, sEntryIDShort, sAdListID);
+    });
+}
+
+enuInfoStoreAccessMode ctlFolderTree::InfoStoreAccessMode() {
+    return Enter(*this, *impl_, eISAccess_RDO_MAPITables, [&] { return impl_->state.infoStoreAccessMode; });
+}
+
+void ctlFolderTree::SetInfoStoreAccessMode(enuInfoStoreAccessMode mode) {
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->shell, errorLines::infoStoreAccessMode, [&] {
+            if (impl_->state.infoStoreAccessMode == mode) return;
+            impl_->state.infoStoreAccessMode = mode;
+            impl_->shell.PropertyChanged("InfoStoreAccessMode");
+            impl_->driver.GetFolderIDs();
+        });
+    });
+}
+
+int32_t ctlFolderTree::BufferedToLevel() {
+    return Enter(*this, *impl_, 0, [&] { return impl_->state.bufferedToLevel; });
+}
+
+bool ctlFolderTree::HighlightTaskFolders() {
+    return Enter(*this, *impl_, false, [&] { return impl_->state.highlightTaskFolders; });
+}
+
+void ctlFolderTree::SetHighlightTaskFolders(bool highlight) {
+    EnterVoid(*this, *impl_, [&] {
+        impl_->Set(impl_->state.highlightTaskFolders, highlight, errorLines::highlightTaskFolders,
+                   "HighlightTaskFolders", [&] { PerformHighlighting(impl_->shell); });
+    });
+}
+
+TreeGrid& ctlFolderTree::Grid() { return impl_->shell.grid; }
+
+void ctlFolderTree::cmdCancel_Click() {
+    EnterVoid(*this, *impl_, [&] { impl_->driver.cmdCancel_Click(); });
+}
+
+void ctlFolderTree::CancelLoad() { impl_->state.cancel = true; }
+
+bool ctlFolderTree::Refreshing() const { return impl_->state.refreshing; }
+
+void ctlFolderTree::fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) {
+    EnterVoid(*this, *impl_, [&] { impl_->editing.fgd_BeforeEdit(row, col, cancel); });
+}
+
+void ctlFolderTree::fgd_ValidateEdit(int32_t row, int32_t col, bool& cancel) {
+    EnterVoid(*this, *impl_, [&] { impl_->editing.fgd_ValidateEdit(row, col, cancel); });
+}
+
+void ctlFolderTree::fgd_AfterEdit(int32_t row, int32_t col) {
+    EnterVoid(*this, *impl_, [&] { impl_->editing.fgd_AfterEdit(row, col); });
+}
+
+void ctlFolderTree::fgd_BeforeCollapse(int32_t row, int16_t state, bool&) {
+    EnterVoid(*this, *impl_, [&] { impl_->driver.fgd_BeforeCollapse(row, state); });
+}
+
+void ctlFolderTree::fgd_DblClick() {
+    EnterVoid(*this, *impl_, [&] { impl_->editing.fgd_DblClick(); });
+}
+
+}  // namespace foldertree

@@ -1,0 +1,40 @@
+// FolderRows: how store rows, folder rows and placeholder rows are written into the grid.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "shell/ControlShell.h"
+#include "shell/Enumerations.h"
+
+namespace foldertree {
+
+/// Appends a row and makes it a store's: its kind, name, level, colours and bold. Returns its number.
+int32_t AppendStoreRow(ControlShell& shell, std::string_view kind, std::string_view name);
+
+/// What the store rows of all modes still get when the store has been asked for more.
+void SetStorePicture(ControlShell& shell, int32_t row, bool isDefaultStore);
+
+/// The cells of a folder row. Views need only live during the call.
+struct FolderCells {
+    std::string_view name;
+    std::string_view storeID;
+    std::string_view entryID;
+    std::string_view entryIDShort;
+    std::string_view path;
+    std::string_view key;
+    std::string_view sel;
+    std::string_view index;
+    int32_t itemType = FTIMailItem;
+};
+
+/// Fills an empty row as a folder at the outline level: cells, picture, highlighting; it becomes a node.
+void FillFolderRow(ControlShell& shell, int32_t row, int16_t level, const FolderCells& cells);
+
+/// Marks the folder row as not read: colIncomplete "-1", a placeholder child below it, both collapsed.
+void MarkUnread(ControlShell& shell, int32_t row);
+
+/// Whether the row's kind is that kind, in any letter case.
+bool IsRowKind(const TreeGrid& grid, int32_t row, std::string_view kind);
+
+}  // namespace foldertree

@@ -1,0 +1,64 @@
+// NodeExpansion: the frame around reading a node's children on demand, the same in all access modes.
+#pragma once
+
+#include <cstdint>
+
+#include "selection/SelectionView.h"
+#include "shell/ControlShell.h"
+
+namespace foldertree {
+
+/// The rows of one expansion: children go directly below the node, one after the other.
+class ExpandedRows {
+  public:
+    ExpandedRows(ControlShell& shell, int32_t node) : shell_(shell), node_(node), last_(node) {}
+
+    int32_t Node() const { return node_; }
+    int16_t ChildLevel() const;
+    /// Removes the row below the node if it is its placeholder.
+    void RemovePlaceholder();
+    /// Inserts an empty row below the last child and returns its number. It goes again unless KeepChild follows.
+    int32_t InsertChild();
+    /// The last inserted row is filled.
+    void KeepChild() { childPending_ = false; }
+    /// Marks the last child as not read, with a placeholder below it.
+    void MarkChildUnread();
+    /// After an error: a row whose child could not be read is taken out. When no child is left, the placeholder stands
+    /// again and the node can be opened once more; otherwise the rows stay and the node counts as read.
+    void RecoverFromError();
+    /// The node was read, to its end or until the user cancelled.
+    void MarkRead();
+
+    bool ReadyToRetry() const { return retry_; }
+
+  private:
+    ControlShell& shell_;
+    int32_t node_;
+    int32_t last_;
+    bool childPending_ = false;
+    bool placeholderRemoved_ = false;
+    bool retry_ = false;
+};
+
+/// Runs one expansion: wait panel and flags, `read(rows)` under the procedure's error line, the selection is shown in the
+/// new rows, and `finish()` before the panel goes.
+template <class Read, class Finish>
+void RunExpansion(ControlShell& shell, SelectionView& view, int32_t node, const ErrorLine& line, Read&& read,
+                  Finish&& finish) {
+    LoadScope load(shell);
+    ExpandedRows rows(shell, node);
+    const bool complete = Guarded(shell, line, [&] {
+        load.Ready();
+        load.ResetProgress();
+        read(rows);
+    });
+    Guarded(shell, line, [&] {
+        if (!complete) rows.RecoverFromError();
+        if (rows.ReadyToRetry()) return;
+        view.ApplySelection();
+        rows.MarkRead();
+    });
+    finish();
+}
+
+}  // namespace foldertree
