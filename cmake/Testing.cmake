@@ -3,7 +3,8 @@
 # foldertree_add_test(name SOURCES ... LIBS ... [USES_DISPLAY] [TIMEOUT seconds])
 #   USES_DISPLAY  the test moves the mouse or the focus, so no other such test runs beside it
 # foldertree_add_script_test(name COMMAND command args... [USES_DISPLAY] [TIMEOUT seconds])
-#   any other program whose exit code is the verdict; it runs in the root of the sources
+#   any other program whose exit code is the verdict; it runs in the root of the sources;
+#   also in builds without unit tests
 #
 # Test names start with the name of the build ("win64."), since several builds are run in one go.
 
@@ -58,9 +59,6 @@ function(foldertree_add_test name)
 endfunction()
 
 function(foldertree_add_script_test name)
-    if(NOT FOLDERTREE_TESTS)
-        return()
-    endif()
     cmake_parse_arguments(PARSE_ARGV 1 arg "USES_DISPLAY" "TIMEOUT" "COMMAND")
     set(test ${foldertree_build_name}.${name})
     add_test(NAME ${test} COMMAND ${arg_COMMAND} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
