@@ -81,8 +81,8 @@ step "Running the demo on a hidden screen" "Start it again with WINEDEBUG=+seh,+
 ready=$buildRoot/demo.txt
 rm -f "$ready" "$screenshot"
 # A desktop of Wine's own gives the window its frame and the focus, where no window manager would.
-wine explorer /desktop=FolderTree,1280x1024 "$(winepath -w "$program")" ${arguments[@]+"${arguments[@]}"} \
-    --ready "$(winepath -w "$ready")" &
+desktop=(wine explorer /desktop=FolderTree,1280x1024)
+"${desktop[@]}" "$(winepath -w "$program")" ${arguments[@]+"${arguments[@]}"} --ready "$(winepath -w "$ready")" &
 host=$!
 for ((tenths = 0; tenths < 600; tenths++)); do
     [[ ! -s $ready ]] || break
@@ -91,8 +91,13 @@ for ((tenths = 0; tenths < 600; tenths++)); do
 done
 [[ -s $ready ]] || fail "The tree did not stand within 60 seconds."
 sleep 1 # the window paints after the tree stands
-import -window root "$screenshot"
-wine taskkill /im FolderTreeDemo.exe >/dev/null 2>&1 || true
+import -window root -trim +repage "$screenshot"
+# Close it as its user would, so that it keeps its state; whatever is left then ends with the screen.
+"${desktop[@]}" taskkill /im FolderTreeDemo.exe >/dev/null 2>&1 || true
+for ((tenths = 0; tenths < 50; tenths++)); do
+    kill -0 "$host" 2>/dev/null || break
+    sleep 0.1
+done
 steps_done
 
 echo
