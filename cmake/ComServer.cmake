@@ -1,6 +1,9 @@
 # foldertree_add_com_server(target FILE name.ext SOURCES ... LIBS ...)
 #
-# An in-process COM server: a DLL of the given file name that exports the five entry points of ComServer.def.
+# An in-process COM server: a DLL of the given file name that exports the five entry points of ComServer.def. All COM
+# servers of a build are listed in com-servers.txt of its folder, for whoever registers them.
+
+set_property(GLOBAL PROPERTY foldertree_com_servers "")
 
 function(foldertree_add_com_server target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "FILE" "SOURCES;LIBS")
@@ -11,4 +14,13 @@ function(foldertree_add_com_server target)
     # On x86 the entry points are stdcall; the fixup finds them under their plain names.
     target_link_options(${target} PRIVATE -Wl,--enable-stdcall-fixup)
     target_link_libraries(${target} PRIVATE ${arg_LIBS} foldertree_warnings)
+    add_dependencies(shipped ${target})
+    set_property(GLOBAL APPEND PROPERTY foldertree_com_servers "$<TARGET_FILE:${target}>")
+endfunction()
+
+function(foldertree_list_com_servers)
+    get_property(servers GLOBAL PROPERTY foldertree_com_servers)
+    list(TRANSFORM servers APPEND "\n")
+    list(JOIN servers "" lines)
+    file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/com-servers.txt" CONTENT "${lines}")
 endfunction()

@@ -31,6 +31,7 @@ if(Libpff_FOUND AND NOT TARGET libpff::libpff)
         # Programs find a DLL beside themselves.
         add_custom_target(libpff_beside_programs ALL
             COMMAND "${CMAKE_COMMAND}" -E copy_if_different "${LIBPFF_DLL}" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/" VERBATIM)
+        add_dependencies(shipped libpff_beside_programs)
     else()
         set_target_properties(libpff::libpff PROPERTIES IMPORTED_LOCATION "${LIBPFF_LIBRARY}")
     endif()

@@ -2,8 +2,9 @@
 #
 # foldertree_add_test(name SOURCES ... LIBS ... [USES_DISPLAY] [TIMEOUT seconds])
 #   USES_DISPLAY  the test moves the mouse or the focus, so no other such test runs beside it
-# foldertree_add_script_test(name command args...)
-#   any other program whose exit code is the verdict
+# foldertree_add_script_test(name COMMAND command args... [USES_DISPLAY] [TIMEOUT seconds])
+#   any other program whose exit code is the verdict; it runs in the root of the sources;
+#   also in builds without unit tests
 #
 # Test names start with the name of the build ("win64."), since several builds are run in one go.
 
@@ -24,27 +25,33 @@ if(FOLDERTREE_TESTS)
     endif()
 endif()
 
+function(foldertree_test_properties result timeout usesDisplay)
+    if(NOT timeout)
+        set(timeout 300)
+    endif()
+    set(properties TIMEOUT ${timeout})
+    if(usesDisplay)
+        list(APPEND properties RESOURCE_LOCK display)
+    endif()
+    set(${result} ${properties} PARENT_SCOPE)
+endfunction()
+
 function(foldertree_add_test name)
     if(NOT FOLDERTREE_TESTS)
         return()
     endif()
     cmake_parse_arguments(PARSE_ARGV 1 arg "USES_DISPLAY" "TIMEOUT" "SOURCES;LIBS")
-    if(NOT arg_TIMEOUT)
-        set(arg_TIMEOUT 300)
-    endif()
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest_main GTest::gmock foldertree_warnings)
     # Goldens and sample data are found from here.
     target_compile_definitions(${name} PRIVATE FOLDERTREE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 
-    set(properties TIMEOUT ${arg_TIMEOUT})
-    if(arg_USES_DISPLAY)
-        list(APPEND properties RESOURCE_LOCK display)
-    endif()
+    foldertree_test_properties(properties "${arg_TIMEOUT}" ${arg_USES_DISPLAY})
     if(WIN32)
         # The emulator of the toolchain file starts it under Wine.
-        add_test(NAME ${foldertree_build_name}.${name} COMMAND ${name})
-        set_tests_properties(${foldertree_build_name}.${name} PROPERTIES ${properties})
+        set(test ${foldertree_build_name}.${name})
+        add_test(NAME ${test} COMMAND ${name})
+        set_tests_properties(${test} PROPERTIES ${properties})
     else()
         gtest_discover_tests(${name} TEST_PREFIX "${foldertree_build_name}." DISCOVERY_MODE PRE_TEST
             DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
@@ -52,9 +59,9 @@ function(foldertree_add_test name)
 endfunction()
 
 function(foldertree_add_script_test name)
-    if(NOT FOLDERTREE_TESTS)
-        return()
-    endif()
-    add_test(NAME ${foldertree_build_name}.${name} COMMAND ${ARGN} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
-    set_tests_properties(${foldertree_build_name}.${name} PROPERTIES TIMEOUT 300)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "USES_DISPLAY" "TIMEOUT" "COMMAND")
+    set(test ${foldertree_build_name}.${name})
+    add_test(NAME ${test} COMMAND ${arg_COMMAND} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+    foldertree_test_properties(properties "${arg_TIMEOUT}" ${arg_USES_DISPLAY})
+    set_tests_properties(${test} PROPERTIES ${properties})
 endfunction()

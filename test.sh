@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# From a bare Debian to the verdict: installs what is missing, builds everything, runs every test, natively under the
+# sanitizers and under Wine. The output closes with CTest's summary, and CTest's exit code is ours.
+set -euo pipefail
+source "$(dirname "$0")/scripts/steps.sh"
+(($# == 0)) || fail "usage: ./test.sh (no arguments; for some of the tests, use ctest --test-dir build -R NAME)"
+
+# Tests move the mouse and the focus: never on the screen that somebody works at.
+export FOLDERTREE_HEADLESS=1
+
+prepare_machine
+build_preset native-asan
+build_preset native
+build_preset win64
+build_preset win32
+prepare_wine
+
+# One run over all builds.
+echo "subdirs(native-asan native win64)" >"$buildRoot/CTestTestfile.cmake"
+echo
+ctest --test-dir "$buildRoot" --output-on-failure --no-tests=error -j2
