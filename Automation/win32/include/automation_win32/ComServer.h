@@ -1,0 +1,47 @@
+// ComServer: what the entry points of an in-process COM server do: class objects, registration and its removal.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "automation_win32/ComPtr.h"
+
+namespace automation {
+
+/// One class that hosts may create.
+struct ServerClass {
+    CLSID clsid;
+    std::wstring progId;
+    std::wstring title;                      ///< what object browsers show
+    std::function<ComPtr<IUnknown>()> make;  ///< a new object; may throw Error
+    DWORD miscStatus = 0;                    ///< OLEMISC flags of a control; 0: the class is no control
+    WORD toolbarBitmap = 0;                  ///< resource number of a control's 16x15 bitmap; 0: none
+};
+
+/// Whose registry keys: those of all users (needs the rights to write there) or of the current one.
+enum class RegistryScope { Machine, User };
+
+/// A server is a constant of its DLL, whose entry points call it:
+///   DllGetClassObject -> GetClassObject, DllCanUnloadNow -> CanUnloadNow, DllRegisterServer -> Register(Machine),
+///   DllUnregisterServer -> Unregister(Machine), DllInstall -> Install.
+/// The type library is the resource 1 TYPELIB of the DLL. All members are noexcept and return HRESULTs.
+struct ComServer {
+    HMODULE module = nullptr;
+    bool hasTypeLibrary = false;
+    std::vector<ServerClass> classes;
+
+    HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out) const noexcept;
+    HRESULT CanUnloadNow() const noexcept;
+    /// Writes ProgID, CLSID, InprocServer32 (apartment threading), Programmable, TypeLib and Interface keys. What
+    /// failed half way is taken out again.
+    HRESULT Register(RegistryScope scope) const noexcept;
+    /// Removes everything that Register wrote; keys that are not there are no failure.
+    HRESULT Unregister(RegistryScope scope) const noexcept;
+    /// `commandLine` "user" is per user, anything else per machine.
+    HRESULT Install(BOOL install, const wchar_t* commandLine) const noexcept;
+};
+
+}  // namespace automation
