@@ -1,0 +1,19 @@
+// OpenStores: from what the user names to the stores it holds.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "localstores/Store.h"
+
+namespace localstores {
+
+using StoreList = std::vector<std::shared_ptr<Store>>;
+
+/// `path` (UTF-8) is "sample" for the built-in sample mailbox, a directory that holds a Maildir++ tree, or a PST file.
+/// At least one store comes back. Throws automation::Error, whose text names the path, when there is nothing to read or
+/// when it is damaged.
+StoreList OpenStores(std::string_view path);
+
+}  // namespace localstores
