@@ -18,7 +18,7 @@ std::filesystem::path FileSystemPath(std::string_view utf8) {
 }  // namespace
 
 StoreList OpenStores(std::string_view path) {
-    if (path == "sample") return SampleMailbox();
+    if (IsSamplePath(path)) return SampleMailbox(path);
 
     const std::filesystem::path file = FileSystemPath(path);
     std::error_code error;

@@ -1,8 +1,11 @@
 // SampleMailbox: from the table of folders to stores.
 #include "sample/SampleMailbox.h"
 
+#include <algorithm>
+#include <charconv>
 #include <vector>
 
+#include "localstores/OpenFailure.h"
 #include "sample/SampleFolders.h"
 
 namespace localstores {
@@ -35,7 +38,7 @@ std::unique_ptr<Folder> MakeRoot(const StoreUid& uid, Folder*& ipmRoot) {
     return root;
 }
 
-std::shared_ptr<Store> MakeStore(const SampleStore& sample) {
+std::shared_ptr<Store> MakeStore(const SampleStore& sample, const Manners& manners) {
     const StoreUid uid = UidOfText(std::string("sample mailbox: ") + sample.name);
     StoreDescription store;
     store.name = sample.name;
@@ -44,6 +47,7 @@ std::shared_ptr<Store> MakeStore(const SampleStore& sample) {
     store.kind = sample.kind;
     store.isDefault = sample.isDefault;
     store.path = "sample";
+    store.manners = manners;
     store.root = MakeRoot(uid, store.ipmRoot);
 
     // The folders on the way to the present line, and their paths; a line belongs to the last folder of the level
@@ -63,11 +67,44 @@ std::shared_ptr<Store> MakeStore(const SampleStore& sample) {
     return std::make_shared<Store>(std::move(store));
 }
 
+constexpr std::string_view name = "sample";
+
+int32_t OptionValue(std::string_view path, std::string_view text) {
+    int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number < 0)
+        throw NoSuchStore(path, "an option's value is no number");
+    return number;
+}
+
+/// "?delay=20&rows=5" after the name.
+Manners ReadOptions(std::string_view path) {
+    Manners manners;
+    std::string_view rest = path.substr(name.size());
+    while (!rest.empty()) {
+        rest.remove_prefix(1);
+        const std::string_view option = rest.substr(0, rest.find('&'));
+        rest.remove_prefix(option.size());
+        if (option.starts_with("delay="))
+            manners.tableDelay = std::chrono::milliseconds(OptionValue(path, option.substr(6)));
+        else if (option.starts_with("rows="))
+            manners.rowsPerRead = std::max(OptionValue(path, option.substr(5)), 1);
+        else
+            throw NoSuchStore(path, "there is no such option");
+    }
+    return manners;
+}
+
 }  // namespace
 
-StoreList SampleMailbox() {
+bool IsSamplePath(std::string_view path) {
+    return path == name || (path.starts_with(name) && path[name.size()] == '?');
+}
+
+StoreList SampleMailbox(std::string_view path) {
+    const Manners manners = ReadOptions(path);
     StoreList stores;
-    for (const SampleStore& sample : SampleStores()) stores.push_back(MakeStore(sample));
+    for (const SampleStore& sample : SampleStores()) stores.push_back(MakeStore(sample, manners));
     return stores;
 }
 

@@ -11,5 +11,7 @@ namespace localstores {
 automation::Error DamagedStore(std::string_view path, std::string_view reason);
 /// MAPI_E_NOT_FOUND: nothing is there, or nothing that we know how to read.
 automation::Error NoSuchStore(std::string_view path, std::string_view reason);
+/// MAPI_E_COLLISION: another open store has the same identifier.
+automation::Error StoreCollision(std::string_view path, std::string_view reason);
 
 }  // namespace localstores

@@ -1,6 +1,9 @@
 // Store: one message store with its folders, read completely when it is opened.
 #pragma once
 
+#include <chrono>
+#include <cstdint>
+#include <limits>
 #include <map>
 #include <memory>
 #include <string>
@@ -27,6 +30,12 @@ enum class DefaultFolder {
     Junk = 23
 };
 
+/// How a store answers, for trying out what a slow or a stingy server does to a program.
+struct Manners {
+    std::chrono::milliseconds tableDelay{0};                    ///< each read of table rows waits so long
+    int32_t rowsPerRead = std::numeric_limits<int32_t>::max();  ///< one read of table rows gives no more
+};
+
 struct StoreDescription {
     std::string name;
     std::string providerName;  ///< may be empty
@@ -37,6 +46,7 @@ struct StoreDescription {
     std::unique_ptr<Folder> root;  ///< everything, also what users never see
     Folder* ipmRoot = nullptr;     ///< the folder below which the user's own folders stand; in the tree of `root`
     std::map<DefaultFolder, Folder*> defaultFolders;  ///< in the tree of `root`
+    Manners manners;
 };
 
 /// Folder pointers stay valid as long as the store.
@@ -52,6 +62,7 @@ class Store {
     bool IsDefault() const { return description_.isDefault; }
     void SetDefault(bool isDefault) { description_.isDefault = isDefault; }
     const std::string& Path() const { return description_.path; }
+    const Manners& HowItAnswers() const { return description_.manners; }
     const Folder& Root() const { return *description_.root; }
     const Folder& IpmRoot() const { return *description_.ipmRoot; }
 
