@@ -1,0 +1,20 @@
+// OpenStores: from what the user names to the stores it holds.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "localstores/Store.h"
+
+namespace localstores {
+
+using StoreList = std::vector<std::shared_ptr<Store>>;
+
+/// `path` (UTF-8) is "sample" for the built-in sample mailbox, a directory that holds a Maildir++ tree, or a PST file.
+/// "sample?delay=20&rows=5" is a sample mailbox on a slow server: every read of table rows takes 20 ms and gives at
+/// most 5 rows; either option can stand alone. At least one store comes back. Throws automation::Error, whose text
+/// names the path, when there is nothing to read or when it is damaged.
+StoreList OpenStores(std::string_view path);
+
+}  // namespace localstores

@@ -1,0 +1,32 @@
+// OpenStores: chooses the reader for a path.
+#include "localstores/OpenStores.h"
+
+#include <filesystem>
+
+#include "localstores/OpenFailure.h"
+#include "maildir/Maildir.h"
+#include "pst/PstStore.h"
+#include "sample/SampleMailbox.h"
+
+namespace localstores {
+namespace {
+
+std::filesystem::path FileSystemPath(std::string_view utf8) {
+    return std::u8string(utf8.begin(), utf8.end());
+}
+
+}  // namespace
+
+StoreList OpenStores(std::string_view path) {
+    if (IsSamplePath(path)) return SampleMailbox(path);
+
+    const std::filesystem::path file = FileSystemPath(path);
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (!std::filesystem::exists(status)) throw NoSuchStore(path, "there is no such file or directory");
+    if (std::filesystem::is_directory(status)) return {ReadMaildir(file, path)};
+    if (std::filesystem::is_regular_file(status)) return {ReadPst(file, path)};
+    throw NoSuchStore(path, "it is neither a file nor a directory");
+}
+
+}  // namespace localstores

@@ -1,0 +1,47 @@
+// Session: opening stores and telling them apart.
+#include "model/Session.h"
+
+#include <algorithm>
+
+#include "localstores/OpenFailure.h"
+
+namespace localstores {
+namespace {
+
+std::shared_ptr<Store> DefaultOf(const StoreList& stores) {
+    const auto found = std::find_if(stores.begin(), stores.end(), [](const auto& store) { return store->IsDefault(); });
+    return found == stores.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+std::shared_ptr<Store> Session::Open(std::string_view path) {
+    const StoreList opened = OpenStores(path);
+    for (const auto& store : opened) {
+        const auto known = Find(store->Id());
+        if (known && known->Path() == store->Path()) return known;
+        if (known) throw StoreCollision(path, "it is a copy of \"" + known->Path() + "\", which is open");
+    }
+    const auto first = DefaultOf(opened) ? DefaultOf(opened) : opened.front();
+    const auto formerDefault = DefaultStore();
+    stores_.insert(stores_.end(), opened.begin(), opened.end());
+    SetDefault(formerDefault ? *formerDefault : *first);
+    return first;
+}
+
+std::shared_ptr<Store> Session::DefaultStore() const {
+    return DefaultOf(stores_);
+}
+
+void Session::SetDefault(const Store& store) {
+    for (const auto& each : stores_) each->SetDefault(each.get() == &store);
+}
+
+std::shared_ptr<Store> Session::Find(const EntryId& id) const {
+    const EntryId sought = LongForm(id);
+    const auto found =
+        std::find_if(stores_.begin(), stores_.end(), [&](const auto& store) { return store->Id() == sought; });
+    return found == stores_.end() ? nullptr : *found;
+}
+
+}  // namespace localstores

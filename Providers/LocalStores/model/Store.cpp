@@ -1,0 +1,28 @@
+// Store: looking folders up.
+#include "localstores/Store.h"
+
+#include "localstores/OpenFailure.h"
+
+namespace localstores {
+
+Store::Store(StoreDescription description) : description_(std::move(description)) {
+    Index(*description_.root);
+}
+
+void Store::Index(const Folder& folder) {
+    if (!byId_.emplace(Hex(folder.id), &folder).second)
+        throw DamagedStore(description_.path, "two folders share the identifier " + Hex(folder.id));
+    for (const auto& child : folder.children) Index(*child);
+}
+
+const Folder* Store::Default(DefaultFolder which) const {
+    const auto found = description_.defaultFolders.find(which);
+    return found == description_.defaultFolders.end() ? nullptr : found->second;
+}
+
+const Folder* Store::Find(const EntryId& id) const {
+    const auto found = byId_.find(Hex(LongForm(id)));
+    return found == byId_.end() ? nullptr : found->second;
+}
+
+}  // namespace localstores

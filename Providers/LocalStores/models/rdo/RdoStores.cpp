@@ -1,0 +1,74 @@
+// RdoStores: the members of the collection.
+#include "models/rdo/RdoStores.h"
+
+#include "models/rdo/MapiErrors.h"
+#include "models/rdo/MapiProperties.h"
+#include "models/rdo/MapiTable.h"
+#include "models/rdo/RdoArguments.h"
+#include "models/rdo/RdoCollection.h"
+#include "models/rdo/RdoMember.h"
+#include "models/rdo/RdoStore.h"
+
+namespace localstores {
+
+using automation::Arguments;
+using automation::Value;
+
+std::span<const automation::MemberEntry<RdoStores>> RdoStores::Members() {
+    using Self = RdoStores;
+    static constexpr automation::MemberEntry<Self> members[] = {
+        {"_Item", Handler<&Self::Item>, nullptr, 1, "Index"},
+        {"Count", Handler<&Self::Count>},
+        {"Item", Handler<&Self::Item>, nullptr, 2, "Index OpenFlags"},
+        {"DefaultStore", Handler<&Self::DefaultStore>, Setter<&Self::SetDefaultStore>},
+        {"GetStoreFromID", Handler<&Self::GetStoreFromId>, nullptr, 2, "EntryIDStore Flags"},
+        {"MAPITable", Handler<&Self::Table>},
+        {"Session", Handler<&Self::SessionMember>},
+    };
+    return members;
+}
+
+std::unique_ptr<automation::Enumerator> RdoStores::NewEnum() {
+    return std::make_unique<PositionEnumerator>(
+        session_->Stores().Stores().size(),
+        [session = session_, stores = session_->Stores().Stores()](size_t position) {
+            return Value(std::make_shared<RdoStore>(session, stores[position]));
+        });
+}
+
+int32_t RdoStores::Count() const {
+    return static_cast<int32_t>(session_->Stores().Stores().size());
+}
+
+Value RdoStores::Item(const Arguments& arguments) const {
+    const StoreList& stores = session_->Stores().Stores();
+    const size_t position = PositionOf(Required(arguments, 0), stores.size(),
+                                       [&](size_t i) -> const std::string& { return stores[i]->Name(); });
+    return std::make_shared<RdoStore>(session_, stores[position]);
+}
+
+Value RdoStores::DefaultStore() const {
+    const auto store = session_->Stores().DefaultStore();
+    if (!store) throw NotFound();
+    return std::make_shared<RdoStore>(session_, store);
+}
+
+void RdoStores::SetDefaultStore(const Value& value) {
+    const EntryId id = IdOf(value.RequireObject()->Get("EntryID"));
+    const auto store = session_->Stores().Find(id);
+    if (!store) throw NotFound();
+    session_->Stores().SetDefault(*store);
+}
+
+Value RdoStores::GetStoreFromId(const Arguments& arguments) const {
+    return session_->GetStoreFromId(arguments);
+}
+
+Value RdoStores::Table() const {
+    std::vector<MapiTable::Row> rows;
+    for (const auto& store : session_->Stores().Stores())
+        rows.emplace_back([store](uint32_t tag) { return StoreProperty(*store, tag); });
+    return std::make_shared<MapiTable>(std::move(rows), Manners());
+}
+
+}  // namespace localstores
