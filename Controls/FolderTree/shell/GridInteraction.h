@@ -25,7 +25,8 @@ class GridInteraction {
   public:
     GridInteraction(TreeGrid& grid, GridEvents& events) : grid_(grid), events_(events) {}
 
-    /// A click on the box or the Space key: before-edit, the tick is written ("-1" or "0"), after-edit. False when refused.
+    /// A click on the box or the Space key: before-edit, the tick is written ("-1" or "0"), after-edit. False when
+    /// refused.
     bool ToggleTick(int32_t row);
     /// Whether the number editor may open on the row's colIndex cell (before-edit).
     bool MayEditIndex(int32_t row);
@@ -38,6 +39,9 @@ class GridInteraction {
     void DoubleClick(int32_t row);
 
   private:
+    bool TakesGesture(int32_t row) const;
+    bool MayEdit(int32_t row, int32_t col);
+
     TreeGrid& grid_;
     GridEvents& events_;
 };

@@ -70,8 +70,8 @@ class TreeGrid {
     int32_t FixedRowCount() const;
     void SetFixedRowCount(int32_t count);
     void SetFixedColCount(int32_t count);
-    /// Appends a row whose first cell holds `text`, or inserts it before row `before`. Rows of the outline below it move
-    /// down. Returns the row's number.
+    /// Appends a row whose first cell holds `text`, or inserts it before row `before`. Rows of the outline below it
+    /// move down. Returns the row's number.
     int32_t AddRow(std::string_view text, std::optional<int32_t> before = std::nullopt);
     void RemoveRow(int32_t row);
 
@@ -82,8 +82,8 @@ class TreeGrid {
     double CellValue(int32_t row, int col) const;
     /// The text without a copy, for every column but colKey (whose text may be put together on the fly).
     std::string_view CellView(int32_t row, int col) const;
-    /// The first row from `startRow` on whose cell equals `text` without regard to case; -1 when there is none. On colKey
-    /// with startRow 0 this is an index lookup, also when any number of rows share the key.
+    /// The first row from `startRow` on whose cell equals `text` without regard to case; -1 when there is none. On
+    /// colKey with startRow 0 this is an index lookup, also when any number of rows share the key.
     int32_t FindRow(std::string_view text, int32_t startRow = 0, int col = colKey) const;
 
     // Looks
@@ -106,12 +106,12 @@ class TreeGrid {
     /// Whether the next row lies deeper, that is, whether there is something to open.
     bool HasChildren(int32_t row) const;
 
-    // The rows that are not inside a collapsed node, header left out. Worked out when asked for; appending rows at the end
-    // extends it without starting anew.
+    // The rows that are not inside a collapsed node, header left out. Worked out when asked for; appending rows at the
+    // end extends it without starting anew.
     int32_t VisibleCount() const;
-    int32_t VisibleRow(int32_t position) const;                       ///< row number of the visible row at 0-based position
-    std::optional<int32_t> VisiblePosition(int32_t row) const;        ///< nothing for a hidden row
-    int32_t VisibleAncestor(int32_t row) const;                       ///< the row itself, or the collapsed node that hides it
+    int32_t VisibleRow(int32_t position) const;                 ///< row number of the visible row at 0-based position
+    std::optional<int32_t> VisiblePosition(int32_t row) const;  ///< nothing for a hidden row
+    int32_t VisibleAncestor(int32_t row) const;                 ///< the row itself, or the collapsed node that hides it
 
     // Cursor. It stays on its row when rows are inserted or removed above it. 0 (the header) when there is none.
     int32_t CurrentRow() const;

@@ -1,0 +1,80 @@
+// TextHash: word-wise hashing, four words at a time.
+#include "shell/TextHash.h"
+
+#include <cstring>
+
+#include "automation/Text.h"
+
+namespace foldertree {
+
+namespace {
+
+constexpr uint64_t highBits = 0x8080808080808080;
+constexpr uint64_t caseBits = 0x2020202020202020;
+constexpr uint64_t multiplier = 0x9E3779B97F4A7C15;
+
+uint64_t Load(const char* bytes) {
+    uint64_t word;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+uint64_t Step(uint64_t state, uint64_t word) {
+    state = (state ^ (word & ~caseBits)) * multiplier;
+    return state ^ (state >> 32);
+}
+
+uint64_t HashShort(std::string_view text) {
+    uint64_t word = 0;
+    if (!text.empty()) std::memcpy(&word, text.data(), text.size());
+    return Step(Step(multiplier, text.size() << 8), word);
+}
+
+uint64_t HashParts(std::string_view key) {
+    const size_t bar = key.find('|');
+    if (bar == key.npos) return HashText(key);
+    return JoinKeyHash(HashText(key.substr(0, bar)), HashText(key.substr(bar + 1)));
+}
+
+}  // namespace
+
+bool IsAscii(std::string_view text) {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    uint64_t seen = 0;
+    for (; end - at >= 8; at += 8) seen |= Load(at);
+    for (; at != end; ++at) seen |= static_cast<unsigned char>(*at);
+    return (seen & highBits) == 0;
+}
+
+uint64_t HashText(std::string_view text) {
+    if (text.size() < 8) return HashShort(text);
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    uint64_t a = multiplier ^ (text.size() << 8);
+    if (text.size() >= 32) {
+        // Four independent states keep the multiplier busy; one state would wait for itself.
+        uint64_t b = 1, c = 2, d = 3;
+        for (; end - at >= 32; at += 32) {
+            a = Step(a, Load(at));
+            b = Step(b, Load(at + 8));
+            c = Step(c, Load(at + 16));
+            d = Step(d, Load(at + 24));
+        }
+        // The case bits of a state are data, not letters: they are folded down before they meet the mask.
+        a = Step(Step(Step(a, b ^ (b << 7)), c ^ (c << 7)), d ^ (d << 7));
+    }
+    for (; end - at >= 8; at += 8) a = Step(a, Load(at));
+    return Step(a, Load(end - 8));  // the rest, together with bytes that were seen already
+}
+
+uint64_t JoinKeyHash(uint64_t before, uint64_t after) {
+    return Step(before, after ^ (after << 7));
+}
+
+uint64_t HashKey(std::string_view key) {
+    if (IsAscii(key)) return HashParts(key);
+    return HashParts(automation::FoldCase(key));
+}
+
+}  // namespace foldertree
