@@ -1,0 +1,18 @@
+// ConsoleHost: the control's platform when it has no window.
+#include "ConsoleHost.h"
+
+#include <cstdio>
+
+#include "noxmapi/NOXMAPIUtils.h"
+
+void ConsoleHost::TraceLine(std::string_view line) {
+    if (!trace_) return;
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    std::fputc('\n', stderr);
+}
+
+automation::ObjectRef ConsoleFactory::Create(std::string_view progId) {
+    if (automation::SameMember(progId, "NOXMAPI.NOXMAPIUtils")) return std::make_shared<noxmapi::NOXMAPIUtils>();
+    constexpr uint32_t classNotRegistered = 0x80040154;  // REGDB_E_CLASSNOTREG
+    throw automation::Error(classNotRegistered, "Class not registered: " + std::string(progId));
+}

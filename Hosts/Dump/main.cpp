@@ -1,0 +1,120 @@
+// foldertree-dump: prints the tree that the control shows of local stores.
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "ConsoleHost.h"
+#include "Options.h"
+#include "automation/Collection.h"
+#include "automation/KeyedCollection.h"
+#include "ctlFolderTree.h"
+#include "localstores/RdoSession.h"
+
+namespace {
+
+using foldertree::ctlFolderTree;
+using foldertree::TreeGrid;
+
+constexpr const char* columnNames[foldertree::gridColumnCount] = {
+    "colSel",     "colIndex",   "colName",         "(reserved)",     "colRowKind",       "colIncomplete", "colItemType",
+    "colStoreID", "colEntryID", "colEntryIDShort", "colFolderRecID", "colAddressListID", "colPath",       "colKey"};
+
+automation::ObjectRef OpenSession(const std::vector<std::string>& stores) {
+    const automation::ObjectRef session = localstores::MakeRdoSession();
+    for (const std::string& store : stores) session->Get("Open", store);
+    return session;
+}
+
+/// An item as a host keeps it between two runs: the identifiers inside the key and no more.
+foldertree::ItemRef ItemOfKey(ctlFolderTree& control, const std::string& key) {
+    if (key.starts_with("L")) return control.CreateSelItem(0, "", "", "", key.substr(1));
+    const size_t bar = key.find('|');
+    if (!key.starts_with("S") || bar == std::string::npos)
+        throw std::runtime_error("not a row key: " + key + "\nA key is S<store>|<folder> or L<address list>.");
+    return control.CreateSelItem(0, key.substr(1, bar - 1), key.substr(bar + 1), "", "");
+}
+
+void Select(ctlFolderTree& control, const std::vector<std::string>& keys) {
+    if (keys.empty()) return;
+    const auto items = std::make_shared<automation::KeyedCollection>();
+    for (const std::string& key : keys) {
+        const foldertree::ItemRef item = ItemOfKey(control, key);
+        item->SetIndex(items->Count() + 1);
+        automation::Collection(items).Add(item, item->Key());
+    }
+    control.SetSelection(items);
+    // Left incomplete: the tree has no such row.
+    for (int32_t position = 1; position <= items->Count(); ++position)
+        if (items->Item(position).ToObject()->Get("Incomplete").ToBoolean())
+            throw std::runtime_error("no row has the key " + keys[static_cast<size_t>(position - 1)]);
+}
+
+void Expand(ctlFolderTree& control, const std::string& path) {
+    const int32_t row = control.Grid().FindRow(path, control.Grid().FixedRowCount(), foldertree::colPath);
+    if (row == -1) throw std::runtime_error("no row has the path " + path);
+    foldertree::GridInteraction(control.Grid(), control).SetNode(row, true);
+}
+
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    for (const char c : text) switch (c) {
+            case '\t': escaped += "\\t"; break;
+            case '\n': escaped += "\\n"; break;
+            case '\\': escaped += "\\\\"; break;
+            default: escaped += c;
+        }
+    return escaped;
+}
+
+void PrintRow(const TreeGrid& grid, int32_t row) {
+    using foldertree::CellSetting;
+    std::string line = std::to_string(grid.RowOutlineLevel(row)) + '\t' + std::to_string(grid.NodeState(row)) + '\t' +
+                       std::to_string(grid.CellFormat(CellSetting::Bold, row, foldertree::colName));
+    char color[16];
+    std::snprintf(color, sizeof color, "\t0x%08X", grid.CellFormat(CellSetting::BackColor, row, foldertree::colName));
+    line += color;
+    for (int col = 0; col < grid.ColCount(); ++col) line += '\t' + Escaped(grid.CellText(row, col));
+    line += '\n';
+    std::fwrite(line.data(), 1, line.size(), stdout);
+}
+
+void Print(const TreeGrid& grid) {
+    std::fputs("level\tstate\tbold\tback", stdout);
+    for (const char* name : columnNames) std::printf("\t%s", name);
+    std::fputc('\n', stdout);
+    for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) PrintRow(grid, row);
+}
+
+void Dump(const Options& options) {
+    ConsoleHost host(options.trace);
+    ConsoleFactory factory;
+    const auto control = ctlFolderTree::Create(host, factory);
+    control->UserControl_InitProperties();
+    control->SetInfoStoreAccessMode(static_cast<foldertree::enuInfoStoreAccessMode>(options.mode));
+    control->SetRDOSessionRef(OpenSession(options.stores));
+    control->SetExtendToLevel(options.level);
+    control->RefreshList();
+    for (const std::string& path : options.expand) Expand(*control, path);
+    Select(*control, options.select);
+    Print(control->Grid());
+    control->Close();
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    try {
+        const Options options = ParseOptions(argumentCount, arguments);
+        if (options.help)
+            std::fputs(usage, stdout);
+        else
+            Dump(options);
+        return 0;
+    } catch (const std::invalid_argument& error) {
+        std::fprintf(stderr, "foldertree-dump: %s\n%s", error.what(), usage);
+        return 2;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "foldertree-dump: %s\n", error.what());
+        return 1;
+    }
+}
