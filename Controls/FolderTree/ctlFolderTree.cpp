@@ -3,8 +3,10 @@
 
 #include "enumeration/RdoTabReader.h"
 #include "enumeration/RefreshDriver.h"
+#include "selection/BulkSelection.h"
 #include "selection/Highlighting.h"
 #include "selection/ItemLookup.h"
+#include "selection/OutlineCollapse.h"
 #include "selection/SelectionSet.h"
 #include "selection/SelectionView.h"
 #include "selection/TickEditing.h"
@@ -24,6 +26,7 @@ class ctlFolderTree::Impl {
           selection(shell),
           view(shell, selection),
           editing(shell, selection, view, control),
+          bulk(shell, selection, view),
           rdoTab(shell, view),
           driver(shell, view),
           state(shell.state) {
@@ -34,6 +37,7 @@ class ctlFolderTree::Impl {
     SelectionSet selection;
     SelectionView view;
     TickEditing editing;
+    BulkSelection bulk;
     RdoTabReader rdoTab;
     RefreshDriver driver;
     ControlState& state;
@@ -361,6 +365,18 @@ void ctlFolderTree::SetShowAddressBook(bool show) {
     });
 }
 
+void ctlFolderTree::SelectNone() {
+    EnterVoid(*this, *impl_, [&] { impl_->bulk.SelectNone(); });
+}
+
+void ctlFolderTree::SelectAll() {
+    EnterVoid(*this, *impl_, [&] { impl_->bulk.SelectAll(); });
+}
+
+void ctlFolderTree::SelectByType(enuFTIItemType eType, bool bAdditional) {
+    EnterVoid(*this, *impl_, [&] { impl_->bulk.SelectByType(eType, bAdditional); });
+}
+
 void ctlFolderTree::RefreshList() {
     EnterVoid(*this, *impl_, [&] { impl_->driver.RefreshList(); });
 }
@@ -407,6 +423,14 @@ void ctlFolderTree::SetInfoStoreAccessMode(enuInfoStoreAccessMode mode) {
 
 int32_t ctlFolderTree::BufferedToLevel() {
     return Enter(*this, *impl_, 0, [&] { return impl_->state.bufferedToLevel; });
+}
+
+void ctlFolderTree::CollapseToSelection() {
+    EnterVoid(*this, *impl_, [&] { foldertree::CollapseToSelection(impl_->shell); });
+}
+
+void ctlFolderTree::CollapseToType(enuFTIItemType eType) {
+    EnterVoid(*this, *impl_, [&] { foldertree::CollapseToType(impl_->shell, eType); });
 }
 
 bool ctlFolderTree::HighlightTaskFolders() {

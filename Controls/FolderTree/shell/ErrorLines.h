@@ -68,6 +68,14 @@ inline constexpr ErrorLine validateEdit{"Error in ctlFolderTree.fgd_ValidateEdit
 inline constexpr ErrorLine afterEdit{"Error in ctlFolderTree.fgd_AfterEdit(", ErrorDetail::NoBracket};
 inline constexpr ErrorLine dblClick{"Error in ctlFolderTree.fgd_DblClick(", ErrorDetail::NoBracket};
 inline constexpr ErrorLine performHighlighting{"Error in ctlFolderTree.PerformHighlighting("};
+inline constexpr ErrorLine selectNone{"Error in ctlFolderTree.SelectNone(", ErrorDetail::NoBracket};
+inline constexpr ErrorLine selectAll{"Error in ctlFolderTree.SelectAll(", ErrorDetail::NoBracket};
+inline constexpr ErrorLine selectByType{"Error in ctlFolderTree.SelectByType(", ErrorDetail::NoBracket};
+inline constexpr ErrorLine collapseToSelection{"Error in ctlFolderTree.CollapseToSelection(", ErrorDetail::NoBracket};
+inline constexpr ErrorLine collapseToSelectionRecurse{"Error in ctlFolderTree.CollapseToSelection_Recurse(",
+                                                      ErrorDetail::NoBracket};
+inline constexpr ErrorLine collapseToTypeRecurse{"Error in ctlFolderTree.CollapseToType_Recurse(",
+                                                 ErrorDetail::NoBracket};
 inline constexpr ErrorLine getMsgItem{"Error in ctlFolderTree.GetMsgItem ("};
 inline constexpr ErrorLine getAdListItem{"Error in ctlFolderTree.GetAdListItem ("};
 }  // namespace errorLines

@@ -1,0 +1,106 @@
+// BulkSelection: ticks or unticks many rows at once for the host.
+#include "selection/BulkSelection.h"
+
+#include "automation/Text.h"
+
+namespace foldertree {
+
+template <class Visit>
+void BulkSelection::ForEachPickRow(Visit&& visit) {
+    const TreeGrid& grid = shell_.grid;
+    for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
+        const std::string_view kind = grid.CellView(row, colRowKind);
+        const auto is = [kind](std::string_view other) { return automation::EqualNoCase(kind, other); };
+        if (!is(rowKind::dummy) && !is(rowKind::store) && !is(rowKind::header)) visit(row);
+    }
+}
+
+bool BulkSelection::MayBePicked(int32_t row) const {
+    return shell_.grid.CellFormat(CellSetting::BackColor, row, colSel) != colors::buttonFace;
+}
+
+void BulkSelection::Untick(int32_t row) {
+    shell_.grid.SetCellText(row, colSel, "0");
+    shell_.grid.SetCellText(row, colIndex, " ");
+    view_.MarkSelection(row);
+}
+
+void BulkSelection::AddItemOfRow(SelectionIndex& index, int32_t row, int32_t number) {
+    shell_.grid.SetCellText(row, colIndex, std::to_string(number));
+    const ItemRef item = selection_.CreateSelItemFromRow(row);
+    // ReIndex passes over items that are not ticked.
+    item->SetSelected(true);
+    index.Add(SelItem(item));
+}
+
+void BulkSelection::SelectNone() {
+    Guarded(shell_, errorLines::selectNone, [&] {
+        SelectionIndex index(selection_);
+        ForEachPickRow([&](int32_t row) {
+            if (!IsTicked(row)) return;
+            Untick(row);
+            index.Remove(shell_.grid.CellText(row, colKey));
+        });
+        index.Flush();
+        if (!shell_.state.multiSelect) {
+            selection_.singleItem = nullptr;
+            selection_.selectedRow = -1;
+        }
+        selection_.dirty = true;
+    });
+}
+
+void BulkSelection::SelectAll() {
+    Guarded(shell_, errorLines::selectAll, [&] {
+        if (!shell_.state.multiSelect) return;
+        SelectionIndex index(selection_);
+        int32_t high = selection_.GetHighIndex();
+        ForEachPickRow([&](int32_t row) {
+            if (!MayBePicked(row)) return;
+            shell_.grid.SetCellText(row, colSel, "-1");
+            if (const SelItem item = index.Find(shell_.grid.CellText(row, colKey)))
+                item.SetSelected(true);
+            else
+                AddItemOfRow(index, row, ++high);
+        });
+        view_.ReIndex();
+        selection_.dirty = true;
+    });
+}
+
+void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
+    Guarded(shell_, errorLines::selectByType, [&] {
+        int32_t high = bAdditional ? selection_.GetHighIndex() : -1;
+        bool changed = false;
+        SelectionIndex index(selection_);
+        ForEachPickRow([&](int32_t row) {
+            const std::string key = shell_.grid.CellText(row, colKey);
+            const bool matches = shell_.grid.CellValue(row, colItemType) == static_cast<double>(eType) && MayBePicked(row);
+            if (!matches) {
+                if (bAdditional) return;
+                index.Remove(key);
+                changed = true;
+            } else if (const SelItem item = index.Find(key); !item) {
+                AddItemOfRow(index, row, ++high);
+                changed = true;
+            } else if (!item.Selected()) {
+                item.SetSelected(true);
+                item.SetIndex(++high);
+                changed = true;
+            }
+        });
+        index.Flush();
+        if (changed) view_.ReIndex();
+        if (!bAdditional) UntickRowsWithoutItem(index);
+        view_.ApplySelection();
+        selection_.dirty = true;
+    });
+}
+
+void BulkSelection::UntickRowsWithoutItem(const SelectionIndex& index) {
+    ForEachPickRow([&](int32_t row) {
+        if (IsTicked(row) && MayBePicked(row) && !index.Find(shell_.grid.CellText(row, colKey))) Untick(row);
+    });
+}
+
+}  // namespace foldertree

@@ -1,0 +1,58 @@
+// SelectionIndex: finds the items of a selection collection by key for the length of one bulk operation.
+#include "selection/SelectionIndex.h"
+
+#include "automation/Collection.h"
+#include "automation/Text.h"
+
+namespace foldertree {
+
+using automation::Collection;
+using automation::FoldCase;
+using automation::Value;
+
+SelectionIndex::SelectionIndex(SelectionSet& selection) : selection_(selection) {
+    if (selection_.collection == nullptr) return;
+    const auto walk = Collection(selection_.collection).Walk();
+    Value value;
+    while (walk->Next(value)) {
+        SelItem item(value);
+        std::string key = FoldCase(item.Key());
+        items_.emplace(std::move(key), std::move(item));
+    }
+}
+
+SelItem SelectionIndex::Find(std::string_view key) const {
+    const auto found = items_.find(FoldCase(key));
+    return found == items_.end() ? SelItem() : found->second;
+}
+
+bool SelectionIndex::Remove(std::string_view key) {
+    std::string folded = FoldCase(key);
+    if (items_.erase(folded) == 0) return false;
+    removed_.insert(std::move(folded));
+    return true;
+}
+
+void SelectionIndex::Add(const SelItem& item) {
+    const std::string key = item.Key();
+    std::string folded = FoldCase(key);
+    // The same key again after its removal: the old item must be gone before the new one can take its key.
+    if (removed_.contains(folded)) Flush();
+    Collection(selection_.EnsureCollection()).Add(item.Ref(), key);
+    items_.emplace(std::move(folded), item);
+}
+
+void SelectionIndex::Flush() {
+    if (removed_.empty()) return;
+    const Collection items(selection_.collection);
+    std::vector<int32_t> positions;
+    const auto walk = items.Walk();
+    Value value;
+    for (int32_t position = 1; walk->Next(value); ++position)
+        if (removed_.contains(FoldCase(SelItem(value).Key()))) positions.push_back(position);
+    // From the back, so that the positions still to be removed stay what they are.
+    for (auto position = positions.rbegin(); position != positions.rend(); ++position) items.Remove(*position);
+    removed_.clear();
+}
+
+}  // namespace foldertree
