@@ -1,6 +1,7 @@
 // TextHash: word-wise hashing, four words at a time.
 #include "shell/TextHash.h"
 
+#include <bit>
 #include <cstring>
 
 #include "automation/Text.h"
@@ -20,28 +21,39 @@ uint64_t Load(const char* bytes) {
 }
 
 uint64_t Step(uint64_t state, uint64_t word) {
-    state = (state ^ (word & ~caseBits)) * multiplier;
+    return std::rotl(state ^ (word & ~caseBits), 29) * multiplier;
+}
+
+/// Brings what the high bits know down into the low ones, which tables use.
+uint64_t Finish(uint64_t state) {
+    state = (state ^ (state >> 32)) * multiplier;
     return state ^ (state >> 32);
 }
 
 uint64_t HashShort(std::string_view text) {
     uint64_t word = 0;
     if (!text.empty()) std::memcpy(&word, text.data(), text.size());
-    return Step(Step(multiplier, text.size() << 8), word);
+    return Finish(Step(multiplier ^ (text.size() << 8), word));
 }
 
 uint64_t HashParts(std::string_view key) {
     const size_t bar = key.find('|');
     if (bar == key.npos) return HashText(key);
-    return JoinKeyHash(HashText(key.substr(0, bar)), HashText(key.substr(bar + 1)));
+    return JoinKeyHash(HashKeyStart(key.substr(0, bar)), HashText(key.substr(bar + 1)));
 }
 
 }  // namespace
+
+uint64_t HashKeyStart(std::string_view start) {
+    constexpr size_t enough = 128;
+    return HashText(start.size() > enough ? start.substr(start.size() - enough) : start);
+}
 
 bool IsAscii(std::string_view text) {
     const char* at = text.data();
     const char* const end = at + text.size();
     uint64_t seen = 0;
+    for (; end - at >= 32; at += 32) seen |= Load(at) | Load(at + 8) | Load(at + 16) | Load(at + 24);
     for (; end - at >= 8; at += 8) seen |= Load(at);
     for (; at != end; ++at) seen |= static_cast<unsigned char>(*at);
     return (seen & highBits) == 0;
@@ -61,15 +73,14 @@ uint64_t HashText(std::string_view text) {
             c = Step(c, Load(at + 16));
             d = Step(d, Load(at + 24));
         }
-        // The case bits of a state are data, not letters: they are folded down before they meet the mask.
-        a = Step(Step(Step(a, b ^ (b << 7)), c ^ (c << 7)), d ^ (d << 7));
+        a = Finish(a ^ std::rotl(b, 16) ^ std::rotl(c, 32) ^ std::rotl(d, 48));
     }
     for (; end - at >= 8; at += 8) a = Step(a, Load(at));
-    return Step(a, Load(end - 8));  // the rest, together with bytes that were seen already
+    return Finish(Step(a, Load(end - 8)));  // the rest, together with bytes that were seen already
 }
 
-uint64_t JoinKeyHash(uint64_t before, uint64_t after) {
-    return Step(before, after ^ (after << 7));
+uint64_t JoinKeyHash(uint64_t start, uint64_t rest) {
+    return Finish(std::rotl(start, 29) ^ rest);
 }
 
 uint64_t HashKey(std::string_view key) {

@@ -14,8 +14,9 @@ uint64_t HashText(std::string_view text);
 /// The hash of a row key: equal for keys that are equal without regard to case, in all scripts.
 uint64_t HashKey(std::string_view key);
 
-/// The hash of an ASCII key whose first "|" stands between two parts, from the HashText of the parts: the long store
-/// part is the same for all rows of a store, so it need not be hashed again for each of them.
-uint64_t JoinKeyHash(uint64_t before, uint64_t after);
+/// The hash of an ASCII key from the HashKeyStart of what stands before its first "|" and the HashText of what stands
+/// behind it. The start names a store: it is long, the same for all rows of the store, and stores differ in its end.
+uint64_t JoinKeyHash(uint64_t start, uint64_t rest);
+uint64_t HashKeyStart(std::string_view start);
 
 }  // namespace foldertree

@@ -14,7 +14,7 @@ double NumberOfText(std::string_view text) {
 std::optional<uint64_t> PooledText::KeyPartHash() const {
     if (keyPart_ == unknown) {
         keyPart_ = IsAscii(text_) && text_.find('|') == text_.npos ? usable : unusable;
-        if (keyPart_ == usable) keyPartHash_ = HashText("S" + text_);
+        if (keyPart_ == usable) keyPartHash_ = HashKeyStart("S" + text_);
     }
     if (keyPart_ == unusable) return std::nullopt;
     return keyPartHash_;

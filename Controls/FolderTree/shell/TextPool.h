@@ -24,8 +24,8 @@ class PooledText {
 
     const std::string& Text() const { return text_; }
     double Number() const { return number_; }
-    /// HashText of "S" and the text, when a key that starts with them has its first "|" right behind them and the text
-    /// folds to itself but for ASCII letters; nothing otherwise.
+    /// HashKeyStart of "S" and the text; nothing when the text is not ASCII or has a "|", so that a key that starts
+    /// with them must be hashed as a whole.
     std::optional<uint64_t> KeyPartHash() const;
 
   private:

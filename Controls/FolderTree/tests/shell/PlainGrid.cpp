@@ -1,6 +1,8 @@
 // PlainGrid: every operation as its plainest loop.
 #include "shell/PlainGrid.h"
 
+#include <algorithm>
+
 #include "automation/Text.h"
 
 namespace foldertree::testing {
@@ -46,11 +48,12 @@ int32_t PlainGrid::FindRow(std::string_view text, int32_t start, int col) const 
 
 // A row is hidden when a closed node above it has only deeper rows between itself and the row.
 bool PlainGrid::IsHidden(int32_t row) const {
-    for (int32_t node = fixedRows; node < row; ++node) {
-        if (!Row(node).isNode || Row(node).nodeState != nodeCollapsed) continue;
-        bool inside = true;
-        for (int32_t each = node + 1; each <= row; ++each) inside = inside && Row(each).level > Row(node).level;
-        if (inside) return true;
+    if (row < fixedRows) return false;
+    int16_t least = Row(row).level;  // of the rows between the node and the row
+    for (int32_t node = row - 1; node >= fixedRows; --node) {
+        const PlainRow& above = Row(node);
+        if (above.isNode && above.nodeState == nodeCollapsed && above.level < least) return true;
+        least = std::min(least, above.level);
     }
     return false;
 }

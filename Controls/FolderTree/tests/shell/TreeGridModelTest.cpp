@@ -128,7 +128,7 @@ class Player {
 
     void SetRowCount() {
         int32_t count = plain_.Count() + Below(21) - 10;
-        if (Below(40) == 0) count = Below(plain_.Count() + 1);
+        if (Below(30) == 0) count = PlainGrid::fixedRows + Below(mostRows_);
         if (Below(400) == 0) count = PlainGrid::fixedRows;
         count = std::clamp(count, PlainGrid::fixedRows, mostRows_);
         grid_.SetRowCount(count);
