@@ -84,8 +84,8 @@ class Painter {
             if (cell.left == cell.right) continue;
             Fill(dc_, cell, face_);
             Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, shadow_);
-            Fill(dc_, {cell.right - 1, cell.top + metrics_.margin, cell.right, cell.bottom - metrics_.margin},
-                 Mix(shadow_, face_, 50));
+            const RECT edge{cell.right - 1, cell.top + metrics_.margin, cell.right, cell.bottom - metrics_.margin};
+            if (col != colName) Fill(dc_, edge, Mix(shadow_, face_, 50));
             if (grid_.RowCount() == 0) continue;
             InflateRect(&cell, -metrics_.margin, 0);
             SetTextColor(dc_, enabled_ ? GetSysColor(COLOR_BTNTEXT) : shadow_);
