@@ -41,6 +41,7 @@ class WrapperEntry {
 
   private:
     const Object* object_;
+    IDispatch* wrapper_;
 };
 
 /// The private interface by which a COM object of ours is recognised when it comes back.

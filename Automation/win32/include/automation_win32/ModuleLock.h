@@ -12,6 +12,10 @@ class ModuleLock {
     ModuleLock& operator=(const ModuleLock&) = delete;
 };
 
+/// The same by hand, for IClassFactory::LockServer.
+void LockModule();
+void UnlockModule();
+
 /// For DllCanUnloadNow.
 bool ModuleIsUnused();
 

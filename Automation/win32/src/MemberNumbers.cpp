@@ -1,0 +1,88 @@
+// MemberNumbers: by type where there is a type library behind the object.
+#include "MemberNumbers.h"
+
+#include <dispex.h>
+
+#include "automation_win32/Bstr.h"
+#include "automation_win32/ComPtr.h"
+
+namespace automation {
+
+namespace {
+
+struct GuidLess {
+    bool operator()(const GUID& a, const GUID& b) const { return memcmp(&a, &b, sizeof(GUID)) < 0; }
+};
+
+template <class Interface>
+bool Offers(IDispatch* dispatch) {
+    ComPtr<Interface> unused;
+    return SUCCEEDED(dispatch->QueryInterface(IID_PPV_ARGS(unused.GetAddressOf())));
+}
+
+/// The interface that describes the object's members, where it is the same for all objects that name it. To ask another
+/// process, which is behind a proxy (it alone has client security), costs more than the numbers do; and objects of
+/// script engines may grow members one by one.
+std::optional<GUID> FixedType(IDispatch* dispatch) {
+    if (Offers<IClientSecurity>(dispatch) || Offers<IDispatchEx>(dispatch)) return std::nullopt;
+    ComPtr<ITypeInfo> info;
+    if (FAILED(dispatch->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.GetAddressOf())) || !info) return std::nullopt;
+    TYPEATTR* attributes = nullptr;
+    if (FAILED(info->GetTypeAttr(&attributes)) || attributes == nullptr) return std::nullopt;
+    const GUID guid = attributes->guid;
+    info->ReleaseTypeAttr(attributes);
+    if (guid == GUID_NULL) return std::nullopt;
+    return guid;
+}
+
+std::string CacheKey(std::string_view member, std::span<const std::string_view> parameters) {
+    std::string key(member);
+    for (const std::string_view parameter : parameters) (key += '\n') += parameter;
+    for (char& c : key)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    return key;
+}
+
+HRESULT Ask(IDispatch* dispatch, std::string_view member, std::span<const std::string_view> parameters,
+            std::vector<DISPID>& numbers) {
+    std::vector<std::wstring> names{ToWide(member)};
+    for (const std::string_view parameter : parameters) names.push_back(ToWide(parameter));
+    std::vector<LPOLESTR> pointers;
+    for (std::wstring& name : names) pointers.push_back(name.data());
+    numbers.assign(names.size(), DISPID_UNKNOWN);
+    return dispatch->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()), LOCALE_USER_DEFAULT,
+                                   numbers.data());
+}
+
+}  // namespace
+
+std::shared_ptr<MemberNumbers> MemberNumbers::For(IDispatch* dispatch) {
+    const std::optional<GUID> type = FixedType(dispatch);
+    if (!type) return std::make_shared<MemberNumbers>();
+    static std::mutex mutex;
+    static auto* const byType = new std::map<GUID, std::shared_ptr<MemberNumbers>, GuidLess>;
+    const std::lock_guard lock(mutex);
+    std::shared_ptr<MemberNumbers>& numbers = (*byType)[*type];
+    if (!numbers) numbers = std::make_shared<MemberNumbers>();
+    return numbers;
+}
+
+HRESULT MemberNumbers::Find(IDispatch* dispatch, std::string_view member, std::span<const std::string_view> parameters,
+                            std::vector<DISPID>& numbers) {
+    std::string key = CacheKey(member, parameters);
+    {
+        const std::lock_guard lock(mutex_);
+        if (const auto known = known_.find(key); known != known_.end()) {
+            numbers = known->second;
+            return S_OK;
+        }
+    }
+    const HRESULT result = Ask(dispatch, member, parameters, numbers);
+    if (SUCCEEDED(result)) {
+        const std::lock_guard lock(mutex_);
+        known_.emplace(std::move(key), numbers);
+    }
+    return result;
+}
+
+}  // namespace automation

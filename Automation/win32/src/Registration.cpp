@@ -1,0 +1,182 @@
+// Registration: the keys are written by hand, those of the type library too, since they must go under the user's
+// classes as well and leave nothing behind there.
+#include "Registration.h"
+
+#include <oleauto.h>
+
+#include <functional>
+#include <optional>
+
+#include "automation_win32/Bstr.h"
+#include "automation_win32/ComError.h"
+
+namespace automation {
+
+namespace {
+
+const std::wstring dispatchMarshaler = L"{00020420-0000-0000-C000-000000000046}";
+const std::wstring automationMarshaler = L"{00020424-0000-0000-C000-000000000046}";
+#ifdef _WIN64
+const std::wstring platformKey = L"win64";
+#else
+const std::wstring platformKey = L"win32";
+#endif
+
+std::wstring GuidText(const GUID& guid) {
+    wchar_t buffer[40];
+    return std::wstring(buffer, static_cast<size_t>(StringFromGUID2(guid, buffer, 40)) - 1);
+}
+
+std::wstring ModulePath(HMODULE module) {
+    std::wstring path(MAX_PATH, L'\0');
+    while (true) {
+        const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+        if (length == 0) Check(HRESULT_FROM_WIN32(GetLastError()));
+        if (length < path.size()) return path.substr(0, length);
+        path.resize(path.size() * 2);
+    }
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+    return path.substr(0, path.find_last_of(L'\\'));
+}
+
+/// What the keys tell of a type library.
+struct Library {
+    ComPtr<ITypeLib> types;
+    std::wstring id;
+    std::wstring version;
+    std::wstring title;
+};
+
+std::wstring Hexadecimal(WORD number) {
+    wchar_t buffer[8];
+    swprintf(buffer, 8, L"%x", number);
+    return buffer;
+}
+
+Library LoadLibraryOf(const std::wstring& path) {
+    Library library;
+    Check(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.types.GetAddressOf()));
+    TLIBATTR* attributes = nullptr;
+    Check(library.types->GetLibAttr(&attributes));
+    library.id = GuidText(attributes->guid);
+    library.version = Hexadecimal(attributes->wMajorVerNum) + L"." + Hexadecimal(attributes->wMinorVerNum);
+    library.types->ReleaseTLibAttr(attributes);
+    BSTR title = nullptr;
+    if (SUCCEEDED(library.types->GetDocumentation(-1, nullptr, &title, nullptr, nullptr)) && title != nullptr)
+        library.title = title;
+    SysFreeString(title);
+    return library;
+}
+
+struct Interface {
+    std::wstring id;
+    std::wstring name;
+    bool dispatchOnly;
+};
+
+/// The interfaces that other apartments may get hold of.
+void ForEachInterface(const Library& library, const std::function<void(const Interface&)>& action) {
+    const UINT count = library.types->GetTypeInfoCount();
+    for (UINT i = 0; i < count; ++i) {
+        ComPtr<ITypeInfo> info;
+        TYPEATTR* attributes = nullptr;
+        Check(library.types->GetTypeInfo(i, info.GetAddressOf()));
+        Check(info->GetTypeAttr(&attributes));
+        const bool dual = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
+        const bool dispatch = attributes->typekind == TKIND_DISPATCH;
+        const bool automatic =
+            attributes->typekind == TKIND_INTERFACE && (attributes->wTypeFlags & TYPEFLAG_FOLEAUTOMATION);
+        const std::wstring id = GuidText(attributes->guid);
+        info->ReleaseTypeAttr(attributes);
+        if (!dispatch && !automatic) continue;
+        BSTR name = nullptr;
+        Check(info->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
+        const Interface found{id, name == nullptr ? L"" : name, dispatch && !dual};
+        SysFreeString(name);
+        action(found);
+    }
+}
+
+void WriteLibrary(const Library& library, const std::wstring& path, const RegistryKey& classes) {
+    const std::wstring key = L"TypeLib\\" + library.id + L"\\" + library.version;
+    classes.Write(key, L"", library.title);
+    classes.Write(key + L"\\0\\" + platformKey, L"", path);
+    classes.Write(key + L"\\FLAGS", L"", L"0");
+    classes.Write(key + L"\\HELPDIR", L"", FolderOf(path));
+    ForEachInterface(library, [&](const Interface& interface_) {
+        const std::wstring interfaceKey = L"Interface\\" + interface_.id;
+        classes.Write(interfaceKey, L"", interface_.name);
+        classes.Write(interfaceKey + L"\\ProxyStubClsid32", L"",
+                      interface_.dispatchOnly ? dispatchMarshaler : automationMarshaler);
+        classes.Write(interfaceKey + L"\\TypeLib", L"", library.id);
+        classes.Write(interfaceKey + L"\\TypeLib", L"Version", library.version);
+    });
+}
+
+/// The build for the other processor may be registered too, and then its part of the library stays.
+void RemoveLibrary(const Library& library, const RegistryKey& classes) {
+    const std::wstring key = L"TypeLib\\" + library.id;
+    const std::wstring version = key + L"\\" + library.version;
+    const std::wstring other = platformKey == L"win64" ? L"win32" : L"win64";
+    const bool shared = !classes.Read(version + L"\\0\\" + other, L"").empty();
+    classes.RemoveTree(version + L"\\0\\" + platformKey);
+    if (!shared) {
+        classes.RemoveTree(version);
+        classes.RemoveIfBare(key);
+    }
+    ForEachInterface(library, [&](const Interface& interface_) {
+        const std::wstring interfaceKey = L"Interface\\" + interface_.id;
+        if (classes.Read(interfaceKey + L"\\TypeLib", L"") == library.id) classes.RemoveTree(interfaceKey);
+    });
+}
+
+void WriteClass(const ServerClass& entry, const std::wstring& path, const std::optional<Library>& library,
+                const RegistryKey& classes) {
+    const std::wstring id = GuidText(entry.clsid);
+    const std::wstring key = L"CLSID\\" + id;
+    classes.Write(entry.progId, L"", entry.title);
+    classes.Write(entry.progId + L"\\CLSID", L"", id);
+    classes.Write(key, L"", entry.title);
+    classes.Write(key + L"\\ProgID", L"", entry.progId);
+    classes.Write(key + L"\\InprocServer32", L"", path);
+    classes.Write(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment");
+    classes.Write(key + L"\\Programmable", L"", L"");
+    if (library) {
+        classes.Write(key + L"\\TypeLib", L"", library->id);
+        classes.Write(key + L"\\Version", L"", library->version);
+    }
+    if (entry.miscStatus != 0) {
+        classes.Write(key + L"\\Control", L"", L"");
+        classes.Write(key + L"\\MiscStatus", L"", L"0");
+        classes.Write(key + L"\\MiscStatus\\1", L"", std::to_wstring(entry.miscStatus));
+    }
+    if (entry.toolbarBitmap != 0)
+        classes.Write(key + L"\\ToolboxBitmap32", L"", path + L", " + std::to_wstring(entry.toolbarBitmap));
+}
+
+std::optional<Library> LibraryOf(const ComServer& server, const std::wstring& path) {
+    if (!server.hasTypeLibrary) return std::nullopt;
+    return LoadLibraryOf(path);
+}
+
+}  // namespace
+
+void WriteServerKeys(const ComServer& server, const RegistryKey& classes) {
+    const std::wstring path = ModulePath(server.module);
+    const std::optional<Library> library = LibraryOf(server, path);
+    if (library) WriteLibrary(*library, path, classes);
+    for (const ServerClass& entry : server.classes) WriteClass(entry, path, library, classes);
+}
+
+void RemoveServerKeys(const ComServer& server, const RegistryKey& classes) {
+    for (const ServerClass& entry : server.classes) {
+        classes.RemoveTree(entry.progId);
+        classes.RemoveTree(L"CLSID\\" + GuidText(entry.clsid));
+    }
+    if (const std::optional<Library> library = LibraryOf(server, ModulePath(server.module)))
+        RemoveLibrary(*library, classes);
+}
+
+}  // namespace automation

@@ -1,0 +1,13 @@
+// Registration: the registry keys of a COM server.
+#pragma once
+
+#include "RegistryKey.h"
+#include "automation_win32/ComServer.h"
+
+namespace automation {
+
+/// Both throw Error with the HRESULT of the failure.
+void WriteServerKeys(const ComServer& server, const RegistryKey& classes);
+void RemoveServerKeys(const ComServer& server, const RegistryKey& classes);
+
+}  // namespace automation

@@ -1,0 +1,66 @@
+// GridLayout: where everything of the grid stands in its window: columns, rows, boxes, glyphs, and what a point hits.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+namespace foldertree {
+
+/// Lengths in pixels.
+struct GridMetrics {
+    int rowHeight = 19;
+    int headerHeight = 21;
+    int indent = 18;  ///< one outline level
+    int iconSize = 16;
+    int boxSize = 13;   ///< check box
+    int glyphSize = 9;  ///< the sign that opens and closes a node
+    int margin = 4;     ///< between a cell's edge and its content
+
+    /// For a screen of `dpi`, rows of `rowTwips` (0: the grid's default of 19 pixels) and a font of that line height;
+    /// rows are never lower than their text.
+    static GridMetrics For(int dpi, int rowTwips, int fontHeight);
+};
+
+enum class GridPart { Nothing, Header, Box, Index, Glyph, Row };
+
+/// Pure geometry, without a window. Positions count the visible rows, 0-based; coordinates are the window's client
+/// area. Only the columns colSel, colIndex and colName are ever shown; the name takes what the two others leave.
+class GridLayout {
+  public:
+    GridLayout() = default;
+    /// `selWidth` and `indexWidth` are 0 for a hidden column.
+    GridLayout(const GridMetrics& metrics, SIZE client, int selWidth, int indexWidth, int32_t topPosition);
+
+    const GridMetrics& Metrics() const { return metrics_; }
+    SIZE Client() const { return client_; }
+    int32_t TopPosition() const { return topPosition_; }
+    int32_t FullRows() const;   ///< rows that fit whole, at least 1
+    int32_t ShownRows() const;  ///< with the cut-off one at the bottom
+
+    RECT HeaderCell(int col) const;
+    RECT Row(int32_t position) const;
+    RECT Cell(int32_t position, int col) const;
+    /// Parts of a row, given the rectangle of its cell.
+    RECT Box(const RECT& selCell) const;
+    RECT Glyph(const RECT& nameCell, int level) const;
+    RECT Icon(const RECT& nameCell, int level) const;
+    /// Where the name's text starts and ends; `withIcon` leaves room for the picture.
+    RECT NameText(const RECT& nameCell, int level, bool withIcon) const;
+
+    /// The visible row at a height, if the point is below the header; it may be beyond the last row.
+    std::optional<int32_t> PositionAt(int y) const;
+    /// What the point hits on a row of that outline level. The box is a little larger than it looks, so that it is easy
+    /// to hit; `GridPart::Index` is the whole cell.
+    GridPart PartAt(POINT point, int level) const;
+
+  private:
+    GridMetrics metrics_;
+    SIZE client_{0, 0};
+    std::array<int, 4> edges_{};  ///< left edges of the three columns, then the right edge
+    int32_t topPosition_ = 0;
+};
+
+}  // namespace foldertree

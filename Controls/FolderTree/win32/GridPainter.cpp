@@ -1,0 +1,248 @@
+// GridPainter: draws the grid's header and the rows that are in view.
+#include "win32/GridPainter.h"
+
+#include <olectl.h>
+
+#include <algorithm>
+#include <string>
+
+#include "automation/Text.h"
+#include "win32/WideText.h"
+
+namespace foldertree {
+namespace {
+
+COLORREF Mix(COLORREF a, COLORREF b, int percentOfA) {
+    const auto channel = [percentOfA](int x, int y) { return (x * percentOfA + y * (100 - percentOfA)) / 100; };
+    return RGB(channel(GetRValue(a), GetRValue(b)), channel(GetGValue(a), GetGValue(b)),
+               channel(GetBValue(a), GetBValue(b)));
+}
+
+void Fill(HDC dc, const RECT& area, COLORREF color) {
+    SetBkColor(dc, color);
+    ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
+}
+
+void Frame(HDC dc, const RECT& area, COLORREF color, int thickness) {
+    Fill(dc, {area.left, area.top, area.right, area.top + thickness}, color);
+    Fill(dc, {area.left, area.bottom - thickness, area.right, area.bottom}, color);
+    Fill(dc, {area.left, area.top, area.left + thickness, area.bottom}, color);
+    Fill(dc, {area.right - thickness, area.top, area.right, area.bottom}, color);
+}
+
+void Text(HDC dc, RECT area, std::string_view text, UINT format) {
+    const std::wstring wide = ToWide(text);
+    DrawTextW(dc, wide.c_str(), static_cast<int>(wide.size()), &area,
+              format | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+int TextWidth(HDC dc, std::string_view text) {
+    const std::wstring wide = ToWide(text, 256);
+    SIZE size{};
+    GetTextExtentPoint32W(dc, wide.c_str(), static_cast<int>(wide.size()), &size);
+    return size.cx;
+}
+
+class Painter {
+  public:
+    Painter(HDC dc, const GridPicture& picture)
+        : dc_(dc),
+          grid_(picture.grid),
+          layout_(picture.layout),
+          fonts_(picture.fonts),
+          icons_(picture.icons),
+          metrics_(layout_.Metrics()),
+          focused_(picture.focused),
+          enabled_(grid_.Enabled()),
+          back_(ToColorRef(grid_.BackColor())),
+          text_(ToColorRef(grid_.TextColor())),
+          face_(GetSysColor(COLOR_BTNFACE)),
+          shadow_(GetSysColor(COLOR_BTNSHADOW)),
+          line_(Mix(shadow_, back_, 22)) {
+        SetBkMode(dc_, TRANSPARENT);
+    }
+
+    void Paint() {
+        const HGDIOBJ before = SelectObject(dc_, fonts_.Plain());
+        const SIZE client = layout_.Client();
+        Fill(dc_, {0, 0, client.cx, client.cy}, back_);
+        const int32_t first = layout_.TopPosition();
+        const int32_t end = std::min(grid_.VisibleCount(), first + layout_.ShownRows());
+        const int32_t cursor = grid_.CurrentRow();
+        for (int32_t position = first; position < end; ++position) {
+            const int32_t row = grid_.VisibleRow(position);
+            PaintRow(position, row, row == cursor);
+        }
+        PaintHeader();
+        SelectObject(dc_, before);
+    }
+
+  private:
+    void PaintHeader() {
+        for (int col : {colSel, colIndex, colName}) {
+            RECT cell = layout_.HeaderCell(col);
+            if (cell.left == cell.right) continue;
+            Fill(dc_, cell, face_);
+            Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, shadow_);
+            const RECT edge{cell.right - 1, cell.top + metrics_.margin, cell.right, cell.bottom - metrics_.margin};
+            if (col != colName) Fill(dc_, edge, Mix(shadow_, face_, 50));
+            if (grid_.RowCount() == 0) continue;
+            InflateRect(&cell, -metrics_.margin, 0);
+            SetTextColor(dc_, enabled_ ? GetSysColor(COLOR_BTNTEXT) : shadow_);
+            Text(dc_, cell, grid_.CellText(0, col), col == colName ? DT_LEFT : DT_CENTER);
+        }
+    }
+
+    void PaintRow(int32_t position, int32_t row, bool isCursor) {
+        const int level = grid_.RowOutlineLevel(row);
+        for (int col : {colSel, colIndex, colName}) {
+            const RECT cell = layout_.Cell(position, col);
+            if (cell.left == cell.right) continue;
+            const CellLook& look = grid_.Look(row, col);
+            Fill(dc_, cell, BackOf(look, isCursor));
+            Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, line_);
+            SetTextColor(dc_, enabled_ && look.foreColor ? ToColorRef(*look.foreColor) : text_);
+            SelectObject(dc_, look.bold ? fonts_.Bold() : fonts_.Plain());
+            if (col == colSel)
+                PaintBox(cell, row);
+            else if (col == colIndex)
+                PaintNumber(cell, row);
+            else
+                PaintName(cell, row, level, look);
+        }
+        if (!isCursor) return;
+        RECT frame = layout_.Row(position);
+        Frame(dc_, frame, focused_ ? GetSysColor(COLOR_HIGHLIGHT) : shadow_, 1);
+    }
+
+    // A row's own colour means something (ticked, not to be edited), so the cursor tints the plain ones only.
+    COLORREF BackOf(const CellLook& look, bool isCursor) const {
+        const bool plain = !look.backColor || *look.backColor == colors::window;
+        if (!plain) return ToColorRef(*look.backColor);
+        return isCursor && focused_ ? Mix(GetSysColor(COLOR_HIGHLIGHT), back_, 14) : back_;
+    }
+
+    void PaintBox(const RECT& cell, int32_t row) {
+        const BoxKind kind = BoxOf(grid_, row);
+        if (kind == BoxKind::None) return;
+        const bool greyed = kind == BoxKind::Greyed || !enabled_;
+        const RECT box = layout_.Box(cell);
+        Fill(dc_, box, greyed ? Mix(face_, GetSysColor(COLOR_WINDOW), 60) : GetSysColor(COLOR_WINDOW));
+        Frame(dc_, box, greyed ? Mix(shadow_, face_, 60) : Mix(shadow_, GetSysColor(COLOR_WINDOWTEXT), 70), 1);
+        if (grid_.CellValue(row, colSel) != 0)
+            PaintTick(box, greyed ? shadow_ : Mix(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_WINDOWTEXT), 70));
+    }
+
+    void PaintTick(const RECT& box, COLORREF color) {
+        const int size = box.right - box.left;
+        const auto at = [&](int x, int y) { return POINT{box.left + x * size / 13, box.top + y * size / 13}; };
+        const POINT tick[] = {at(3, 5), at(5, 7), at(10, 2), at(10, 5), at(5, 10), at(3, 8)};
+        const HGDIOBJ brush = SelectObject(dc_, GetStockObject(DC_BRUSH));
+        const HGDIOBJ pen = SelectObject(dc_, GetStockObject(DC_PEN));
+        SetDCBrushColor(dc_, color);
+        SetDCPenColor(dc_, color);
+        Polygon(dc_, tick, static_cast<int>(std::size(tick)));
+        SelectObject(dc_, pen);
+        SelectObject(dc_, brush);
+    }
+
+    void PaintNumber(RECT cell, int32_t row) {
+        InflateRect(&cell, -metrics_.margin, 0);
+        Text(dc_, cell, grid_.CellText(row, colIndex), DT_RIGHT);
+    }
+
+    void PaintName(const RECT& cell, int32_t row, int level, const CellLook& look) {
+        if (grid_.IsNode(row) && grid_.HasChildren(row))
+            PaintGlyph(layout_.Glyph(cell, level), grid_.NodeState(row) == nodeExpanded);
+        icons_.Draw(dc_, look.picture, layout_.Icon(cell, level), !enabled_);
+        Text(dc_, layout_.NameText(cell, level, look.picture != Picture::None), grid_.CellText(row, colName), DT_LEFT);
+    }
+
+    void PaintGlyph(const RECT& glyph, bool open) {
+        Fill(dc_, glyph, GetSysColor(COLOR_WINDOW));
+        Frame(dc_, glyph, shadow_, 1);
+        const COLORREF sign = enabled_ ? GetSysColor(COLOR_WINDOWTEXT) : shadow_;
+        const int x = (glyph.left + glyph.right) / 2;
+        const int y = (glyph.top + glyph.bottom) / 2;
+        Fill(dc_, {glyph.left + 2, y, glyph.right - 2, y + 1}, sign);
+        if (!open) Fill(dc_, {x, glyph.top + 2, x + 1, glyph.bottom - 2}, sign);
+    }
+
+    const HDC dc_;
+    const TreeGrid& grid_;
+    const GridLayout& layout_;
+    const GridFonts& fonts_;
+    const Icons& icons_;
+    const GridMetrics& metrics_;
+    const bool focused_;
+    const bool enabled_;
+    const COLORREF back_;
+    const COLORREF text_;
+    const COLORREF face_;
+    const COLORREF shadow_;
+    const COLORREF line_;
+};
+
+// Widths of the captions and of the numbers in view; three digits always have room, so that the first tick does not
+// move the names.
+class Measurer {
+  public:
+    Measurer(const TreeGrid& grid, const GridFonts& fonts, const GridMetrics& metrics)
+        : grid_(grid), metrics_(metrics), dc_(CreateCompatibleDC(nullptr)), before_(SelectObject(dc_, fonts.Bold())) {}
+    ~Measurer() {
+        SelectObject(dc_, before_);
+        DeleteDC(dc_);
+    }
+    Measurer(const Measurer&) = delete;
+    Measurer& operator=(const Measurer&) = delete;
+
+    int SelWidth() const {
+        if (grid_.ColHidden(colSel)) return 0;
+        return std::max(Caption(colSel), metrics_.boxSize + 2 * metrics_.margin) + 2 * metrics_.margin;
+    }
+
+    int IndexWidth(int32_t firstPosition, int32_t endPosition) const {
+        if (grid_.ColHidden(colIndex)) return 0;
+        int width = std::max(Caption(colIndex), TextWidth(dc_, "000"));
+        for (int32_t position = firstPosition; position < endPosition; ++position)
+            width = std::max(width, TextWidth(dc_, grid_.CellText(grid_.VisibleRow(position), colIndex)));
+        return width + 3 * metrics_.margin;
+    }
+
+  private:
+    int Caption(int col) const { return grid_.RowCount() > 0 ? TextWidth(dc_, grid_.CellText(0, col)) : 0; }
+
+    const TreeGrid& grid_;
+    const GridMetrics& metrics_;
+    const HDC dc_;
+    const HGDIOBJ before_;
+};
+
+}  // namespace
+
+void PaintGrid(HDC dc, const GridPicture& picture) {
+    Painter(dc, picture).Paint();
+}
+
+GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SIZE client, int32_t topPosition) {
+    const int32_t firstRow = grid.FixedRowCount();
+    const int rowTwips = grid.RowCount() > firstRow ? grid.RowHeight(firstRow) : 0;
+    const GridMetrics metrics = GridMetrics::For(dpi, rowTwips, fonts.LineHeight());
+    const Measurer measurer(grid, fonts, metrics);
+    const int32_t shown = GridLayout(metrics, client, 0, 0, 0).ShownRows();
+    const int32_t end = std::min(grid.VisibleCount(), topPosition + shown);
+    return {metrics, client, measurer.SelWidth(), measurer.IndexWidth(topPosition, end), topPosition};
+}
+
+BoxKind BoxOf(const TreeGrid& grid, int32_t row) {
+    if (automation::EqualNoCase(grid.CellText(row, colRowKind), rowKind::dummy)) return BoxKind::None;
+    return grid.Look(row, colSel).backColor == colors::buttonFace ? BoxKind::Greyed : BoxKind::Plain;
+}
+
+COLORREF ToColorRef(OleColor color) {
+    COLORREF translated = 0;
+    OleTranslateColor(color, nullptr, &translated);
+    return translated;
+}
+
+}  // namespace foldertree

@@ -1,0 +1,499 @@
+// GridWindow: shows the tree grid's visible rows and turns mouse and keyboard into its gestures.
+#include "win32/GridWindow.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "shell/GridColumns.h"
+#include "win32/GridPainter.h"
+
+namespace foldertree {
+namespace {
+
+/// A row number that follows its row: where it stands after rows came or went.
+int32_t AfterInsertion(int32_t row, int32_t firstRow, int32_t count) {
+    return row >= firstRow ? row + count : row;
+}
+int32_t AfterRemoval(int32_t row, int32_t firstRow, int32_t count) {
+    if (row < firstRow) return row;
+    return std::max(firstRow, row - count);
+}
+
+bool IsPlaceholder(const TreeGrid& grid, int32_t row) {
+    return BoxOf(grid, row) == BoxKind::None;
+}
+
+}  // namespace
+
+GridWindow::GridWindow(TreeGrid& grid, GridEvents& events, std::weak_ptr<void> owner, std::function<void()> stale)
+    : Window(L"ctlFolderTree.Grid"), grid_(grid), events_(events), owner_(std::move(owner)), stale_(std::move(stale)) {
+    grid_.AddObserver(this);
+}
+
+GridWindow::~GridWindow() {
+    editor_.reset();
+    DestroyHandle();
+    if (const auto owner = owner_.lock()) grid_.RemoveObserver(this);
+}
+
+HWND GridWindow::Create(HWND parent, const RECT& place) {
+    pictureStale_ = countStale_ = true;
+    const HWND handle =
+        CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL);
+    if (handle != nullptr) Refresh();
+    return handle;
+}
+
+void GridWindow::OnHandleGone() {
+    editor_.reset();
+}
+
+// ---- What the grid tells
+
+void GridWindow::RowsInserted(int32_t firstRow, int32_t count) {
+    const bool inView = MayBeInView(firstRow);
+    if (topRow_ != 0) topRow_ = AfterInsertion(topRow_, firstRow, count);
+    lastShownRow_ = AfterInsertion(lastShownRow_, firstRow, count);
+    if (editor_) editedRow_ = AfterInsertion(editedRow_, firstRow, count);
+    countStale_ = true;
+    NoteChange(inView);
+}
+
+void GridWindow::RowsRemoved(int32_t firstRow, int32_t count) {
+    const bool inView = MayBeInView(firstRow);
+    topRow_ = AfterRemoval(topRow_, firstRow, count);
+    lastShownRow_ = AfterRemoval(lastShownRow_, firstRow, count);
+    if (editor_) {
+        const bool gone = editedRow_ >= firstRow && editedRow_ < firstRow + count;
+        editedRow_ = gone ? 0 : AfterRemoval(editedRow_, firstRow, count);
+    }
+    countStale_ = true;
+    NoteChange(inView);
+}
+
+void GridWindow::RowsChanged(int32_t firstRow, int32_t lastRow) {
+    const bool header = firstRow < grid_.FixedRowCount();
+    const bool inView = header || (MayBeInView(firstRow) && lastRow >= topRow_);
+    if (inView) NoteChange(true);
+}
+
+void GridWindow::OutlineChanged(int32_t firstRow) {
+    countStale_ = true;
+    NoteChange(MayBeInView(firstRow));
+}
+
+void GridWindow::ColumnsChanged() {
+    NoteChange(true);
+}
+
+void GridWindow::AppearanceChanged() {
+    fontLoaded_ = false;
+    NoteChange(true);
+}
+
+void GridWindow::CurrentRowChanged() {
+    NoteChange(true);
+}
+
+void GridWindow::NoteChange(bool inView) {
+    pictureStale_ = pictureStale_ || inView;
+    if (Handle() != nullptr) stale_();
+}
+
+// The row behind the last one counts too: it decides whether the last one has something to open.
+bool GridWindow::MayBeInView(int32_t firstRow) const {
+    return !viewFull_ || firstRow <= lastShownRow_ + 1;
+}
+
+// ---- Painting
+
+void GridWindow::Refresh() {
+    if (Handle() == nullptr || (!pictureStale_ && !countStale_)) return;
+    EnableWindow(Handle(), grid_.Enabled());
+    if (editor_ && (editedRow_ == 0 || !grid_.VisiblePosition(editedRow_))) CloseEditor();
+    Measure();
+    UpdateScrollBar();
+    if (pictureStale_) InvalidateRect(Handle(), nullptr, FALSE);
+    pictureStale_ = countStale_ = false;
+}
+
+void GridWindow::ReloadFont() {
+    AppearanceChanged();
+}
+
+void GridWindow::LoadFontOnce() {
+    if (fontLoaded_) return;
+    fonts_.Load(grid_.Font(), DpiOf(Handle()));
+    fontLoaded_ = true;
+}
+
+void GridWindow::Measure() {
+    LoadFontOnce();
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    const int32_t count = grid_.VisibleCount();
+    const GridLayout atTop = MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, 0);
+    int32_t position = 0;
+    if (count > 0 && topRow_ != 0) {
+        const int32_t row = std::clamp(topRow_, grid_.FixedRowCount(), grid_.RowCount() - 1);
+        position = grid_.VisiblePosition(grid_.VisibleAncestor(row)).value_or(0);
+    }
+    position = std::clamp(position, 0, std::max(0, count - atTop.FullRows()));
+    if (position != layout_.TopPosition()) pictureStale_ = true;
+    topRow_ = count > 0 ? grid_.VisibleRow(position) : 0;
+    layout_ =
+        position == 0 ? atTop : MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, position);
+}
+
+void GridWindow::UpdateScrollBar() {
+    SCROLLINFO wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    wanted.nMax = std::max(0, grid_.VisibleCount() - 1);
+    wanted.nPage = static_cast<UINT>(layout_.FullRows());
+    wanted.nPos = layout_.TopPosition();
+    SCROLLINFO now = wanted;
+    GetScrollInfo(Handle(), SB_VERT, &now);
+    const bool same = now.nMin == 0 && now.nMax == wanted.nMax && now.nPage == wanted.nPage && now.nPos == wanted.nPos;
+    if (!same) SetScrollInfo(Handle(), SB_VERT, &wanted, TRUE);
+}
+
+void GridWindow::OnPaint() {
+    Refresh();
+    PAINTSTRUCT paint{};
+    const HDC dc = BeginPaint(Handle(), &paint);
+    const SIZE client = layout_.Client();
+    const HDC memory = CreateCompatibleDC(dc);
+    const HBITMAP bitmap = CreateCompatibleBitmap(dc, std::max<int>(1, client.cx), std::max<int>(1, client.cy));
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    PaintGrid(memory, {grid_, layout_, fonts_, icons_, GetFocus() == Handle()});
+    BitBlt(dc, 0, 0, client.cx, client.cy, memory, 0, 0, SRCCOPY);
+    SelectObject(memory, before);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    EndPaint(Handle(), &paint);
+
+    const int32_t count = grid_.VisibleCount();
+    const int32_t end = layout_.TopPosition() + layout_.ShownRows();
+    viewFull_ = count >= end;
+    lastShownRow_ = count > 0 ? grid_.VisibleRow(std::min(count, end) - 1) : 0;
+}
+
+void GridWindow::Draw(HDC dc, SIZE area) {
+    LoadFontOnce();
+    const GridLayout layout = MeasureGrid(grid_, fonts_, DpiOf(Handle()), area, layout_.TopPosition());
+    PaintGrid(dc, {grid_, layout, fonts_, icons_, false});
+}
+
+// ---- Scrolling
+
+void GridWindow::ScrollTo(int64_t position) {
+    const int64_t last = std::max(0, grid_.VisibleCount() - layout_.FullRows());
+    const auto target = static_cast<int32_t>(std::clamp<int64_t>(position, 0, last));
+    if (target == layout_.TopPosition() || grid_.VisibleCount() == 0) return;
+    if (!FinishEdit()) return;
+    topRow_ = grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1));
+    pictureStale_ = true;
+    Refresh();
+}
+
+void GridWindow::OnScroll(int request) {
+    const int64_t top = layout_.TopPosition();
+    SCROLLINFO thumb{};
+    thumb.cbSize = sizeof thumb;
+    thumb.fMask = SIF_TRACKPOS;
+    switch (request) {
+        case SB_LINEUP:
+            return ScrollTo(top - 1);
+        case SB_LINEDOWN:
+            return ScrollTo(top + 1);
+        case SB_PAGEUP:
+            return ScrollTo(top - layout_.FullRows());
+        case SB_PAGEDOWN:
+            return ScrollTo(top + layout_.FullRows());
+        case SB_TOP:
+            return ScrollTo(0);
+        case SB_BOTTOM:
+            return ScrollTo(std::numeric_limits<int32_t>::max());
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            // The message itself carries 16 bits only.
+            if (GetScrollInfo(Handle(), SB_VERT, &thumb)) ScrollTo(thumb.nTrackPos);
+            return;
+        default:
+            return;
+    }
+}
+
+void GridWindow::OnWheel(int delta) {
+    UINT lines = 3;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    if (lines == WHEEL_PAGESCROLL) lines = static_cast<UINT>(layout_.FullRows());
+    wheelRest_ += delta * static_cast<int>(lines);
+    const int rows = wheelRest_ / WHEEL_DELTA;
+    wheelRest_ %= WHEEL_DELTA;
+    ScrollTo(static_cast<int64_t>(layout_.TopPosition()) - rows);
+}
+
+void GridWindow::BringIntoView(int32_t row) {
+    Refresh();
+    const auto position = grid_.VisiblePosition(row);
+    if (!position) return;
+    if (*position < layout_.TopPosition())
+        ScrollTo(*position);
+    else if (*position >= layout_.TopPosition() + layout_.FullRows())
+        ScrollTo(static_cast<int64_t>(*position) - layout_.FullRows() + 1);
+}
+
+// ---- Gestures
+
+// Whatever a gesture calls may destroy the control, so the grid is kept alive until the gesture has ended, the
+// interaction stands on the stack, and this object is asked for before it is touched again.
+
+void GridWindow::Tick(int32_t row) {
+    if (IsPlaceholder(grid_, row)) return;
+    const auto owner = owner_.lock();
+    const auto alive = Watch();
+    GridInteraction(grid_, events_).ToggleTick(row);
+    if (!alive.expired()) Refresh();
+}
+
+void GridWindow::SetNode(int32_t row, bool open) {
+    const auto owner = owner_.lock();
+    const auto alive = Watch();
+    GridInteraction(grid_, events_).SetNode(row, open);
+    if (alive.expired()) return;
+    if (const int32_t cursor = CursorRow(); cursor != 0 && cursor != grid_.CurrentRow()) grid_.SetCurrentRow(cursor);
+    Refresh();
+}
+
+void GridWindow::OnMouse(UINT message, POINT point) {
+    const auto owner = owner_.lock();
+    const auto alive = Watch();
+    if (!FinishEdit()) return;
+    SetFocus(Handle());
+    if (alive.expired() || !grid_.Enabled()) return;
+    Refresh();
+    const auto position = layout_.PositionAt(point.y);
+    if (!position || *position >= grid_.VisibleCount()) return;
+    const int32_t row = grid_.VisibleRow(*position);
+    const GridPart part = layout_.PartAt(point, grid_.RowOutlineLevel(row));
+    const bool onGlyph = part == GridPart::Glyph && grid_.IsNode(row) && grid_.HasChildren(row);
+    grid_.SetCurrentRow(row);
+    // The second click of a double click is on the box one more tick, and on the sign one more turn.
+    if (part == GridPart::Box && !IsPlaceholder(grid_, row)) return Tick(row);
+    if (onGlyph) return SetNode(row, grid_.NodeState(row) != nodeExpanded);
+    if (message == WM_LBUTTONDBLCLK) {
+        GridInteraction(grid_, events_).DoubleClick(row);
+        if (!alive.expired()) Refresh();
+        return;
+    }
+    Refresh();
+    if (part == GridPart::Index) OpenEditor(row);
+}
+
+void GridWindow::OnKey(WPARAM key, bool repeated) {
+    const auto owner = owner_.lock();
+    if (!grid_.Enabled()) return;
+    Refresh();
+    const int32_t row = CursorRow();
+    switch (key) {
+        case VK_UP:
+            return MoveCursorBy(-1);
+        case VK_DOWN:
+            return MoveCursorBy(1);
+        case VK_PRIOR:
+            return MoveCursorBy(-layout_.FullRows());
+        case VK_NEXT:
+            return MoveCursorBy(layout_.FullRows());
+        case VK_HOME:
+            return MoveCursorBy(std::numeric_limits<int32_t>::min());
+        case VK_END:
+            return MoveCursorBy(std::numeric_limits<int32_t>::max());
+        default:
+            break;
+    }
+    if (row == 0) return;
+    if (key == VK_RIGHT) return OpenOrStepIn(row);
+    if (key == VK_LEFT) return CloseOrStepOut(row);
+    if (key == VK_SPACE && !repeated) return Tick(row);
+    if (key == VK_F2) return OpenEditor(row);
+}
+
+void GridWindow::OnCharacter(wchar_t character) {
+    const auto owner = owner_.lock();
+    if (!grid_.Enabled()) return;
+    const int32_t row = CursorRow();
+    if (row == 0) return;
+    if (character == L'+') return SetNode(row, true);
+    if (character == L'-') return SetNode(row, false);
+    if (character >= L'0' && character <= L'9') {
+        const auto alive = Watch();
+        OpenEditor(row);
+        if (!alive.expired() && editor_) editor_->SetText(std::string(1, static_cast<char>(character)));
+    }
+}
+
+void GridWindow::OnFocus(bool gained, HWND other) {
+    InvalidateRect(Handle(), nullptr, FALSE);
+    const bool toEditor = editor_ && other == editor_->Handle();
+    if (!toEditor && focusHandler_) {
+        const std::function<void(bool)> handler = focusHandler_;
+        handler(gained);
+    }
+}
+
+int32_t GridWindow::CursorRow() const {
+    const int32_t row = grid_.CurrentRow();
+    if (row < grid_.FixedRowCount() || row >= grid_.RowCount()) return 0;
+    return grid_.VisibleAncestor(row);
+}
+
+void GridWindow::MoveCursorBy(int64_t rows) {
+    const int32_t count = grid_.VisibleCount();
+    if (count == 0) return;
+    const int32_t row = CursorRow();
+    const int64_t from = row == 0 ? (rows > 0 ? -1 : 1) : grid_.VisiblePosition(row).value_or(0);
+    const int64_t target = row == 0 && rows < count ? 0 : from + rows;
+    MoveCursorTo(grid_.VisibleRow(static_cast<int32_t>(std::clamp<int64_t>(target, 0, count - 1))));
+}
+
+void GridWindow::MoveCursorTo(int32_t row) {
+    grid_.SetCurrentRow(row);
+    BringIntoView(row);
+    Refresh();
+}
+
+void GridWindow::OpenOrStepIn(int32_t row) {
+    if (!grid_.IsNode(row) || !grid_.HasChildren(row)) return;
+    if (grid_.NodeState(row) != nodeExpanded) return SetNode(row, true);
+    MoveCursorTo(row + 1);
+}
+
+void GridWindow::CloseOrStepOut(int32_t row) {
+    if (grid_.IsNode(row) && grid_.HasChildren(row) && grid_.NodeState(row) == nodeExpanded) return SetNode(row, false);
+    const int16_t level = grid_.RowOutlineLevel(row);
+    int32_t parent = row - 1;
+    while (parent >= grid_.FixedRowCount() && grid_.RowOutlineLevel(parent) >= level) --parent;
+    if (parent >= grid_.FixedRowCount()) MoveCursorTo(parent);
+}
+
+// ---- The number editor
+
+void GridWindow::OpenEditor(int32_t row) {
+    if (grid_.ColHidden(colIndex) || grid_.CellValue(row, colSel) == 0) return;
+    const auto owner = owner_.lock();
+    const auto alive = Watch();
+    if (!FinishEdit()) return;
+    const bool allowed = GridInteraction(grid_, events_).MayEditIndex(row);
+    if (alive.expired() || !allowed || Handle() == nullptr || row >= grid_.RowCount()) return;
+    BringIntoView(row);
+    const auto position = grid_.VisiblePosition(row);
+    if (!position) return;
+    editedRow_ = row;
+    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, colIndex), fonts_.Plain(),
+                                             grid_.CellText(row, colIndex),
+                                             [this](NumberEditor::Wish wish) { OnEditorWish(wish); });
+}
+
+void GridWindow::OnEditorWish(NumberEditor::Wish wish) {
+    // While the control takes a number it may show something that takes the focus.
+    if (committing_) return;
+    if (wish == NumberEditor::Wish::FocusLost) {
+        FinishEdit();
+        return;
+    }
+    const auto owner = owner_.lock();
+    const auto alive = Watch();
+    if (wish == NumberEditor::Wish::Commit) {
+        committing_ = true;
+        const bool accepted = GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
+        if (alive.expired()) return;
+        committing_ = false;
+        // A refused number stays open so that it can be put right.
+        if (!accepted && editor_) return editor_->SelectAll();
+    }
+    CloseEditor();
+    SetFocus(Handle());
+    if (!alive.expired()) Refresh();
+}
+
+bool GridWindow::FinishEdit() {
+    if (!editor_ || committing_) return true;
+    const auto owner = owner_.lock();
+    const auto alive = Watch();
+    committing_ = true;
+    if (editedRow_ != 0) GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
+    if (alive.expired()) return false;
+    committing_ = false;
+    CloseEditor();
+    return true;
+}
+
+void GridWindow::CloseEditor() {
+    committing_ = true;
+    const auto alive = Watch();
+    std::unique_ptr<NumberEditor> closing = std::move(editor_);
+    closing.reset();
+    if (alive.expired()) return;
+    committing_ = false;
+    editedRow_ = 0;
+}
+
+// ---- Messages
+
+bool GridWindow::WantsKey(const MSG& message) const {
+    if (editor_ && message.hwnd == editor_->Handle()) return true;
+    if (message.hwnd != Handle()) return false;
+    if (message.message == WM_CHAR) return true;
+    if (message.message != WM_KEYDOWN && message.message != WM_KEYUP) return false;
+    constexpr WPARAM keys[] = {VK_UP,    VK_DOWN,  VK_PRIOR, VK_NEXT, VK_HOME,     VK_END,      VK_LEFT,
+                               VK_RIGHT, VK_SPACE, VK_F2,    VK_ADD,  VK_SUBTRACT, VK_OEM_PLUS, VK_OEM_MINUS};
+    return std::find(std::begin(keys), std::end(keys), message.wParam) != std::end(keys);
+}
+
+LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT:
+            OnPaint();
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_SIZE:
+            pictureStale_ = true;
+            Refresh();
+            return 0;
+        case WM_VSCROLL:
+            OnScroll(LOWORD(wParam));
+            return 0;
+        case WM_MOUSEWHEEL:
+            OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+            return 0;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            OnMouse(message, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            return 0;
+        case WM_KEYDOWN:
+            OnKey(wParam, (lParam & (1 << 30)) != 0);
+            return 0;
+        case WM_CHAR:
+            OnCharacter(static_cast<wchar_t>(wParam));
+            return 0;
+        case WM_GETDLGCODE:
+            return DLGC_WANTARROWS | DLGC_WANTCHARS;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            OnFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
+            return 0;
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+            InvalidateRect(Handle(), nullptr, FALSE);
+            return 0;
+        default:
+            return Window::OnMessage(message, wParam, lParam);
+    }
+}
+
+}  // namespace foldertree

@@ -1,0 +1,91 @@
+// NumberEditor: the small text box in which the user types a row's position number.
+#include "win32/NumberEditor.h"
+
+#include "win32/WideText.h"
+#include "win32/Window.h"
+
+namespace foldertree {
+
+NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text,
+                           std::function<void(Wish)> ended)
+    : ended_(std::move(ended)) {
+    edit_ = CreateWindowExW(0, L"EDIT", ToWide(text).c_str(),
+                            WS_CHILD | WS_VISIBLE | WS_BORDER | ES_RIGHT | ES_AUTOHSCROLL, place.left, place.top,
+                            place.right - place.left, place.bottom - place.top, parent, nullptr, ThisModule(), nullptr);
+    if (edit_ == nullptr) return;
+    SendMessageW(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    SetWindowLongPtrW(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    standard_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NumberEditor::Procedure)));
+    SelectAll();
+    SetFocus(edit_);
+}
+
+NumberEditor::~NumberEditor() {
+    if (edit_ == nullptr) return;
+    const HWND edit = edit_;
+    edit_ = nullptr;
+    // Closing takes the focus away; that is no further wish of the user.
+    SetWindowLongPtrW(edit, GWLP_USERDATA, 0);
+    SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(standard_));
+    DestroyWindow(edit);
+}
+
+std::string NumberEditor::Text() const {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(edit_)) + 1, L'\0');
+    text.resize(static_cast<size_t>(GetWindowTextW(edit_, text.data(), static_cast<int>(text.size()))));
+    return FromWide(text);
+}
+
+void NumberEditor::SetText(const std::string& text) {
+    SetWindowTextW(edit_, ToWide(text).c_str());
+    SendMessageW(edit_, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+}
+
+void NumberEditor::SelectAll() {
+    SendMessageW(edit_, EM_SETSEL, 0, -1);
+}
+
+// After a report the editor may be gone, so nothing of it is touched any more.
+void NumberEditor::Report(HWND edit, Wish wish) {
+    auto* self = reinterpret_cast<NumberEditor*>(GetWindowLongPtrW(edit, GWLP_USERDATA));
+    if (self == nullptr) return;
+    const std::function<void(Wish)> ended = self->ended_;
+    ended(wish);
+}
+
+LRESULT CALLBACK NumberEditor::Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    const auto* self = reinterpret_cast<NumberEditor*>(GetWindowLongPtrW(edit, GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(edit, message, wParam, lParam);
+    const WNDPROC standard = self->standard_;
+    try {
+        switch (message) {
+            case WM_GETDLGCODE:
+                return DLGC_WANTALLKEYS | CallWindowProcW(standard, edit, message, wParam, lParam);
+            case WM_KEYDOWN:
+                if (wParam == VK_RETURN || wParam == VK_TAB) return Report(edit, Wish::Commit), 0;
+                if (wParam == VK_ESCAPE) return Report(edit, Wish::Cancel), 0;
+                break;
+            case WM_CHAR:
+                // The edit control beeps at them.
+                if (wParam == L'\r' || wParam == L'\t' || wParam == VK_ESCAPE) return 0;
+                break;
+            case WM_KILLFOCUS: {
+                const LRESULT result = CallWindowProcW(standard, edit, message, wParam, lParam);
+                Report(edit, Wish::FocusLost);
+                return result;
+            }
+            case WM_NCDESTROY:
+                // The parent's window went first.
+                const_cast<NumberEditor*>(self)->edit_ = nullptr;
+                break;
+            default:
+                break;
+        }
+    } catch (...) {
+        // As in every window procedure: nothing gets through to Windows.
+    }
+    return CallWindowProcW(standard, edit, message, wParam, lParam);
+}
+
+}  // namespace foldertree

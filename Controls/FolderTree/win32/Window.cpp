@@ -1,0 +1,101 @@
+// Window: a window with a C++ object behind it; the base of the control's windows.
+#include "win32/Window.h"
+
+#include <mutex>
+#include <set>
+#include <string>
+
+namespace foldertree {
+namespace {
+
+/// The window classes of this module. Windows keeps the classes of a DLL that is unloaded, together with a procedure
+/// that is gone, so they are taken back when the module goes.
+class ClassRegister {
+  public:
+    ~ClassRegister() {
+        for (const std::wstring& name : names_) UnregisterClassW(name.c_str(), ThisModule());
+    }
+
+    bool Enter(const wchar_t* name, WNDPROC procedure) {
+        const std::lock_guard lock(mutex_);
+        if (names_.contains(name)) return true;
+        WNDCLASSEXW description{};
+        description.cbSize = sizeof description;
+        description.style = CS_DBLCLKS;
+        description.lpfnWndProc = procedure;
+        description.hInstance = ThisModule();
+        description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+        description.lpszClassName = name;
+        if (RegisterClassExW(&description) == 0) return false;
+        names_.insert(name);
+        return true;
+    }
+
+  private:
+    std::mutex mutex_;  // each apartment has its own controls, the classes are the module's
+    std::set<std::wstring> names_;
+};
+
+ClassRegister classRegister;
+
+}  // namespace
+
+Window::~Window() {
+    DestroyHandle();
+}
+
+HWND Window::CreateHandle(HWND parent, const RECT& place, DWORD style) {
+    if (handle_ != nullptr) return handle_;
+    if (!classRegister.Enter(className_, Procedure)) return nullptr;
+    CreateWindowExW(0, className_, L"", style, place.left, place.top, place.right - place.left,
+                    place.bottom - place.top, parent, nullptr, ThisModule(), this);
+    return handle_;
+}
+
+void Window::DestroyHandle() {
+    if (handle_ == nullptr) return;
+    const HWND handle = handle_;
+    handle_ = nullptr;
+    // No message reaches an object that is being taken down.
+    SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
+    DestroyWindow(handle);
+}
+
+LRESULT Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProcW(handle_, message, wParam, lParam);
+}
+
+// An exception must not reach Windows; what is left to do then is what Windows does by itself.
+LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (message == WM_NCCREATE) {
+        auto* created = static_cast<Window*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+        created->handle_ = handle;
+        SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+    }
+    auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
+    try {
+        if (message != WM_NCDESTROY) return self->OnMessage(message, wParam, lParam);
+        SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
+        self->handle_ = nullptr;
+        self->OnHandleGone();
+    } catch (...) {
+    }
+    return DefWindowProcW(handle, message, wParam, lParam);
+}
+
+HINSTANCE ThisModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&ThisModule), &module);
+    return module;
+}
+
+int DpiOf(HWND window) {
+    const HDC dc = GetDC(window);
+    const int dpi = GetDeviceCaps(dc, LOGPIXELSY);
+    ReleaseDC(window, dc);
+    return dpi;
+}
+
+}  // namespace foldertree
