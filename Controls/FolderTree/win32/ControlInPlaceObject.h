@@ -1,0 +1,43 @@
+// ControlInPlaceObject: IOleInPlaceObject of the control, and how it becomes active in its container's window.
+#pragma once
+
+#include <oleidl.h>
+
+#include "automation_win32/ComPtr.h"
+#include "win32/ComPart.h"
+
+namespace foldertree {
+
+class ControlObject;
+
+class ControlInPlaceObject final : public ComPart<IOleInPlaceObject> {
+  public:
+    explicit ControlInPlaceObject(ControlObject& object);
+
+    /// Listens to the control's window: the focus that comes into it, and its end with its parent.
+    void WatchWindow();
+    /// Makes the window in the container's, if it is not there yet.
+    HRESULT Activate();
+    /// Activates, and takes the container's frame and the focus.
+    HRESULT ActivateUI();
+
+    STDMETHOD(GetWindow)(HWND* window) override;
+    STDMETHOD(ContextSensitiveHelp)(BOOL enter) override;
+    STDMETHOD(InPlaceDeactivate)() override;
+    STDMETHOD(UIDeactivate)() override;
+    STDMETHOD(SetObjectRects)(const RECT* place, const RECT* clip) override;
+    STDMETHOD(ReactivateAndUndo)() override;
+
+  private:
+    void OnFocus(bool gotFocus);
+    void OnWindowGone();
+    void SetActiveObject(IOleInPlaceActiveObject* activeObject);
+
+    ControlObject& object_;
+    automation::ComPtr<IOleInPlaceSite> site_;  // while active
+    automation::ComPtr<IOleInPlaceFrame> frame_;
+    automation::ComPtr<IOleInPlaceUIWindow> document_;
+    bool uiActive_ = false;
+};
+
+}  // namespace foldertree

@@ -1,0 +1,57 @@
+// ControlObject: the COM object of the control: one life for the core, the window and the COM interfaces around them.
+#include "win32/ControlObject.h"
+
+#include "win32/ControlInterfaces.h"
+#include "win32/ControlPlatform.h"
+
+namespace foldertree {
+
+automation::ComPtr<IUnknown> ControlObject::Create() { return automation::ComPtr<IUnknown>(new ControlObject); }
+
+ControlObject::ControlObject()
+    : platform_(std::make_unique<ControlPlatform>(*this)), interfaces_(std::make_unique<ControlInterfaces>(*this)) {
+    core_ = ctlFolderTree::Create(*platform_, platform_->Factory());
+    window_ = std::make_unique<ControlWindow>(*core_);
+    platform_->Attach(*window_);
+    interfaces_->inPlace.WatchWindow();
+}
+
+ControlObject::~ControlObject() { End(); }
+
+ULONG ControlObject::AddRef() { return ++references_; }
+
+ULONG ControlObject::Release() {
+    const ULONG left = --references_;
+    if (left == 0) {
+        const Use use(*this);
+        End();
+    }
+    return left;
+}
+
+void ControlObject::End() {
+    if (ended_) return;
+    ended_ = true;
+    ++uses_;
+    interfaces_->inPlace.InPlaceDeactivate();
+    if (core_ != nullptr) core_->Close();
+    interfaces_->connectionPoints.events.DisconnectAll();
+    interfaces_->connectionPoints.propertyNotifications.DisconnectAll();
+    site_.Set(nullptr);
+    --uses_;
+}
+
+HRESULT ControlObject::QueryInterface(REFIID iid, void** object) {
+    if (object == nullptr) return E_POINTER;
+    if (iid == IID_IUnknown) {
+        AddRef();
+        *object = static_cast<IUnknown*>(this);
+        return S_OK;
+    }
+    *object = interfaces_->Find(iid);
+    if (*object == nullptr) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+}  // namespace foldertree

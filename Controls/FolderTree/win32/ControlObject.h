@@ -1,0 +1,79 @@
+// ControlObject: the COM object of the control: one life for the core, the window and the COM interfaces around them.
+#pragma once
+
+#include "win32/WindowsNames.h"
+
+
+#include <windows.h>
+
+#include <memory>
+
+#include "automation_win32/ComPtr.h"
+#include "automation_win32/ModuleLock.h"
+#include "ctlFolderTree.h"
+#include "win32/ClientSite.h"
+#include "win32/ControlWindow.h"
+
+namespace foldertree {
+
+class ControlInterfaces;
+class ControlPlatform;
+
+/// Two counts keep the object: references are the host's, uses are calls that run inside it. With the last reference the
+/// control ends at once (UserControl_Terminate), also in the middle of a load that yielded; its memory goes when the last
+/// running call has left it. One thread only.
+class ControlObject final : public IUnknown {
+  public:
+    /// A new control, with one reference.
+    static automation::ComPtr<IUnknown> Create();
+
+    ControlObject(const ControlObject&) = delete;
+    ControlObject& operator=(const ControlObject&) = delete;
+
+    STDMETHOD(QueryInterface)(REFIID iid, void** object) override;
+    STDMETHOD_(ULONG, AddRef)() override;
+    STDMETHOD_(ULONG, Release)() override;
+
+    /// Keeps the object's memory for as long as a call runs inside it. Every way into the core starts with one.
+    class Use {
+      public:
+        explicit Use(ControlObject& object) : object_(object) { ++object_.uses_; }
+        ~Use() {
+            if (--object_.uses_ == 0 && object_.references_ == 0) delete &object_;
+        }
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+
+      private:
+        ControlObject& object_;
+    };
+
+    /// The control goes away, whoever still holds references: a running load ends at its next step, the window and the
+    /// host's objects are let go. Later calls find a control that does nothing.
+    void End();
+
+    ctlFolderTree& Core() { return *core_; }
+    ControlWindow& Window() { return *window_; }
+    ClientSite& Site() { return site_; }
+    ControlPlatform& Platform() { return *platform_; }
+    ControlInterfaces& Interfaces() { return *interfaces_; }
+
+    /// Whether a setting changed since the container last saved the control.
+    bool dirty = false;
+
+  private:
+    ControlObject();
+    ~ControlObject();
+
+    const automation::ModuleLock lock_;
+    ULONG references_ = 0;
+    ULONG uses_ = 0;
+    bool ended_ = false;
+    ClientSite site_;
+    std::unique_ptr<ControlPlatform> platform_;
+    std::unique_ptr<ControlInterfaces> interfaces_;
+    std::shared_ptr<ctlFolderTree> core_;
+    std::unique_ptr<ControlWindow> window_;
+};
+
+}  // namespace foldertree
