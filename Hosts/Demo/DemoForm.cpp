@@ -7,9 +7,9 @@
 #include <algorithm>
 
 #include "FontText.h"
-#include "ShownTree.h"
 #include "Text.h"
 #include "TraceLog.h"
+#include "WatchText.h"
 #include "Widgets.h"
 
 namespace demo {
@@ -46,7 +46,10 @@ void WriteError(const std::wstring& text) {
 
 }  // namespace
 
+DemoForm::~DemoForm() { TraceLog::Instance().SetListener(nullptr); }
+
 void DemoForm::Open() {
+    TraceLog::Instance().SetListener([this](const std::wstring& line) { tree_.Read(line); });
     WNDCLASSEXW type = {};
     type.cbSize = sizeof type;
     type.lpfnWndProc = Procedure;
@@ -56,9 +59,8 @@ void DemoForm::Open() {
     type.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     type.lpszClassName = windowClass;
     RegisterClassExW(&type);
-    window_ =
-        CreateWindowExW(0, windowClass, L"FolderTree demo", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                        CW_USEDEFAULT, Scaled(formWidth), Scaled(formHeight), nullptr, nullptr, type.hInstance, this);
+    window_ = CreateWindowExW(0, windowClass, L"FolderTree demo", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+                              Scaled(formWidth), Scaled(formHeight), nullptr, nullptr, type.hInstance, this);
 
     // The control comes first, so that Tab reaches it first.
     state_ = SavedState::Load(options_.stateFile);
@@ -411,20 +413,15 @@ void DemoForm::SaveState() {
 }
 
 void DemoForm::WriteReady() {
-    if (!WriteWholeFile(options_.readyFile, TreeAsText(ReadShownTree(site_ ? site_->Window() : nullptr)))) {
-        Fail(L"cannot write " + options_.readyFile);
-    }
+    std::set<std::wstring> selectedKeys;
+    for (const SelectedFolder& folder : selection_) selectedKeys.insert(folder.key);
+    if (!WriteWholeFile(options_.readyFile, tree_.AsText(selectedKeys))) Fail(L"cannot write " + options_.readyFile);
 }
 
 void DemoForm::WriteWatched() {
-    std::string text = WindowAsText(window_, ReadShownTree(site_ ? site_->Window() : nullptr));
-    text += "changed\t" + std::to_string(changedCount_) + "\n" + "loading\t" + std::to_string(loading_) + "\n";
-    for (const SelectedFolder& folder : selection_) {
-        text += "selected\t" + std::to_string(folder.index) + "\t" + EscapeCell(ToUtf8(folder.path)) + "\t" +
-                EscapeCell(ToUtf8(folder.typeName)) + "\t" + std::to_string(folder.incomplete) + "\n";
-    }
-    if (text == watched_) return;
-    if (WriteWholeFile(options_.watchFile, text)) watched_ = std::move(text);
+    std::string text = WatchText(window_, site_ ? site_->Window() : nullptr, tree_, selection_);
+    text += "changed\t" + std::to_string(changedCount_) + "\nloading\t" + std::to_string(loading_) + "\n";
+    if (text != watched_ && WriteWholeFile(options_.watchFile, text)) watched_ = std::move(text);
 }
 
 void DemoForm::SetStatus(const std::wstring& text) {

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include "ChangedSink.h"
@@ -15,12 +16,14 @@
 #include "SavedState.h"
 #include "SelectionPanel.h"
 #include "TracePanel.h"
+#include "TracedTree.h"
 
 namespace demo {
 
 class DemoForm {
   public:
     explicit DemoForm(const Options& options) : options_(options) {}
+    ~DemoForm();
     DemoForm(const DemoForm&) = delete;
     DemoForm& operator=(const DemoForm&) = delete;
 
@@ -75,6 +78,7 @@ class DemoForm {
     MethodPanel methods_;
     SelectionPanel selectionPanel_;
     TracePanel trace_;
+    TracedTree tree_;
 
     SavedState state_;
     ComPtr<ControlSite> site_;

@@ -133,7 +133,7 @@ ComPtr<IDispatch> Variant::AsObject() const {
 std::wstring AutomationFailure::Message() const {
     wchar_t number[16];
     swprintf(number, std::size(number), L"0x%08lX", static_cast<unsigned long>(error));
-    return member + L": [" + number + L"] " + description;
+    return member + L": [" + number + L"]" + (description.empty() ? L"" : L" ") + description;
 }
 
 Variant Get(IDispatch* object, const wchar_t* member, std::initializer_list<Variant> arguments) {
@@ -159,7 +159,7 @@ ComPtr<IDispatch> CreateByProgId(const wchar_t* progId) {
     if (SUCCEEDED(result)) {
         result = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object));
     }
-    if (FAILED(result)) throw AutomationFailure{progId, result, SystemText(result)};
+    if (FAILED(result)) throw AutomationFailure{progId, result, L"The class cannot be created. Is its DLL registered?"};
     return object;
 }
 

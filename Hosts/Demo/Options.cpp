@@ -61,7 +61,7 @@ const char* const usageText =
     "  --level N       read N levels (0 = all)\n"
     "  --slow MS       delay every table read of the sample mailbox by MS milliseconds\n"
     "  --ready FILE    write the shown tree to FILE as indented text once it stands\n"
-    "  --watch FILE    keep FILE up to date with the shown rows and buttons and where they are on the screen\n"
+    "  --watch FILE    keep FILE up to date with rows, selection and buttons, and where they are on the screen\n"
     "  --trace FILE    write the debugger output to FILE\n"
     "  --state FILE    keep properties and selection in FILE instead of the user's application data\n";
 

@@ -59,6 +59,11 @@ void TraceLog::Stop() {
     file_ = nullptr;
 }
 
+void TraceLog::SetListener(std::function<void(const std::wstring&)> listener) {
+    const std::lock_guard lock(mutex_);
+    listener_ = std::move(listener);
+}
+
 void TraceLog::Note(std::wstring_view text) {
     OutputDebugStringW((L"FolderTreeDemo: " + std::wstring(text)).c_str());
 }
@@ -90,6 +95,7 @@ void TraceLog::Add(std::wstring line) {
         fwrite(text.data(), 1, text.size(), file_);
         fflush(file_);  // a reader waits for the line, and a crash must not swallow it
     }
+    if (listener_) listener_(line);
     lines_.push_back(std::move(line));
     if (lines_.size() > lineLimit) lines_.pop_front();
     ++total_;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -21,6 +22,8 @@ class TraceLog {
     /// Begins to listen; `file` may be empty. False when the file cannot be written.
     bool Start(const std::wstring& file);
     void Stop();
+    /// Called with every line, in the middle of the call that writes it; it must not write lines itself.
+    void SetListener(std::function<void(const std::wstring&)> listener);
 
     /// A line of the demo's own, through the debugger output like the control's.
     static void Note(std::wstring_view text);
@@ -40,6 +43,7 @@ class TraceLog {
     mutable std::mutex mutex_;
     std::deque<std::wstring> lines_;
     uint64_t total_ = 0;
+    std::function<void(const std::wstring&)> listener_;
     FILE* file_ = nullptr;
     void* handler_ = nullptr;
 };
