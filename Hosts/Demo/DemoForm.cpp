@@ -46,7 +46,9 @@ void WriteError(const std::wstring& text) {
 
 }  // namespace
 
-DemoForm::~DemoForm() { TraceLog::Instance().SetListener(nullptr); }
+DemoForm::~DemoForm() {
+    TraceLog::Instance().SetListener(nullptr);
+}
 
 void DemoForm::Open() {
     TraceLog::Instance().SetListener([this](const std::wstring& line) { tree_.Read(line); });
