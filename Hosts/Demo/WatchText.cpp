@@ -1,0 +1,63 @@
+// WatchText: collecting the facts.
+#include "WatchText.h"
+
+#include <commctrl.h>
+
+#include <initializer_list>
+
+#include "Text.h"
+#include "Widgets.h"
+
+namespace demo {
+namespace {
+
+std::string Line(const char* kind, std::initializer_list<std::wstring> cells) {
+    std::string line = kind;
+    for (const std::wstring& cell : cells) line += "\t" + EscapeCell(ToUtf8(cell));
+    return line + "\n";
+}
+
+std::wstring Text(long number) {
+    return std::to_wstring(number);
+}
+
+bool IsPressable(HWND window) {
+    wchar_t name[32] = L"";
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    return IsWindowVisible(window) && lstrcmpiW(name, WC_BUTTONW) == 0 &&
+           (GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
+}
+
+void AppendButton(HWND button, std::string& text) {
+    RECT place = {};
+    GetWindowRect(button, &place);
+    const bool checked = SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    text += Line("button", {WindowText(button), Text(checked), Text((place.left + place.right) / 2),
+                            Text((place.top + place.bottom) / 2)});
+}
+
+}  // namespace
+
+std::string WatchText(HWND form, HWND control, const TracedTree& tree, const std::vector<SelectedFolder>& selection) {
+    std::string text;
+    RECT place = {};
+    if (control != nullptr && GetWindowRect(control, &place)) {
+        text += Line("control", {Text(place.left), Text(place.top), Text(place.right), Text(place.bottom)});
+    }
+    for (const TracedRow& row : tree.Rows()) {
+        if (!row.placeholder) text += Line("row", {Text(row.level), Text(row.itemType), Text(row.unread), row.name});
+    }
+    for (const SelectedFolder& folder : selection) {
+        text += Line("selected", {Text(folder.index), folder.path, folder.typeName, Text(folder.incomplete)});
+    }
+    EnumChildWindows(
+        form,
+        [](HWND child, LPARAM result) -> BOOL {
+            if (IsPressable(child)) AppendButton(child, *reinterpret_cast<std::string*>(result));
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&text));
+    return text;
+}
+
+}  // namespace demo
