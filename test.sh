@@ -7,6 +7,7 @@ source "$(dirname "$0")/scripts/steps.sh"
 
 # Tests move the mouse and the focus: never on the screen that somebody works at.
 export FOLDERTREE_HEADLESS=1
+export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}
 
 prepare_machine
 build_preset native-asan
