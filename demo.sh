@@ -12,7 +12,7 @@ stands, writes a picture of it to build/demo.png, prints the tree and ends.
 
   --pst FILE         show this PST file instead of the sample mailbox
   --maildir DIR      show this Maildir++ tree instead of it (may be given several times, also beside --pst)
-  --level N          read N levels of folders at once; deeper ones when their node is opened
+  --level N          read N levels of folders at once, deeper ones when their node is opened (0: all)
   --screenshot FILE  run on a hidden screen and write the picture to FILE
   --help             this text
 TEXT
