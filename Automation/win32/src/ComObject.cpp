@@ -1,6 +1,8 @@
 // ComObject: IDispatch::Invoke and what surrounds it.
 #include "automation_win32/ComObject.h"
 
+#include <dispex.h>
+
 #include <vector>
 
 #include "MemberNumbers.h"
@@ -60,13 +62,23 @@ WORD Flags(Access access) {
     return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 }
 
+/// Objects of some script engines answer to IDispatchEx only.
+HRESULT InvokeExtended(IDispatch* dispatch, DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+                       EXCEPINFO& info) {
+    ComPtr<IDispatchEx> extended;
+    if (FAILED(dispatch->QueryInterface(IID_PPV_ARGS(extended.GetAddressOf())))) return E_NOTIMPL;
+    return extended->InvokeEx(member, LOCALE_USER_DEFAULT, flags, &parameters, result, &info, nullptr);
+}
+
 Value InvokeWith(IDispatch* dispatch, DISPID member, WORD flags, DISPPARAMS parameters) {
     Variant result;
     EXCEPINFO info{};
     UINT badArgument = 0;
     const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    const HRESULT outcome = dispatch->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                             put ? nullptr : result.Out(), &info, &badArgument);
+    VARIANT* const out = put ? nullptr : result.Out();
+    HRESULT outcome =
+        dispatch->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, out, &info, &badArgument);
+    if (outcome == E_NOTIMPL) outcome = InvokeExtended(dispatch, member, flags, parameters, out, info);
     if (FAILED(outcome)) throw FromExcepInfo(outcome, info);
     return result.ToValue();
 }

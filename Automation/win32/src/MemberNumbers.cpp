@@ -43,6 +43,16 @@ std::string CacheKey(std::string_view member, std::span<const std::string_view> 
     return key;
 }
 
+/// Objects of some script engines answer to IDispatchEx only.
+HRESULT AskExtended(IDispatch* dispatch, std::string_view member, std::vector<DISPID>& numbers) {
+    ComPtr<IDispatchEx> extended;
+    if (FAILED(dispatch->QueryInterface(IID_PPV_ARGS(extended.GetAddressOf())))) return E_NOTIMPL;
+    BSTR name = ToBstr(member);
+    const HRESULT result = extended->GetDispID(name, fdexNameCaseInsensitive, numbers.data());
+    SysFreeString(name);
+    return result;
+}
+
 HRESULT Ask(IDispatch* dispatch, std::string_view member, std::span<const std::string_view> parameters,
             std::vector<DISPID>& numbers) {
     std::vector<std::wstring> names{ToWide(member)};
@@ -50,8 +60,9 @@ HRESULT Ask(IDispatch* dispatch, std::string_view member, std::span<const std::s
     std::vector<LPOLESTR> pointers;
     for (std::wstring& name : names) pointers.push_back(name.data());
     numbers.assign(names.size(), DISPID_UNKNOWN);
-    return dispatch->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()), LOCALE_USER_DEFAULT,
-                                   numbers.data());
+    const HRESULT result = dispatch->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()),
+                                                   LOCALE_USER_DEFAULT, numbers.data());
+    return result == E_NOTIMPL && parameters.empty() ? AskExtended(dispatch, member, numbers) : result;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "automation_win32/ObjectDispatch.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
 #include <mutex>
 #include <string>
@@ -24,7 +25,7 @@ class NameTable {
             if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
         const std::lock_guard lock(mutex_);
         const auto [entry, added] = numbers_.emplace(std::move(folded), static_cast<DISPID>(names_.size() + 1));
-        if (added) names_.push_back(&entry->first);
+        if (added) names_.emplace_back(name);
         return entry->second;
     }
 
@@ -32,13 +33,13 @@ class NameTable {
     std::string_view NameOf(DISPID number) {
         const std::lock_guard lock(mutex_);
         if (number < 1 || static_cast<size_t>(number) > names_.size()) throw FromHresult(DISP_E_MEMBERNOTFOUND);
-        return *names_[static_cast<size_t>(number) - 1];
+        return names_[static_cast<size_t>(number) - 1];
     }
 
   private:
     std::mutex mutex_;
     std::map<std::string, DISPID> numbers_;
-    std::vector<const std::string*> names_;
+    std::deque<std::string> names_;  // as first spelt; they stay in place
 };
 
 NameTable& TheNames() {

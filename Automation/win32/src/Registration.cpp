@@ -171,12 +171,26 @@ void WriteServerKeys(const ComServer& server, const RegistryKey& classes) {
 }
 
 void RemoveServerKeys(const ComServer& server, const RegistryKey& classes) {
+    // What cannot be removed must not keep the rest in place; the first failure is told at the end.
+    std::optional<Error> failure;
+    const auto attempt = [&failure](const auto& step) {
+        try {
+            step();
+        } catch (const Error& error) {
+            if (!failure) failure = error;
+        }
+    };
     for (const ServerClass& entry : server.classes) {
-        classes.RemoveTree(entry.progId);
-        classes.RemoveTree(L"CLSID\\" + GuidText(entry.clsid));
+        attempt([&] { classes.RemoveTree(entry.progId); });
+        attempt([&] { classes.RemoveTree(L"CLSID\\" + GuidText(entry.clsid)); });
     }
-    if (const std::optional<Library> library = LibraryOf(server, ModulePath(server.module)))
-        RemoveLibrary(*library, classes);
+    attempt([&] {
+        if (const std::optional<Library> library = LibraryOf(server, ModulePath(server.module)))
+            RemoveLibrary(*library, classes);
+    });
+    // A user's classes may have been empty before us.
+    for (const wchar_t* folder : {L"CLSID", L"Interface", L"TypeLib"}) attempt([&] { classes.RemoveIfBare(folder); });
+    if (failure) throw *failure;
 }
 
 }  // namespace automation

@@ -50,11 +50,12 @@ void RegistryKey::RemoveIfBare(const std::wstring& subkey) const {
     HKEY key = nullptr;
     if (RegOpenKeyExW(key_, subkey.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
     DWORD subkeys = 0;
-    const LSTATUS status = RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, nullptr,
+    DWORD values = 0;
+    const LSTATUS status = RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, &values,
                                             nullptr, nullptr, nullptr, nullptr);
     RegCloseKey(key);
     CheckWin32(status);
-    if (subkeys == 0) RemoveTree(subkey);
+    if (subkeys == 0 && values == 0) RemoveTree(subkey);
 }
 
 }  // namespace automation

@@ -22,7 +22,7 @@ class RegistryKey {
     std::wstring Read(const std::wstring& subkey, const std::wstring& name) const;
     /// Removes a subkey with all below it. A missing one is no failure.
     void RemoveTree(const std::wstring& subkey) const;
-    /// Removes a subkey that holds no further keys; leaves any other.
+    /// Removes a subkey that holds neither keys nor values; leaves any other.
     void RemoveIfBare(const std::wstring& subkey) const;
 
   private:

@@ -3,11 +3,74 @@
 
 #include <windows.h>
 
-#include <wrl/client.h>
+#include <unknwn.h>
+
+#include <concepts>
+#include <cstddef>
+#include <utility>
 
 namespace automation {
 
+/// Names and meaning are those of Microsoft's class of this name. MinGW's version of it counts a reference too many in
+/// Attach, so nothing would ever be released.
 template <class T>
-using ComPtr = Microsoft::WRL::ComPtr<T>;
+class ComPtr {
+  public:
+    using InterfaceType = T;
+
+    ComPtr() = default;
+    ComPtr(std::nullptr_t) {}                                   // NOLINT(google-explicit-constructor)
+    ComPtr(T* pointer) : pointer_(pointer) { AddReference(); }  // NOLINT
+    ComPtr(const ComPtr& other) : ComPtr(other.pointer_) {}
+    ComPtr(ComPtr&& other) noexcept : pointer_(other.Detach()) {}
+    template <class U>
+    requires std::convertible_to<U*, T*> ComPtr(const ComPtr<U>& other)
+        : ComPtr(static_cast<T*>(other.Get())) {}  // NOLINT
+    template <class U>
+    requires std::convertible_to<U*, T*> ComPtr(ComPtr<U>&& other)
+    noexcept : pointer_(other.Detach()) {}  // NOLINT
+    ~ComPtr() { Reset(); }
+
+    ComPtr& operator=(ComPtr other) noexcept {
+        std::swap(pointer_, other.pointer_);
+        return *this;
+    }
+
+    T* Get() const { return pointer_; }
+    T* operator->() const { return pointer_; }
+    explicit operator bool() const { return pointer_ != nullptr; }
+    friend bool operator==(const ComPtr& a, const ComPtr& b) { return a.pointer_ == b.pointer_; }
+
+    /// For a call that stores a counted reference; the pointer must be null before.
+    T** GetAddressOf() { return &pointer_; }
+    T** ReleaseAndGetAddressOf() {
+        Reset();
+        return &pointer_;
+    }
+
+    void Reset() {
+        if (T* const pointer = Detach()) pointer->Release();
+    }
+    /// Takes over a reference that is counted already.
+    void Attach(T* pointer) {
+        Reset();
+        pointer_ = pointer;
+    }
+    /// Hands the reference over to the caller.
+    T* Detach() { return std::exchange(pointer_, nullptr); }
+
+    /// Asks for another interface.
+    template <class U>
+    HRESULT As(ComPtr<U>* other) const {
+        return pointer_->QueryInterface(__uuidof(U), reinterpret_cast<void**>(other->ReleaseAndGetAddressOf()));
+    }
+
+  private:
+    void AddReference() {
+        if (pointer_ != nullptr) pointer_->AddRef();
+    }
+
+    T* pointer_ = nullptr;
+};
 
 }  // namespace automation
