@@ -24,7 +24,7 @@ char* TextArena::Allocate(size_t bytes, Ref& ref) {
     bytes = (bytes + unit - 1) / unit * unit;
     if (used_ + bytes > blockSize) {
         const size_t blocks = (bytes + unit + blockSize - 1) / blockSize;
-        if ((blocks_.size() + blocks) * (blockSize / unit) > std::numeric_limits<Ref>::max())
+        if (uint64_t{blocks_.size() + blocks} * (blockSize / unit) > std::numeric_limits<Ref>::max())
             throw automation::VbError(automation::errors::outOfMemory);
         memory_.push_back({std::make_unique_for_overwrite<char[]>(blocks * blockSize), blocks * blockSize});
         for (size_t block = 0; block < blocks; ++block)

@@ -63,15 +63,16 @@ class TreeGrid {
     // Shape
     int32_t RowCount() const;
     /// Appends empty rows or removes rows from the end. Setting it to FixedRowCount() empties the tree and gives its
-    /// memory back.
+    /// memory back. Fewer rows than FixedRowCount() are Error 9, more than 33,554,432 are Error 0x8007000E.
     void SetRowCount(int32_t count);
     int32_t ColCount() const;
+    /// The grid has its 14 columns: any other number is Error 9.
     void SetColCount(int32_t count);
     int32_t FixedRowCount() const;
     void SetFixedRowCount(int32_t count);
     void SetFixedColCount(int32_t count);
     /// Appends a row whose first cell holds `text`, or inserts it before row `before`. Rows of the outline below it
-    /// move down. Returns the row's number.
+    /// move down. Returns the row's number. No row can be put before or in place of a fixed one, nor be removed there.
     int32_t AddRow(std::string_view text, std::optional<int32_t> before = std::nullopt);
     void RemoveRow(int32_t row);
 
@@ -80,27 +81,28 @@ class TreeGrid {
     void SetCellText(int32_t row, int col, std::string_view text);
     /// The leading number of the text as Visual Basic's Val reads it; -1 for "True", 0 for "False" and for no number.
     double CellValue(int32_t row, int col) const;
-    /// The text without a copy, for every column but colKey (whose text may be put together on the fly).
+    /// The text without a copy, for every column but colKey (whose text may be put together on the fly): Error 5.
     std::string_view CellView(int32_t row, int col) const;
     /// The first row from `startRow` on whose cell equals `text` without regard to case; -1 when there is none. On
     /// colKey with startRow 0 this is an index lookup, also when any number of rows share the key.
     int32_t FindRow(std::string_view text, int32_t startRow = 0, int col = colKey) const;
 
-    // Looks
+    // Looks. A setting or value that does not exist is Error 5; a block that is partly out of range changes nothing.
     void SetCellFormat(CellSetting setting, int32_t row, int col, uint32_t value);
     void SetCellFormat(CellSetting setting, int32_t row1, int col1, int32_t row2, int col2, uint32_t value);
     /// The setting's value; an unset back or fore colour reads as colors::window and colors::buttonText.
     uint32_t CellFormat(CellSetting setting, int32_t row, int col) const;
     const CellLook& Look(int32_t row, int col) const;
-    void SetRowHeight(int32_t row, int32_t twips);
-    int32_t RowHeight(int32_t row) const;  ///< 0 until set: the grid's default
+    void SetRowHeight(int32_t row, int32_t twips);  ///< a negative height is the default one
+    int32_t RowHeight(int32_t row) const;           ///< 0 until set: the grid's default
 
     // Outline
     int16_t RowOutlineLevel(int32_t row) const;
     void SetRowOutlineLevel(int32_t row, int16_t level);
     bool IsNode(int32_t row) const;
     void SetIsNode(int32_t row, bool isNode);
-    /// 0 or 2. On a row that is no node it is kept without effect. Writing it raises no notification.
+    /// 0 or 2, any other is Error 5. On a row that is no node it is kept without effect. Writing it raises no
+    /// notification.
     int32_t NodeState(int32_t row) const;
     void SetNodeState(int32_t row, int32_t state);
     /// Whether the next row lies deeper, that is, whether there is something to open.
@@ -113,7 +115,9 @@ class TreeGrid {
     std::optional<int32_t> VisiblePosition(int32_t row) const;  ///< nothing for a hidden row
     int32_t VisibleAncestor(int32_t row) const;                 ///< the row itself, or the collapsed node that hides it
 
-    // Cursor. It stays on its row when rows are inserted or removed above it. 0 (the header) when there is none.
+    // Cursor. It stays on its row when rows are inserted or removed above it. When its row is removed it goes to the
+    // row above (of a node's placeholder that is the node), to the first data row when that is a fixed one; 0 (the
+    // header) when there is none.
     int32_t CurrentRow() const;
     void SetCurrentRow(int32_t row);
 
