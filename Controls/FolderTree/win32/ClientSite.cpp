@@ -12,8 +12,8 @@ VARIANT ClientSite::Ambient(DISPID property) const {
     VariantInit(&value);
     const auto ambient = As<IDispatch>();
     DISPPARAMS none = {};
-    if (ambient == nullptr || FAILED(ambient->Invoke(property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
-                                                     &value, nullptr, nullptr)))
+    if (ambient == nullptr || FAILED(ambient->Invoke(property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET,
+                                                     &none, &value, nullptr, nullptr)))
         VariantInit(&value);
     return value;
 }

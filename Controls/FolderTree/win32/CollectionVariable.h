@@ -22,7 +22,7 @@ class CollectionVariable {
     void SetNothing();
 
   private:
-    VARIANT* variant_;              // the innermost variant; null when there is none
+    VARIANT* variant_;                // the innermost variant; null when there is none
     IUnknown** reference_ = nullptr;  // the host's object variable, where it has that type
 };
 

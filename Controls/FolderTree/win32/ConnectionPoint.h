@@ -10,7 +10,8 @@
 
 namespace foldertree {
 
-/// A connection point of its own identity, as the rules of connectable objects ask, that lives and dies with the control.
+/// A connection point of its own identity, as the rules of connectable objects ask, that lives and dies with the
+/// control.
 class ConnectionPoint final : public IConnectionPoint {
   public:
     using Sink = automation::ComPtr<IUnknown>;

@@ -9,7 +9,9 @@ namespace foldertree {
 
 ControlClassInfo::ControlClassInfo(ControlObject& object) : ComPart(object) {}
 
-HRESULT ControlClassInfo::GetClassInfo(ITypeInfo** info) { return GiveTypeInfo(__uuidof(::ctlFolderTree), info); }
+HRESULT ControlClassInfo::GetClassInfo(ITypeInfo** info) {
+    return GiveTypeInfo(__uuidof(::ctlFolderTree), info);
+}
 
 HRESULT ControlClassInfo::GetGUID(DWORD kind, GUID* guid) {
     if (guid == nullptr) return E_POINTER;

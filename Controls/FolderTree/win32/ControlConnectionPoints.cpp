@@ -25,7 +25,9 @@ using PointEnumerator =
 }  // namespace
 
 ControlConnectionPoints::ControlConnectionPoints(ControlObject& object)
-    : ComPart(object), events(*this, __uuidof(__ctlFolderTree)), propertyNotifications(*this, IID_IPropertyNotifySink) {}
+    : ComPart(object),
+      events(*this, __uuidof(__ctlFolderTree)),
+      propertyNotifications(*this, IID_IPropertyNotifySink) {}
 
 HRESULT ControlConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
     if (points == nullptr) return E_POINTER;

@@ -24,9 +24,13 @@ ControlDispatch::ControlDispatch(ControlObject& object) : ComPart(object), objec
 
 // ---- Late binding
 
-HRESULT ControlDispatch::GetTypeInfoCount(UINT* count) { return typeInfo.GetTypeInfoCount(count); }
+HRESULT ControlDispatch::GetTypeInfoCount(UINT* count) {
+    return typeInfo.GetTypeInfoCount(count);
+}
 
-HRESULT ControlDispatch::GetTypeInfo(UINT index, LCID, ITypeInfo** info) { return typeInfo.GetTypeInfo(index, info); }
+HRESULT ControlDispatch::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
+    return typeInfo.GetTypeInfo(index, info);
+}
 
 HRESULT ControlDispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     return typeInfo.GetIDsOfNames(names, count, ids);
@@ -37,8 +41,8 @@ HRESULT ControlDispatch::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPAR
     if (parameters == nullptr) return E_POINTER;
     const ControlObject::Use use(object_);
     LateBoundArguments arguments(member, flags, *parameters);
-    return typeInfo.Invoke(static_cast<_ctlFolderTree*>(this), member, arguments.Flags(), arguments.Parameters(), result,
-                           exception, badArgument);
+    return typeInfo.Invoke(static_cast<_ctlFolderTree*>(this), member, arguments.Flags(), arguments.Parameters(),
+                           result, exception, badArgument);
 }
 
 // ---- Conversions
@@ -85,13 +89,21 @@ HRESULT ControlDispatch::Take(VARIANT_BOOL value, void (ctlFolderTree::*set)(boo
 
 // ---- The members, in interface order
 
-HRESULT ControlDispatch::putref_Application(IDispatch* value) { return Take(value, &ctlFolderTree::SetApplication); }
+HRESULT ControlDispatch::putref_Application(IDispatch* value) {
+    return Take(value, &ctlFolderTree::SetApplication);
+}
 
-HRESULT ControlDispatch::get_Application(IDispatch** value) { return Give(value, &ctlFolderTree::Application); }
+HRESULT ControlDispatch::get_Application(IDispatch** value) {
+    return Give(value, &ctlFolderTree::Application);
+}
 
-HRESULT ControlDispatch::get_CDOSession(IDispatch** value) { return Give(value, &ctlFolderTree::CDOSession); }
+HRESULT ControlDispatch::get_CDOSession(IDispatch** value) {
+    return Give(value, &ctlFolderTree::CDOSession);
+}
 
-HRESULT ControlDispatch::putref_Font(IFontDisp* value) { return Take(value, &ctlFolderTree::SetFont); }
+HRESULT ControlDispatch::putref_Font(IFontDisp* value) {
+    return Take(value, &ctlFolderTree::SetFont);
+}
 
 HRESULT ControlDispatch::get_Font(IFontDisp** value) {
     if (value == nullptr) return E_POINTER;
@@ -103,8 +115,7 @@ HRESULT ControlDispatch::get_Font(IFontDisp** value) {
 }
 
 HRESULT ControlDispatch::GetMsgItem(BSTR sStoreID, BSTR sEntryID, _clsFolderTreeItem** item) {
-    return GiveItem(item,
-                    [&](ctlFolderTree& core) { return core.GetMsgItem(FromBstr(sStoreID), FromBstr(sEntryID)); });
+    return GiveItem(item, [&](ctlFolderTree& core) { return core.GetMsgItem(FromBstr(sStoreID), FromBstr(sEntryID)); });
 }
 
 HRESULT ControlDispatch::GetAdListItem(BSTR sAdListID, BSTR sAdListEntryID, _clsFolderTreeItem** item) {
@@ -121,7 +132,9 @@ HRESULT ControlDispatch::KillCollection(VARIANT* oColl) {
     });
 }
 
-HRESULT ControlDispatch::get_ListCount(LONG* value) { return Give(value, &ctlFolderTree::ListCount); }
+HRESULT ControlDispatch::get_ListCount(LONG* value) {
+    return Give(value, &ctlFolderTree::ListCount);
+}
 
 HRESULT ControlDispatch::putref_SelectedItem(_clsFolderTreeItem* value) {
     return Run([&](ctlFolderTree& core) { core.SetSelectedItem(FromItemObject(value)); });
@@ -131,13 +144,21 @@ HRESULT ControlDispatch::get_SelectedItem(_clsFolderTreeItem** value) {
     return GiveItem(value, [](ctlFolderTree& core) { return core.SelectedItem(); });
 }
 
-HRESULT ControlDispatch::putref_Selection(IDispatch* value) { return Take(value, &ctlFolderTree::SetSelection); }
+HRESULT ControlDispatch::putref_Selection(IDispatch* value) {
+    return Take(value, &ctlFolderTree::SetSelection);
+}
 
-HRESULT ControlDispatch::get_Selection(IDispatch** value) { return Give(value, &ctlFolderTree::Selection); }
+HRESULT ControlDispatch::get_Selection(IDispatch** value) {
+    return Give(value, &ctlFolderTree::Selection);
+}
 
-HRESULT ControlDispatch::get_Enabled(VARIANT_BOOL* value) { return Give(value, &ctlFolderTree::Enabled); }
+HRESULT ControlDispatch::get_Enabled(VARIANT_BOOL* value) {
+    return Give(value, &ctlFolderTree::Enabled);
+}
 
-HRESULT ControlDispatch::put_Enabled(VARIANT_BOOL value) { return Take(value, &ctlFolderTree::SetEnabled); }
+HRESULT ControlDispatch::put_Enabled(VARIANT_BOOL value) {
+    return Take(value, &ctlFolderTree::SetEnabled);
+}
 
 HRESULT ControlDispatch::get_HighlightContactFolders(VARIANT_BOOL* value) {
     return Give(value, &ctlFolderTree::HighlightContactFolders);
@@ -155,23 +176,37 @@ HRESULT ControlDispatch::put_HighlightJournalFolders(VARIANT_BOOL value) {
     return Take(value, &ctlFolderTree::SetHighlightJournalFolders);
 }
 
-HRESULT ControlDispatch::get_ExtendToLevel(LONG* value) { return Give(value, &ctlFolderTree::ExtendToLevel); }
+HRESULT ControlDispatch::get_ExtendToLevel(LONG* value) {
+    return Give(value, &ctlFolderTree::ExtendToLevel);
+}
 
 HRESULT ControlDispatch::put_ExtendToLevel(LONG value) {
     return Run([&](ctlFolderTree& core) { core.SetExtendToLevel(value); });
 }
 
-HRESULT ControlDispatch::get_RDOSessionRef(IDispatch** value) { return Give(value, &ctlFolderTree::RDOSessionRef); }
+HRESULT ControlDispatch::get_RDOSessionRef(IDispatch** value) {
+    return Give(value, &ctlFolderTree::RDOSessionRef);
+}
 
-HRESULT ControlDispatch::putref_RDOSessionRef(IDispatch* value) { return Take(value, &ctlFolderTree::SetRDOSessionRef); }
+HRESULT ControlDispatch::putref_RDOSessionRef(IDispatch* value) {
+    return Take(value, &ctlFolderTree::SetRDOSessionRef);
+}
 
-HRESULT ControlDispatch::get_MultiSelect(VARIANT_BOOL* value) { return Give(value, &ctlFolderTree::MultiSelect); }
+HRESULT ControlDispatch::get_MultiSelect(VARIANT_BOOL* value) {
+    return Give(value, &ctlFolderTree::MultiSelect);
+}
 
-HRESULT ControlDispatch::put_MultiSelect(VARIANT_BOOL value) { return Take(value, &ctlFolderTree::SetMultiSelect); }
+HRESULT ControlDispatch::put_MultiSelect(VARIANT_BOOL value) {
+    return Take(value, &ctlFolderTree::SetMultiSelect);
+}
 
-HRESULT ControlDispatch::get_AllowIndexing(VARIANT_BOOL* value) { return Give(value, &ctlFolderTree::AllowIndexing); }
+HRESULT ControlDispatch::get_AllowIndexing(VARIANT_BOOL* value) {
+    return Give(value, &ctlFolderTree::AllowIndexing);
+}
 
-HRESULT ControlDispatch::put_AllowIndexing(VARIANT_BOOL value) { return Take(value, &ctlFolderTree::SetAllowIndexing); }
+HRESULT ControlDispatch::put_AllowIndexing(VARIANT_BOOL value) {
+    return Take(value, &ctlFolderTree::SetAllowIndexing);
+}
 
 HRESULT ControlDispatch::get_ShowAddressBook(VARIANT_BOOL* value) {
     return Give(value, &ctlFolderTree::ShowAddressBook);
@@ -217,14 +252,17 @@ HRESULT ControlDispatch::CreateSelItem(LONG lFolderRecID, BSTR sStoreID, BSTR sE
 
 HRESULT ControlDispatch::get_InfoStoreAccessMode(::enuInfoStoreAccessMode* value) {
     if (value == nullptr) return E_POINTER;
-    return Run([&](ctlFolderTree& core) { *value = static_cast<::enuInfoStoreAccessMode>(core.InfoStoreAccessMode()); });
+    return Run(
+        [&](ctlFolderTree& core) { *value = static_cast<::enuInfoStoreAccessMode>(core.InfoStoreAccessMode()); });
 }
 
 HRESULT ControlDispatch::put_InfoStoreAccessMode(::enuInfoStoreAccessMode value) {
     return Run([&](ctlFolderTree& core) { core.SetInfoStoreAccessMode(static_cast<enuInfoStoreAccessMode>(value)); });
 }
 
-HRESULT ControlDispatch::get_BufferedToLevel(LONG* value) { return Give(value, &ctlFolderTree::BufferedToLevel); }
+HRESULT ControlDispatch::get_BufferedToLevel(LONG* value) {
+    return Give(value, &ctlFolderTree::BufferedToLevel);
+}
 
 HRESULT ControlDispatch::CollapseToSelection() {
     return Run([](ctlFolderTree& core) { core.CollapseToSelection(); });

@@ -3,7 +3,6 @@
 
 #include "win32/WindowsNames.h"
 
-
 #include "FolderTree.idl.h"
 #include "ctlFolderTree.h"
 #include "win32/ComPart.h"
@@ -22,8 +21,9 @@ class ControlDispatch final : public ComPart<_ctlFolderTree> {
     STDMETHOD(GetTypeInfoCount)(UINT* count) override;
     STDMETHOD(GetTypeInfo)(UINT index, LCID locale, ITypeInfo** info) override;
     STDMETHOD(GetIDsOfNames)(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
-    STDMETHOD(Invoke)(DISPID member, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                      EXCEPINFO* exception, UINT* badArgument) override;
+    STDMETHOD(Invoke)
+    (DISPID member, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+     UINT* badArgument) override;
 
     // _ctlFolderTree
     STDMETHOD(putref_Application)(IDispatch* value) override;
@@ -59,10 +59,12 @@ class ControlDispatch final : public ComPart<_ctlFolderTree> {
     STDMETHOD(SelectAll)() override;
     STDMETHOD(SelectByType)(::enuFTIItemType eType, VARIANT_BOOL bAdditional) override;
     STDMETHOD(RefreshList)() override;
-    STDMETHOD(Localize)(BSTR sIndexColName, BSTR sSelectionColName, BSTR sNameColName, BSTR sAddressListRowName,
-                        BSTR sPleaseWait, BSTR sCancel) override;
-    STDMETHOD(CreateSelItem)(LONG lFolderRecID, BSTR sStoreID, BSTR sEntryID, BSTR sEntryIDShort, BSTR sAdListID,
-                             _clsFolderTreeItem** item) override;
+    STDMETHOD(Localize)
+    (BSTR sIndexColName, BSTR sSelectionColName, BSTR sNameColName, BSTR sAddressListRowName, BSTR sPleaseWait,
+     BSTR sCancel) override;
+    STDMETHOD(CreateSelItem)
+    (LONG lFolderRecID, BSTR sStoreID, BSTR sEntryID, BSTR sEntryIDShort, BSTR sAdListID,
+     _clsFolderTreeItem** item) override;
     STDMETHOD(get_InfoStoreAccessMode)(::enuInfoStoreAccessMode* value) override;
     STDMETHOD(put_InfoStoreAccessMode)(::enuInfoStoreAccessMode value) override;
     STDMETHOD(get_BufferedToLevel)(LONG* value) override;

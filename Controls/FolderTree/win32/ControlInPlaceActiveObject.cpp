@@ -8,9 +8,13 @@ namespace foldertree {
 
 ControlInPlaceActiveObject::ControlInPlaceActiveObject(ControlObject& object) : ComPart(object), object_(object) {}
 
-HRESULT ControlInPlaceActiveObject::GetWindow(HWND* window) { return object_.Interfaces().inPlace.GetWindow(window); }
+HRESULT ControlInPlaceActiveObject::GetWindow(HWND* window) {
+    return object_.Interfaces().inPlace.GetWindow(window);
+}
 
-HRESULT ControlInPlaceActiveObject::ContextSensitiveHelp(BOOL) { return S_OK; }
+HRESULT ControlInPlaceActiveObject::ContextSensitiveHelp(BOOL) {
+    return S_OK;
+}
 
 HRESULT ControlInPlaceActiveObject::TranslateAccelerator(MSG* message) {
     if (message == nullptr) return E_POINTER;
@@ -23,12 +27,20 @@ HRESULT ControlInPlaceActiveObject::TranslateAccelerator(MSG* message) {
     return site != nullptr ? site->TranslateAccelerator(message, modifiers) : S_FALSE;
 }
 
-HRESULT ControlInPlaceActiveObject::OnFrameWindowActivate(BOOL) { return S_OK; }
+HRESULT ControlInPlaceActiveObject::OnFrameWindowActivate(BOOL) {
+    return S_OK;
+}
 
-HRESULT ControlInPlaceActiveObject::OnDocWindowActivate(BOOL) { return S_OK; }
+HRESULT ControlInPlaceActiveObject::OnDocWindowActivate(BOOL) {
+    return S_OK;
+}
 
-HRESULT ControlInPlaceActiveObject::ResizeBorder(const RECT*, IOleInPlaceUIWindow*, BOOL) { return S_OK; }
+HRESULT ControlInPlaceActiveObject::ResizeBorder(const RECT*, IOleInPlaceUIWindow*, BOOL) {
+    return S_OK;
+}
 
-HRESULT ControlInPlaceActiveObject::EnableModeless(BOOL) { return S_OK; }
+HRESULT ControlInPlaceActiveObject::EnableModeless(BOOL) {
+    return S_OK;
+}
 
 }  // namespace foldertree

@@ -86,7 +86,9 @@ HRESULT ControlInPlaceObject::GetWindow(HWND* window) {
     return *window != nullptr ? S_OK : E_FAIL;
 }
 
-HRESULT ControlInPlaceObject::ContextSensitiveHelp(BOOL) { return S_OK; }
+HRESULT ControlInPlaceObject::ContextSensitiveHelp(BOOL) {
+    return S_OK;
+}
 
 HRESULT ControlInPlaceObject::InPlaceDeactivate() {
     const ControlObject::Use use(object_);
@@ -124,6 +126,8 @@ HRESULT ControlInPlaceObject::SetObjectRects(const RECT* place, const RECT* clip
     return S_OK;
 }
 
-HRESULT ControlInPlaceObject::ReactivateAndUndo() { return E_NOTIMPL; }
+HRESULT ControlInPlaceObject::ReactivateAndUndo() {
+    return E_NOTIMPL;
+}
 
 }  // namespace foldertree

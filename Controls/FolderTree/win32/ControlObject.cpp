@@ -6,7 +6,11 @@
 
 namespace foldertree {
 
-automation::ComPtr<IUnknown> ControlObject::Create() { return automation::ComPtr<IUnknown>(new ControlObject); }
+automation::ComPtr<IUnknown> ControlObject::Create() {
+    automation::ComPtr<IUnknown> control;
+    control.Attach(new ControlObject);
+    return control;
+}
 
 ControlObject::ControlObject()
     : platform_(std::make_unique<ControlPlatform>(*this)), interfaces_(std::make_unique<ControlInterfaces>(*this)) {
@@ -16,9 +20,13 @@ ControlObject::ControlObject()
     interfaces_->inPlace.WatchWindow();
 }
 
-ControlObject::~ControlObject() { End(); }
+ControlObject::~ControlObject() {
+    End();
+}
 
-ULONG ControlObject::AddRef() { return ++references_; }
+ULONG ControlObject::AddRef() {
+    return ++references_;
+}
 
 ULONG ControlObject::Release() {
     const ULONG left = --references_;

@@ -3,9 +3,6 @@
 
 #include "win32/WindowsNames.h"
 
-
-#include <windows.h>
-
 #include <memory>
 
 #include "automation_win32/ComPtr.h"
@@ -19,9 +16,9 @@ namespace foldertree {
 class ControlInterfaces;
 class ControlPlatform;
 
-/// Two counts keep the object: references are the host's, uses are calls that run inside it. With the last reference the
-/// control ends at once (UserControl_Terminate), also in the middle of a load that yielded; its memory goes when the last
-/// running call has left it. One thread only.
+/// Two counts keep the object: references are the host's, uses are calls that run inside it. With the last reference
+/// the control ends at once (UserControl_Terminate), also in the middle of a load that yielded; its memory goes when
+/// the last running call has left it. One thread only.
 class ControlObject final : public IUnknown {
   public:
     /// A new control, with one reference.
@@ -66,7 +63,7 @@ class ControlObject final : public IUnknown {
     ~ControlObject();
 
     const automation::ModuleLock lock_;
-    ULONG references_ = 0;
+    ULONG references_ = 1;
     ULONG uses_ = 0;
     bool ended_ = false;
     ClientSite site_;

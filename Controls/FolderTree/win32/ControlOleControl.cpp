@@ -18,7 +18,9 @@ HRESULT ControlOleControl::GetControlInfo(CONTROLINFO* info) {
     return S_OK;
 }
 
-HRESULT ControlOleControl::OnMnemonic(MSG*) { return S_OK; }
+HRESULT ControlOleControl::OnMnemonic(MSG*) {
+    return S_OK;
+}
 
 HRESULT ControlOleControl::OnAmbientPropertyChange(DISPID property) {
     const ControlObject::Use use(object_);

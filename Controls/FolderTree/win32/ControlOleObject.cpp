@@ -24,7 +24,9 @@ HRESULT ControlOleObject::GetClientSite(IOleClientSite** site) {
     return S_OK;
 }
 
-HRESULT ControlOleObject::SetHostNames(LPCOLESTR, LPCOLESTR) { return S_OK; }
+HRESULT ControlOleObject::SetHostNames(LPCOLESTR, LPCOLESTR) {
+    return S_OK;
+}
 
 void ControlOleObject::SaveIfAsked(DWORD saveOption) {
     if (saveOption == OLECLOSE_NOSAVE || !object_.dirty || object_.Site().Get() == nullptr) return;
@@ -41,7 +43,9 @@ HRESULT ControlOleObject::Close(DWORD saveOption) {
     return S_OK;
 }
 
-HRESULT ControlOleObject::SetMoniker(DWORD, IMoniker*) { return E_NOTIMPL; }
+HRESULT ControlOleObject::SetMoniker(DWORD, IMoniker*) {
+    return E_NOTIMPL;
+}
 
 HRESULT ControlOleObject::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
     if (moniker == nullptr) return E_POINTER;
@@ -49,7 +53,9 @@ HRESULT ControlOleObject::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
     return E_NOTIMPL;
 }
 
-HRESULT ControlOleObject::InitFromData(IDataObject*, BOOL, DWORD) { return E_NOTIMPL; }
+HRESULT ControlOleObject::InitFromData(IDataObject*, BOOL, DWORD) {
+    return E_NOTIMPL;
+}
 
 HRESULT ControlOleObject::GetClipboardData(DWORD, IDataObject** data) {
     if (data == nullptr) return E_POINTER;
@@ -82,9 +88,13 @@ HRESULT ControlOleObject::EnumVerbs(IEnumOLEVERB** verbs) {
     return OLEOBJ_E_NOVERBS;
 }
 
-HRESULT ControlOleObject::Update() { return S_OK; }
+HRESULT ControlOleObject::Update() {
+    return S_OK;
+}
 
-HRESULT ControlOleObject::IsUpToDate() { return S_OK; }
+HRESULT ControlOleObject::IsUpToDate() {
+    return S_OK;
+}
 
 HRESULT ControlOleObject::GetUserClassID(CLSID* clsid) {
     if (clsid == nullptr) return E_POINTER;
@@ -135,6 +145,8 @@ HRESULT ControlOleObject::GetMiscStatus(DWORD aspect, DWORD* status) {
     return S_OK;
 }
 
-HRESULT ControlOleObject::SetColorScheme(LOGPALETTE*) { return E_NOTIMPL; }
+HRESULT ControlOleObject::SetColorScheme(LOGPALETTE*) {
+    return E_NOTIMPL;
+}
 
 }  // namespace foldertree

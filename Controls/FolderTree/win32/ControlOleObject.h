@@ -11,8 +11,8 @@ namespace foldertree {
 
 class ControlObject;
 
-/// The control's OLEMISC flags, as they are registered: it is active in place whenever it is visible, paints itself anew at
-/// every size, and wants its site before its settings, since its font comes from there.
+/// The control's OLEMISC flags, as they are registered: it is active in place whenever it is visible, paints itself
+/// anew at every size, and wants its site before its settings, since its font comes from there.
 inline constexpr DWORD controlMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
                                            OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
 

@@ -10,9 +10,13 @@ namespace foldertree {
 
 ControlPersistPropertyBag::ControlPersistPropertyBag(ControlObject& object) : ComPart(object), object_(object) {}
 
-HRESULT ControlPersistPropertyBag::GetClassID(CLSID* clsid) { return object_.Interfaces().stream.GetClassID(clsid); }
+HRESULT ControlPersistPropertyBag::GetClassID(CLSID* clsid) {
+    return object_.Interfaces().stream.GetClassID(clsid);
+}
 
-HRESULT ControlPersistPropertyBag::InitNew() { return object_.Interfaces().stream.InitNew(); }
+HRESULT ControlPersistPropertyBag::InitNew() {
+    return object_.Interfaces().stream.InitNew();
+}
 
 HRESULT ControlPersistPropertyBag::Load(IPropertyBag* bag, IErrorLog* log) {
     if (bag == nullptr) return E_POINTER;

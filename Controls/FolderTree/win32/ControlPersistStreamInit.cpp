@@ -18,7 +18,9 @@ HRESULT ControlPersistStreamInit::GetClassID(CLSID* clsid) {
     return S_OK;
 }
 
-HRESULT ControlPersistStreamInit::IsDirty() { return object_.dirty ? S_OK : S_FALSE; }
+HRESULT ControlPersistStreamInit::IsDirty() {
+    return object_.dirty ? S_OK : S_FALSE;
+}
 
 HRESULT ControlPersistStreamInit::Load(IStream* stream) {
     if (stream == nullptr) return E_POINTER;

@@ -43,7 +43,8 @@ DISPID PropertyId(std::string_view name) {
 
 void ControlPlatform::Yield() {
     const ControlObject::Use use(object_);
-    const bool goesOn = PumpWaitingMessages([this](MSG& message) { return object_.Window().TranslateAccelerator(message); });
+    const bool goesOn =
+        PumpWaitingMessages([this](MSG& message) { return object_.Window().TranslateAccelerator(message); });
     if (!goesOn) object_.Core().CancelLoad();
 }
 
@@ -81,7 +82,9 @@ automation::ObjectRef ControlPlatform::CreateFont(std::string_view name) {
     return automation::FromCom(font.Get());
 }
 
-automation::ObjectRef ControlPlatform::AmbientFont() { return automation::FromCom(object_.Site().Font().Get()); }
+automation::ObjectRef ControlPlatform::AmbientFont() {
+    return automation::FromCom(object_.Site().Font().Get());
+}
 
 int ControlPlatform::TwipsPerPixel() {
     constexpr int twipsPerInch = 1440;
@@ -109,8 +112,8 @@ void ControlPlatform::RaiseChanged() {
     for (const auto& sink : object_.Interfaces().connectionPoints.events.Sinks()) {
         DISPPARAMS none = {};
         // A sink that fails, or that went away meanwhile, is its own affair.
-        static_cast<IDispatch*>(sink.Get())->Invoke(changedEvent, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none,
-                                                    nullptr, nullptr, nullptr);
+        static_cast<IDispatch*>(sink.Get())
+            ->Invoke(changedEvent, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
     }
 }
 
@@ -123,6 +126,8 @@ void ControlPlatform::PropertyChanged(std::string_view name) {
     object_.Interfaces().view.SendViewChange();
 }
 
-void ControlPlatform::TraceLine(std::string_view line) { OutputDebugStringA(ToAnsi(ToWide(line, line.size())).c_str()); }
+void ControlPlatform::TraceLine(std::string_view line) {
+    OutputDebugStringA(ToAnsi(ToWide(line, line.size())).c_str());
+}
 
 }  // namespace foldertree

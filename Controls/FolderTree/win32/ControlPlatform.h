@@ -3,7 +3,6 @@
 
 #include "win32/WindowsNames.h"
 
-
 #include "automation_win32/ComObjectFactory.h"
 #include "shell/ControlHost.h"
 #include "win32/ControlWindow.h"

@@ -35,9 +35,13 @@ HRESULT ControlViewObject::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC,
     return S_FALSE;
 }
 
-HRESULT ControlViewObject::Freeze(DWORD, LONG, void*, DWORD*) { return E_NOTIMPL; }
+HRESULT ControlViewObject::Freeze(DWORD, LONG, void*, DWORD*) {
+    return E_NOTIMPL;
+}
 
-HRESULT ControlViewObject::Unfreeze(DWORD) { return E_NOTIMPL; }
+HRESULT ControlViewObject::Unfreeze(DWORD) {
+    return E_NOTIMPL;
+}
 
 HRESULT ControlViewObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
     const ControlObject::Use use(object_);

@@ -17,11 +17,11 @@ class ControlViewObject final : public ComPart<IViewObject2> {
     /// Tells the container that an earlier picture is out of date.
     void SendViewChange();
 
-    STDMETHOD(Draw)(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC target, HDC dc,
-                    LPCRECTL bounds, LPCRECTL windowBounds, BOOL(STDMETHODCALLTYPE* goesOn)(ULONG_PTR),
-                    ULONG_PTR argument) override;
-    STDMETHOD(GetColorSet)(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC target,
-                           LOGPALETTE** colors) override;
+    STDMETHOD(Draw)
+    (DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC target, HDC dc, LPCRECTL bounds,
+     LPCRECTL windowBounds, BOOL(STDMETHODCALLTYPE* goesOn)(ULONG_PTR), ULONG_PTR argument) override;
+    STDMETHOD(GetColorSet)
+    (DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC target, LOGPALETTE** colors) override;
     STDMETHOD(Freeze)(DWORD aspect, LONG index, void* aspectInfo, DWORD* freeze) override;
     STDMETHOD(Unfreeze)(DWORD freeze) override;
     STDMETHOD(SetAdvise)(DWORD aspects, DWORD flags, IAdviseSink* sink) override;

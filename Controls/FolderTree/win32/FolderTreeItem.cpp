@@ -48,8 +48,9 @@ class FolderTreeItem final
     STDMETHOD(GetIDsOfNames)(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
         return dispatch_.GetIDsOfNames(names, count, ids);
     }
-    STDMETHOD(Invoke)(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                      EXCEPINFO* exception, UINT* badArgument) override {
+    STDMETHOD(Invoke)
+    (DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+     UINT* badArgument) override {
         return dispatch_.Invoke(static_cast<_clsFolderTreeItem*>(this), member, flags, parameters, result, exception,
                                 badArgument);
     }

@@ -43,12 +43,20 @@ HRESULT WINAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
     return Server().GetClassObject(clsid, iid, object);
 }
 
-HRESULT WINAPI DllCanUnloadNow() { return Server().CanUnloadNow(); }
+HRESULT WINAPI DllCanUnloadNow() {
+    return Server().CanUnloadNow();
+}
 
-HRESULT WINAPI DllRegisterServer() { return Server().Register(automation::RegistryScope::Machine); }
+HRESULT WINAPI DllRegisterServer() {
+    return Server().Register(automation::RegistryScope::Machine);
+}
 
-HRESULT WINAPI DllUnregisterServer() { return Server().Unregister(automation::RegistryScope::Machine); }
+HRESULT WINAPI DllUnregisterServer() {
+    return Server().Unregister(automation::RegistryScope::Machine);
+}
 
-HRESULT WINAPI DllInstall(BOOL install, LPCWSTR commandLine) { return Server().Install(install, commandLine); }
+HRESULT WINAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+    return Server().Install(install, commandLine);
+}
 
 }  // extern "C"

@@ -30,7 +30,9 @@ LateBoundArguments::LateBoundArguments(DISPID member, WORD flags, DISPPARAMS& pa
     if ((flags & DISPATCH_METHOD) != 0 && member == killCollection) PassByReference();
 }
 
-LateBoundArguments::~LateBoundArguments() { VariantClear(&own_); }
+LateBoundArguments::~LateBoundArguments() {
+    VariantClear(&own_);
+}
 
 void LateBoundArguments::TakeReference() {
     flags_ = DISPATCH_PROPERTYPUTREF;

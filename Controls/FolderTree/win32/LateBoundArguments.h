@@ -8,8 +8,8 @@
 namespace foldertree {
 
 /// Two forms differ. Script hosts assign an object without `Set` (by value instead of by reference), or assign Null or
-/// Empty where they mean Nothing. And a collection that is handed to KillCollection by value must not be taken away from
-/// the caller, who still owns that reference.
+/// Empty where they mean Nothing. And a collection that is handed to KillCollection by value must not be taken away
+/// from the caller, who still owns that reference.
 class LateBoundArguments {
   public:
     /// `parameters` must outlive the call.

@@ -7,9 +7,10 @@
 
 namespace foldertree {
 
-/// Handles the messages that are waiting; at most a fixed number of them, and not at all when too many pumps are already
-/// running inside each other, so that a message that sends itself again cannot hold the load up. `translate` may take a
-/// message for itself. Returns false when the program is ending; its WM_QUIT is posted again for the loop that must see it.
+/// Handles the messages that are waiting; at most a fixed number of them, and not at all when too many pumps are
+/// already running inside each other, so that a message that sends itself again cannot hold the load up. `translate`
+/// may take a message for itself. Returns false when the program is ending; its WM_QUIT is posted again for the loop
+/// that must see it.
 bool PumpWaitingMessages(const std::function<bool(MSG&)>& translate);
 
 }  // namespace foldertree

@@ -21,8 +21,9 @@ constexpr uint32_t streamVersion = 1;
 
 // Streams that containers have saved depend on this order: add new settings at the end, with a new version.
 constexpr const char* settings[] = {
-    "Enabled",       "HighlightContactFolders", "HighlightJournalFolders", "HighlightTaskFolders", "MultiSelect",
-    "AllowIndexing", "ShowAddressBook",         "ExtendToLevel",           "Font",                 "InfoStoreAccessMode",
+    "Enabled",     "HighlightContactFolders", "HighlightJournalFolders", "HighlightTaskFolders",
+    "MultiSelect", "AllowIndexing",           "ShowAddressBook",         "ExtendToLevel",
+    "Font",        "InfoStoreAccessMode",
 };
 
 template <class Number>

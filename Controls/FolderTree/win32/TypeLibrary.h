@@ -20,8 +20,8 @@ automation::ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid);
 /// As TypeInfoOf, for a method of COM that answers with it.
 HRESULT GiveTypeInfo(REFGUID guid, ITypeInfo** info) noexcept;
 
-/// The four methods of IDispatch, told by an interface's description. It holds no object: Invoke is handed the one whose
-/// slots are called, which must be of exactly that interface.
+/// The four methods of IDispatch, told by an interface's description. It holds no object: Invoke is handed the one
+/// whose slots are called, which must be of exactly that interface.
 class TypeInfoDispatch {
   public:
     explicit constexpr TypeInfoDispatch(const IID& interfaceId) : interfaceId_(interfaceId) {}
@@ -29,8 +29,8 @@ class TypeInfoDispatch {
     HRESULT GetTypeInfoCount(UINT* count) const noexcept;
     HRESULT GetTypeInfo(UINT index, ITypeInfo** info) const noexcept;
     HRESULT GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const noexcept;
-    HRESULT Invoke(void* object, DISPID member, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
-                   UINT* badArgument) const noexcept;
+    HRESULT Invoke(void* object, DISPID member, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                   EXCEPINFO* exception, UINT* badArgument) const noexcept;
 
   private:
     IID interfaceId_;
