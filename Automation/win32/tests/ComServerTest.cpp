@@ -158,6 +158,7 @@ TEST(ComServer, RemovalLeavesTheLibraryOfTheOtherProcessor) {
     EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\win32"), L"other");
     EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\win64"), L"(missing)");
     RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Classes\\" + libraryKey).c_str());
+    EXPECT_EQ(server.Unregister(RegistryScope::User), S_OK);  // takes the empty folder too
 }
 
 TEST(ComServer, RegistrationForTheMachineIsSeenByTheSystem) {

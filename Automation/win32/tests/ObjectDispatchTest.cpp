@@ -79,7 +79,7 @@ TEST_F(ObjectDispatchTest, ArgumentsByNameKeepTheirNames) {
     DISPID numbers[2];
     ASSERT_EQ(dispatch_->GetIDsOfNames(IID_NULL, names, 2, 0, numbers), S_OK);
     EXPECT_EQ(Invoke(numbers[0], DISPATCH_METHOD, {false, "profile"}, {numbers[1]}), S_OK);
-    EXPECT_EQ(log_->Lines(), (Lines{"O.Logon(\"profile\", newsession:=False)"}));
+    EXPECT_EQ(log_->Lines(), (Lines{"O.Logon(\"profile\", NewSession:=False)"}));
 }
 
 TEST_F(ObjectDispatchTest, PropertiesArePutByValueAndByReference) {
