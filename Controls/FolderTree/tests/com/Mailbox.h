@@ -11,7 +11,7 @@ namespace foldertree::testing {
 /// Counts the calls of the session and of everything that was reached from it, and acts at one of them.
 struct Tripwire {
     int calls = 0;
-    int actAt = 0;                ///< 0: never
+    int actAt = 0;                 ///< 0: never
     std::function<void()> action;  ///< runs inside that call, before it is answered
 };
 

@@ -76,7 +76,8 @@ class Registration : public ::testing::Test {
         // The way there is not ours to remove.
         keys.erase("\\Software");
         keys.erase("\\Software\\Classes");
-        for (const char* shared : {"CLSID", "TypeLib", "Interface"}) keys.erase(std::string("\\Software\\Classes\\") + shared);
+        for (const char* shared : {"CLSID", "TypeLib", "Interface"})
+            keys.erase(std::string("\\Software\\Classes\\") + shared);
         return keys;
     }
 

@@ -35,8 +35,7 @@ class ComEnvironment : public ::testing::Environment {
     DWORD cookies_[2] = {};
 };
 
-[[maybe_unused]] ::testing::Environment* const environment =
-    ::testing::AddGlobalTestEnvironment(new ComEnvironment);
+[[maybe_unused]] ::testing::Environment* const environment = ::testing::AddGlobalTestEnvironment(new ComEnvironment);
 
 template <class Interface>
 ComPtr<Interface> Create(const CLSID& clsid) {

@@ -96,31 +96,29 @@ std::vector<std::string> SlotMembers(const GUID& guid) {
 }
 
 TEST(TypeLibrary, ListsTheMembersOfTheControlInInterfaceOrder) {
-    EXPECT_THAT(SlotMembers(__uuidof(_ctlFolderTree)),
-                ElementsAre("set Application", "get Application", "get CDOSession", "set Font", "get Font",
-                            "call GetMsgItem(sStoreID, sEntryID)", "call GetAdListItem(sAdListID, sAdListEntryID)",
-                            "call KillCollection(oColl)", "get ListCount", "set SelectedItem", "get SelectedItem",
-                            "set Selection", "get Selection", "get Enabled", "let Enabled",
-                            "get HighlightContactFolders", "let HighlightContactFolders",
-                            "get HighlightJournalFolders", "let HighlightJournalFolders", "get ExtendToLevel",
-                            "let ExtendToLevel", "get RDOSessionRef", "set RDOSessionRef", "get MultiSelect",
-                            "let MultiSelect", "get AllowIndexing", "let AllowIndexing", "get ShowAddressBook",
-                            "let ShowAddressBook", "call SelectNone", "call SelectAll",
-                            "call SelectByType(eType, bAdditional)", "call RefreshList",
-                            "call Localize(sIndexColName, sSelectionColName, sNameColName, sAddressListRowName, "
-                            "sPleaseWait, sCancel)",
-                            "call CreateSelItem(lFolderRecID, sStoreID, sEntryID, sEntryIDShort, sAdListID)",
-                            "get InfoStoreAccessMode", "let InfoStoreAccessMode", "get BufferedToLevel",
-                            "call CollapseToSelection", "call CollapseToType(veType)", "get HighlightTaskFolders",
-                            "let HighlightTaskFolders"));
+    EXPECT_THAT(
+        SlotMembers(__uuidof(_ctlFolderTree)),
+        ElementsAre(
+            "set Application", "get Application", "get CDOSession", "set Font", "get Font",
+            "call GetMsgItem(sStoreID, sEntryID)", "call GetAdListItem(sAdListID, sAdListEntryID)",
+            "call KillCollection(oColl)", "get ListCount", "set SelectedItem", "get SelectedItem", "set Selection",
+            "get Selection", "get Enabled", "let Enabled", "get HighlightContactFolders", "let HighlightContactFolders",
+            "get HighlightJournalFolders", "let HighlightJournalFolders", "get ExtendToLevel", "let ExtendToLevel",
+            "get RDOSessionRef", "set RDOSessionRef", "get MultiSelect", "let MultiSelect", "get AllowIndexing",
+            "let AllowIndexing", "get ShowAddressBook", "let ShowAddressBook", "call SelectNone", "call SelectAll",
+            "call SelectByType(eType, bAdditional)", "call RefreshList",
+            "call Localize(sIndexColName, sSelectionColName, sNameColName, sAddressListRowName, "
+            "sPleaseWait, sCancel)",
+            "call CreateSelItem(lFolderRecID, sStoreID, sEntryID, sEntryIDShort, sAdListID)", "get InfoStoreAccessMode",
+            "let InfoStoreAccessMode", "get BufferedToLevel", "call CollapseToSelection", "call CollapseToType(veType)",
+            "get HighlightTaskFolders", "let HighlightTaskFolders"));
 }
 
 TEST(TypeLibrary, ListsTheMembersOfTheItemInInterfaceOrder) {
     EXPECT_THAT(SlotMembers(__uuidof(_clsFolderTreeItem)),
                 ElementsAre("get Incomplete", "get IsAddressList", "get Key", "get Selected", "get StoreID",
-                            "get EntryID", "get AddressListID", "get EntryIDShort", "get Name", "get Path",
-                            "let Index", "get Index", "get ItemType", "get KeyShortEntryID", "get KeyAlternate",
-                            "get FolderRecID"));
+                            "get EntryID", "get AddressListID", "get EntryIDShort", "get Name", "get Path", "let Index",
+                            "get Index", "get ItemType", "get KeyShortEntryID", "get KeyAlternate", "get FolderRecID"));
 }
 
 TEST(TypeLibrary, ListsTheOneEvent) {
@@ -146,18 +144,16 @@ std::vector<std::pair<std::string, int>> Constants(const wchar_t* name) {
 
 TEST(TypeLibrary, ListsTheItemTypesInTheOrderOfTheirDeclaration) {
     const std::pair<std::string, int> wanted[] = {
-        {"FTIUnknown", -1},   {"FTIAppointmentItem", 1}, {"FTIContactItem", 2}, {"FTIDistributionList", 7},
+        {"FTIUnknown", -1},    {"FTIAppointmentItem", 1}, {"FTIContactItem", 2}, {"FTIDistributionList", 7},
         {"FTIjournalItem", 4}, {"FTIMailItem", 0},        {"FTINoteItem", 5},    {"FTIPostItem", 6},
-        {"FTITaskItem", 3},   {"FTITrashcan", 8},        {"FTIInbox", 9},       {"FTIOutbox", 10},
-        {"FTISent", 11},      {"FTIDraft", 12},          {"FTIHome", 13}};
+        {"FTITaskItem", 3},    {"FTITrashcan", 8},        {"FTIInbox", 9},       {"FTIOutbox", 10},
+        {"FTISent", 11},       {"FTIDraft", 12},          {"FTIHome", 13}};
     EXPECT_THAT(Constants(L"enuFTIItemType"), ElementsAreArray(wanted));
 }
 
 TEST(TypeLibrary, ListsTheAccessModes) {
-    const std::pair<std::string, int> wanted[] = {{"eISAccess_RDO_MAPITables", 0},
-                                                  {"eISAccess_RDO_Objects", 1},
-                                                  {"eISAccess_Outlook", 2},
-                                                  {"eISAccess_CDO", 3}};
+    const std::pair<std::string, int> wanted[] = {
+        {"eISAccess_RDO_MAPITables", 0}, {"eISAccess_RDO_Objects", 1}, {"eISAccess_Outlook", 2}, {"eISAccess_CDO", 3}};
     EXPECT_THAT(Constants(L"enuInfoStoreAccessMode"), ElementsAreArray(wanted));
 }
 
