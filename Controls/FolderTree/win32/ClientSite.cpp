@@ -29,7 +29,7 @@ ComPtr<IDispatch> ClientSite::Font() const {
     VARIANT value = Ambient(DISPID_AMBIENT_FONT);
     ComPtr<IDispatch> font;
     if ((V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN) && V_UNKNOWN(&value) != nullptr)
-        V_UNKNOWN(&value)->QueryInterface(IID_PPV_ARGS(&font));
+        V_UNKNOWN(&value)->QueryInterface(IID_PPV_ARGS(font.GetAddressOf()));
     VariantClear(&value);
     return font;
 }

@@ -110,7 +110,7 @@ HRESULT ControlDispatch::get_Font(IFontDisp** value) {
     *value = nullptr;
     return Run([&](ctlFolderTree& core) {
         const auto font = automation::ToDispatch(core.Font());
-        if (font != nullptr) automation::Check(font.CopyTo(__uuidof(IFontDisp), reinterpret_cast<void**>(value)));
+        if (font) automation::Check(font->QueryInterface(__uuidof(IFontDisp), reinterpret_cast<void**>(value)));
     });
 }
 

@@ -33,7 +33,8 @@ HRESULT ControlInPlaceObject::Activate() {
     OLEINPLACEFRAMEINFO frameInfo = {};
     frameInfo.cb = sizeof(frameInfo);
     result = site->GetWindow(&parent);
-    if (SUCCEEDED(result)) result = site->GetWindowContext(&frame_, &document_, &place, &clip, &frameInfo);
+    if (SUCCEEDED(result))
+        result = site->GetWindowContext(frame_.GetAddressOf(), document_.GetAddressOf(), &place, &clip, &frameInfo);
     if (SUCCEEDED(result) && object_.Window().Create(parent, place) == nullptr) result = E_FAIL;
     if (FAILED(result)) {
         InPlaceDeactivate();

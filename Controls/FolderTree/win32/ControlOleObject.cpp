@@ -123,7 +123,7 @@ HRESULT ControlOleObject::GetExtent(DWORD aspect, SIZEL* extent) {
 
 HRESULT ControlOleObject::Advise(IAdviseSink* sink, DWORD* connection) {
     if (advises_ == nullptr) {
-        const HRESULT result = CreateOleAdviseHolder(&advises_);
+        const HRESULT result = CreateOleAdviseHolder(advises_.GetAddressOf());
         if (FAILED(result)) return result;
     }
     return advises_->Advise(sink, connection);

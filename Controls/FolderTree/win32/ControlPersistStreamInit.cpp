@@ -50,7 +50,7 @@ HRESULT ControlPersistStreamInit::GetSizeMax(ULARGE_INTEGER* size) {
     if (size == nullptr) return E_POINTER;
     size->QuadPart = 0;
     automation::ComPtr<IStream> stream;
-    HRESULT result = CreateStreamOnHGlobal(nullptr, TRUE, &stream);
+    HRESULT result = CreateStreamOnHGlobal(nullptr, TRUE, stream.GetAddressOf());
     if (SUCCEEDED(result)) result = Save(stream.Get(), FALSE);
     if (FAILED(result)) return result;
     return stream->Seek({}, STREAM_SEEK_CUR, size);

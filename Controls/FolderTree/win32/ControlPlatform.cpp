@@ -77,7 +77,8 @@ automation::ObjectRef ControlPlatform::CreateFont(std::string_view name) {
     description.sWeight = FW_NORMAL;
     description.sCharset = DEFAULT_CHARSET;
     ComPtr<IDispatch> font;
-    const HRESULT result = OleCreateFontIndirect(&description, IID_IFontDisp, &font);
+    const HRESULT result =
+        OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf()));
     if (FAILED(result)) throw automation::Error(static_cast<uint32_t>(result), "The font cannot be made.");
     return automation::FromCom(font.Get());
 }

@@ -55,7 +55,7 @@ HRESULT ControlViewObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* si
 HRESULT ControlViewObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
     if (aspects != nullptr) *aspects = aspects_;
     if (flags != nullptr) *flags = flags_;
-    if (sink != nullptr) sink_.CopyTo(sink);
+    if (sink != nullptr) *sink = automation::ComPtr<IAdviseSink>(sink_).Detach();
     return S_OK;
 }
 

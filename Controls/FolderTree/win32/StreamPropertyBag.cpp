@@ -48,7 +48,7 @@ Value ReadFont(IStream& stream) {
     Check(ReadClassStm(&stream, &clsid));
     if (clsid != CLSID_StdFont) Check(STG_E_INVALIDHEADER);
     ComPtr<IPersistStream> font;
-    Check(CoCreateInstance(CLSID_StdFont, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&font)));
+    Check(CoCreateInstance(CLSID_StdFont, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(font.GetAddressOf())));
     Check(font->Load(&stream));
     return automation::FromCom(font.Get());
 }

@@ -20,7 +20,7 @@ HMODULE ModuleOf(const void* address) {
 
 ComPtr<ITypeLib> Load() {
     ComPtr<ITypeLib> library;
-    Check(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library));
+    Check(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.GetAddressOf()));
     return library;
 }
 
@@ -47,7 +47,7 @@ ITypeLib& TypeLibrary() {
 
 ComPtr<ITypeInfo> TypeInfoOf(REFGUID guid) {
     ComPtr<ITypeInfo> info;
-    Check(TypeLibrary().GetTypeInfoOfGuid(guid, &info));
+    Check(TypeLibrary().GetTypeInfoOfGuid(guid, info.GetAddressOf()));
     return info;
 }
 
