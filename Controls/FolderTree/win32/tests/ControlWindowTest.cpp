@@ -168,9 +168,11 @@ TEST_F(ControlWindowTest, EscIsNotOursWithoutThePanelOrInAnotherWindow) {
     MSG message = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
     EXPECT_FALSE(control_->TranslateAccelerator(message));
     control_->ShowWaitPanel(true);
-    HostWindow stranger;
-    message = KeyMessage(stranger.Handle(), VK_ESCAPE);
+    const HWND stranger =
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    message = KeyMessage(stranger, VK_ESCAPE);
     EXPECT_FALSE(control_->TranslateAccelerator(message));
+    DestroyWindow(stranger);
     EXPECT_EQ(cancels_, 0);
 }
 

@@ -55,13 +55,21 @@ class RecordingEvents : public GridEvents {
     TreeGrid& grid_;
 };
 
-/// A top-level window that can be seen, for the windows under test.
+/// The program's one window on the screen. Without a window manager it takes Wine seconds to be rid of one.
+inline HWND Stage() {
+    static const HWND stage = CreateWindowExW(0, L"STATIC", L"Test stage", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 40,
+                                              40, 460, 500, nullptr, nullptr, nullptr, nullptr);
+    return stage;
+}
+
+/// The form of a host, for the windows under test.
 class HostWindow {
   public:
     HostWindow() {
-        handle_ = CreateWindowExW(0, L"STATIC", L"Test host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 40,
-                                  40, 460, 500, nullptr, nullptr, nullptr, nullptr);
-        SetForegroundWindow(handle_);
+        handle_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 460, 500, Stage(),
+                                  nullptr, nullptr, nullptr);
+        SetForegroundWindow(Stage());
+        SetFocus(handle_);
         Pump();
     }
     ~HostWindow() { Close(); }
