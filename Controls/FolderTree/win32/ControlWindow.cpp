@@ -1,11 +1,10 @@
 // ControlWindow: the control's own window, with the grid and the wait panel in it.
-// Before <windows.h>, whose macros rename Yield and CreateFont.
-#include "ctlFolderTree.h"
-
 #include "win32/ControlWindow.h"
 
 #include <algorithm>
 #include <cstdlib>
+
+#include "ctlFolderTree.h"
 
 namespace foldertree {
 namespace {

@@ -39,8 +39,9 @@ HWND WaitPanel::Create(HWND parent) {
         CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, 0, 0, 0, 0, Handle(),
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(cancelButton)), ThisModule(), nullptr);
     SendMessageW(button_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    captionsStale_ = true;
+    stale_ = captionsStale_ = true;
     Centre();
+    Refresh();
     Show(visible_);
     return Handle();
 }

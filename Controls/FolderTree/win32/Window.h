@@ -1,9 +1,9 @@
 // Window: a window with a C++ object behind it; the base of the control's windows.
 #pragma once
 
-#include <windows.h>
-
 #include <memory>
+
+#include "win32/WindowsNames.h"
 
 namespace foldertree {
 

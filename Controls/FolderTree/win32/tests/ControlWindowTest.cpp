@@ -1,0 +1,419 @@
+// ControlWindowTest: the control's window with its wait panel, in and out of a host window.
+#include "win32/ControlWindow.h"
+
+#include "WindowFixture.h"
+
+namespace foldertree {
+namespace {
+
+LRESULT CALLBACK CountPaints(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto standard = reinterpret_cast<WNDPROC>(GetPropW(window, L"standard"));
+    if (message == WM_PAINT)
+        SetPropW(window, L"paints",
+                 reinterpret_cast<HANDLE>(reinterpret_cast<INT_PTR>(GetPropW(window, L"paints")) + 1));
+    return CallWindowProcW(standard, window, message, wParam, lParam);
+}
+
+/// Counts the times that the window is painted from now on.
+void WatchPaints(HWND window) {
+    SetPropW(
+        window, L"standard",
+        reinterpret_cast<HANDLE>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CountPaints))));
+}
+INT_PTR PaintsOf(HWND window) {
+    return reinterpret_cast<INT_PTR>(GetPropW(window, L"paints"));
+}
+
+class ControlWindowTest : public testing::Test {
+  protected:
+    ControlWindowTest() {
+        SetUpGrid(grid_);
+        AddFolder(grid_, 0, "Mailbox", rowKind::store);
+        AddFolder(grid_, 1, "Inbox");
+        MakeControl();
+    }
+
+    void MakeControl() {
+        control_ = std::make_unique<ControlWindow>(ControlParts{grid_, events_, [this] { OnCancel(); }, owner_});
+    }
+    void Show() {
+        control_->Create(host_.Handle(), {10, 10, 410, 310});
+        HostWindow::Pump();
+    }
+    void OnCancel() {
+        ++cancels_;
+        const auto call = onCancel_;
+        if (call) call();
+    }
+    HWND Panel() const { return control_->Panel().Handle(); }
+    HWND CancelButton() const { return GetWindow(Panel(), GW_CHILD); }
+    static std::wstring TextOf(HWND window) {
+        wchar_t text[100];
+        return {text, static_cast<size_t>(GetWindowTextW(window, text, 100))};
+    }
+    static RECT PlaceInParent(HWND window) {
+        RECT place{};
+        GetWindowRect(window, &place);
+        MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    }
+    void ExpectCentred() const {
+        RECT inner{};
+        GetClientRect(control_->Handle(), &inner);
+        const RECT panel = PlaceInParent(Panel());
+        EXPECT_EQ(panel.left, (inner.right - (panel.right - panel.left)) / 2);
+        EXPECT_EQ(panel.top, (inner.bottom - (panel.bottom - panel.top)) / 2);
+    }
+    MSG KeyMessage(HWND window, WPARAM key) const { return {window, WM_KEYDOWN, key, 1, 0, {0, 0}}; }
+
+    HostWindow host_;
+    TreeGrid grid_;
+    RecordingEvents events_{grid_};
+    std::shared_ptr<void> owner_ = std::make_shared<int>(0);
+    std::function<void()> onCancel_;
+    int cancels_ = 0;
+    std::unique_ptr<ControlWindow> control_;
+};
+
+TEST_F(ControlWindowTest, TheGridFillsTheInnerAreaAndThePanelStandsInItsMiddle) {
+    Show();
+    for (const RECT& place : {RECT{0, 0, 420, 400}, RECT{5, 5, 360, 200}, RECT{0, 0, 100, 60}}) {
+        control_->Move(place);
+        RECT inner{};
+        GetClientRect(control_->Handle(), &inner);
+        const RECT grid = PlaceInParent(control_->Grid().Handle());
+        EXPECT_TRUE(EqualRect(&grid, &inner));
+        ExpectCentred();
+    }
+}
+
+TEST_F(ControlWindowTest, ThePanelIsHiddenUntilALoadShowsIt) {
+    Show();
+    EXPECT_FALSE(IsWindowVisible(Panel()));
+    control_->ShowWaitPanel(true);
+    EXPECT_TRUE(IsWindowVisible(Panel()));
+    control_->ShowWaitPanel(false);
+    EXPECT_FALSE(IsWindowVisible(Panel()));
+}
+
+TEST_F(ControlWindowTest, TheCancelButtonSaysCancelUntilItIsTranslated) {
+    Show();
+    EXPECT_EQ(TextOf(CancelButton()), L"Cancel");
+    control_->SetWaitCaptions("Bitte warten", "\xC3\x84ndern");
+    control_->FlushPaint();
+    EXPECT_EQ(TextOf(CancelButton()), L"\u00C4ndern");
+}
+
+TEST_F(ControlWindowTest, WhatWasSetBeforeThereIsAWindowShowsInIt) {
+    control_->SetWaitCaptions("Moment", "Stop");
+    control_->ShowWaitPanel(true);
+    control_->SetProgressText("Mailbox\\Inbox");
+    control_->SetProgress(10, 4);
+    Show();
+    EXPECT_TRUE(IsWindowVisible(Panel()));
+    EXPECT_EQ(TextOf(CancelButton()), L"Stop");
+}
+
+TEST_F(ControlWindowTest, AWindowThatIsMadeAnewShowsTheStateAsItIs) {
+    Show();
+    control_->ShowWaitPanel(true);
+    control_->Destroy();
+    EXPECT_EQ(control_->Handle(), nullptr);
+    EXPECT_EQ(control_->Grid().Handle(), nullptr);
+    control_->SetWaitCaptions("Moment", "Stop");
+    AddFolder(grid_, 1, "While away");
+    Show();
+    EXPECT_TRUE(IsWindowVisible(Panel()));
+    EXPECT_EQ(TextOf(CancelButton()), L"Stop");
+    ExpectCentred();
+}
+
+TEST_F(ControlWindowTest, WithoutAWindowEverythingCanBeCalled) {
+    control_->ShowWaitPanel(true);
+    control_->SetProgress(1, 5);
+    control_->SetBusyPointer(true);
+    control_->SetUserMode(false);
+    control_->FlushPaint();
+    control_->FontChanged();
+    control_->Move({0, 0, 10, 10});
+    MSG message = KeyMessage(nullptr, VK_ESCAPE);
+    EXPECT_FALSE(control_->TranslateAccelerator(message));
+    control_->Destroy();
+}
+
+// ---- Cancel
+
+TEST_F(ControlWindowTest, AClickOnCancelCancelsOnce) {
+    Show();
+    control_->ShowWaitPanel(true);
+    SendMessageW(CancelButton(), BM_CLICK, 0, 0);
+    HostWindow::Pump();
+    EXPECT_EQ(cancels_, 1);
+}
+
+TEST_F(ControlWindowTest, EscCancelsWhereverTheFocusIsInTheSameHostWindow) {
+    Show();
+    control_->ShowWaitPanel(true);
+    const HWND other = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 400, 50, 20, host_.Handle(), nullptr,
+                                       nullptr, nullptr);
+    for (HWND window : {control_->Grid().Handle(), CancelButton(), other, host_.Handle()}) {
+        MSG message = KeyMessage(window, VK_ESCAPE);
+        EXPECT_TRUE(control_->TranslateAccelerator(message));
+    }
+    EXPECT_EQ(cancels_, 4);
+}
+
+TEST_F(ControlWindowTest, EscIsNotOursWithoutThePanelOrInAnotherWindow) {
+    Show();
+    MSG message = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
+    EXPECT_FALSE(control_->TranslateAccelerator(message));
+    control_->ShowWaitPanel(true);
+    const HWND stranger =
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    message = KeyMessage(stranger, VK_ESCAPE);
+    EXPECT_FALSE(control_->TranslateAccelerator(message));
+    DestroyWindow(stranger);
+    EXPECT_EQ(cancels_, 0);
+}
+
+TEST_F(ControlWindowTest, TheFocusReturnsToTheGridWhenThePanelGoesWithIt) {
+    Show();
+    control_->ShowWaitPanel(true);
+    SetFocus(CancelButton());
+    control_->ShowWaitPanel(false);
+    EXPECT_EQ(GetFocus(), control_->Grid().Handle());
+}
+
+TEST_F(ControlWindowTest, TheControlMayEndInsideCancel) {
+    Show();
+    control_->ShowWaitPanel(true);
+    onCancel_ = [this] { control_.reset(); };
+    SendMessageW(CancelButton(), BM_CLICK, 0, 0);
+    HostWindow::Pump();
+    EXPECT_EQ(cancels_, 1);
+    EXPECT_EQ(control_, nullptr);
+}
+
+TEST_F(ControlWindowTest, TheControlMayEndInsideCancelByEsc) {
+    Show();
+    control_->ShowWaitPanel(true);
+    onCancel_ = [this] { control_.reset(); };
+    MSG message = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
+    EXPECT_TRUE(control_->TranslateAccelerator(message));
+    EXPECT_EQ(control_, nullptr);
+}
+
+// ---- Frames
+
+TEST_F(ControlWindowTest, AMillionProgressStepsArePaintedAtMostSixtyTimesASecond) {
+    Show();
+    control_->ShowWaitPanel(true);
+    WatchPaints(Panel());
+    const auto start = std::chrono::steady_clock::now();
+    for (int step = 1; step <= 1000000; ++step) {
+        control_->SetProgressText("Mailbox\\Folder");
+        control_->SetProgress(1000000, step);
+    }
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    const INT_PTR frames = PaintsOf(Panel());
+    RecordProperty("seconds", std::to_string(taken.count()));
+    EXPECT_GE(frames, 1);
+    EXPECT_LE(static_cast<double>(frames), taken.count() * 63 + 2);
+}
+
+TEST_F(ControlWindowTest, TheLastStepOfManyReachesTheScreen) {
+    Show();
+    control_->ShowWaitPanel(true);
+    for (int step = 1; step <= 1000; ++step) control_->SetProgress(1000, step);
+    EXPECT_TRUE(
+        HostWindow::PumpUntil([this] { return OnScreen(Panel()).At(290, 62) == SystemPixel(COLOR_HIGHLIGHT); }));
+}
+
+TEST_F(ControlWindowTest, TheBarShowsFullBeyondItsMaximumAndEmptyForNonsense) {
+    Show();
+    control_->ShowWaitPanel(true);
+    const auto colourAtTheEnd = [&](double maximum, double value) {
+        control_->SetProgress(maximum, value);
+        control_->FlushPaint();
+        return OnScreen(Panel()).At(290, 62);
+    };
+    EXPECT_EQ(colourAtTheEnd(10, 11), SystemPixel(COLOR_HIGHLIGHT));
+    EXPECT_EQ(colourAtTheEnd(10, 4), SystemPixel(COLOR_WINDOW));
+    EXPECT_EQ(colourAtTheEnd(1e12, 9.99e11), SystemPixel(COLOR_HIGHLIGHT));
+    EXPECT_EQ(colourAtTheEnd(0, 5), SystemPixel(COLOR_WINDOW));
+    EXPECT_EQ(colourAtTheEnd(-3, -5), SystemPixel(COLOR_WINDOW));
+}
+
+TEST_F(ControlWindowTest, ChangesOfTheGridAreShownByThemselves) {
+    Show();
+    WatchPaints(control_->Grid().Handle());
+    for (int i = 0; i < 1000; ++i) AddFolder(grid_, 1, "Folder");
+    EXPECT_EQ(PaintsOf(control_->Grid().Handle()), 0) << "not before the grid's change is complete";
+    EXPECT_TRUE(HostWindow::PumpUntil([&] {
+        SCROLLINFO bar{};
+        bar.cbSize = sizeof bar;
+        bar.fMask = SIF_RANGE;
+        GetScrollInfo(control_->Grid().Handle(), SB_VERT, &bar);
+        return bar.nMax == grid_.VisibleCount() - 1 && PaintsOf(control_->Grid().Handle()) > 0;
+    }));
+    EXPECT_LE(PaintsOf(control_->Grid().Handle()), 3);
+}
+
+// ---- Modes
+
+TEST_F(ControlWindowTest, InAFormDesignerTheControlIsPaintedAndTakesNoInput) {
+    control_->SetUserMode(false);
+    Show();
+    EXPECT_FALSE(IsWindowEnabled(control_->Handle()));
+    EXPECT_TRUE(IsWindowVisible(control_->Grid().Handle()));
+    MSG message = KeyMessage(control_->Grid().Handle(), VK_SPACE);
+    EXPECT_FALSE(control_->TranslateAccelerator(message));
+    EXPECT_EQ(events_.log.size(), 0u);
+    control_->SetUserMode(true);
+    EXPECT_TRUE(IsWindowEnabled(control_->Handle()));
+}
+
+TEST_F(ControlWindowTest, KeysOfTheGridGoBeforeTheHostsDialog) {
+    Show();
+    grid_.SetCurrentRow(2);
+    MSG message = KeyMessage(control_->Grid().Handle(), VK_SPACE);
+    EXPECT_TRUE(control_->TranslateAccelerator(message));
+    EXPECT_EQ(events_.log.size(), 2u);
+    message = KeyMessage(control_->Grid().Handle(), VK_TAB);
+    EXPECT_FALSE(control_->TranslateAccelerator(message));
+    message = KeyMessage(host_.Handle(), VK_SPACE);
+    EXPECT_FALSE(control_->TranslateAccelerator(message));
+}
+
+TEST_F(ControlWindowTest, EnterAndEscInTheEditorAreNotTheDialogs) {
+    TickRow(grid_, 2, "1");
+    Show();
+    grid_.SetCurrentRow(2);
+    MSG message = KeyMessage(control_->Grid().Handle(), VK_F2);
+    ASSERT_TRUE(control_->TranslateAccelerator(message));
+    ASSERT_NE(control_->Grid().Editor(), nullptr);
+    message = KeyMessage(control_->Grid().Editor()->Handle(), VK_RETURN);
+    EXPECT_TRUE(control_->TranslateAccelerator(message));
+    EXPECT_EQ(control_->Grid().Editor(), nullptr);
+    EXPECT_EQ(events_.log.back(), "after-edit 2,1 cell=1");
+}
+
+TEST_F(ControlWindowTest, TheFocusOfTheControlGoesToTheGridAndIsTold) {
+    std::vector<bool> told;
+    Show();
+    SetFocus(host_.Handle());
+    control_->SetFocusHandler([&](bool gained) { told.push_back(gained); });
+    SetFocus(control_->Handle());
+    EXPECT_EQ(GetFocus(), control_->Grid().Handle());
+    SetFocus(host_.Handle());
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+}
+
+TEST_F(ControlWindowTest, TheHourglassStandsEverywhereButOnCancel) {
+    Show();
+    control_->ShowWaitPanel(true);
+    control_->SetBusyPointer(true);
+    const auto pointerOver = [&](HWND window) {
+        SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor();
+    };
+    const HCURSOR wait = LoadCursorW(nullptr, IDC_WAIT);
+    const HCURSOR arrow = LoadCursorW(nullptr, IDC_ARROW);
+    EXPECT_EQ(pointerOver(control_->Grid().Handle()), wait);
+    EXPECT_EQ(pointerOver(Panel()), wait);
+    EXPECT_EQ(pointerOver(CancelButton()), arrow);
+    control_->SetBusyPointer(false);
+    EXPECT_EQ(pointerOver(control_->Grid().Handle()), arrow);
+}
+
+// ---- Ends
+
+TEST_F(ControlWindowTest, AHostWindowThatGoesAwayIsTold) {
+    int gone = 0;
+    Show();
+    control_->SetGoneHandler([&] { ++gone; });
+    host_.Close();
+    EXPECT_EQ(gone, 1);
+    EXPECT_EQ(control_->Handle(), nullptr);
+    EXPECT_EQ(Panel(), nullptr);
+    control_->ShowWaitPanel(true);
+    control_->FlushPaint();
+}
+
+TEST_F(ControlWindowTest, TheControlMayEndWhenItsHostWindowGoesAway) {
+    Show();
+    control_->SetGoneHandler([this] { control_.reset(); });
+    host_.Close();
+    EXPECT_EQ(control_, nullptr);
+}
+
+TEST_F(ControlWindowTest, DestroyingItOneselfIsNotToldAsGone) {
+    int gone = 0;
+    Show();
+    control_->SetGoneHandler([&] { ++gone; });
+    control_->Destroy();
+    control_.reset();
+    EXPECT_EQ(gone, 0);
+}
+
+TEST_F(ControlWindowTest, TheControlMayEndInsideANotification) {
+    Show();
+    events_.onNotification = [this](std::string_view) {
+        control_.reset();
+        owner_.reset();
+    };
+    grid_.SetCurrentRow(2);
+    SendMessageW(control_->Grid().Handle(), WM_KEYDOWN, VK_SPACE, 1);
+    HostWindow::Pump();
+    EXPECT_EQ(control_, nullptr);
+}
+
+TEST_F(ControlWindowTest, AnOpenEditIsNotOfferedByAControlThatEnds) {
+    TickRow(grid_, 2, "1");
+    Show();
+    grid_.SetCurrentRow(2);
+    SendMessageW(control_->Grid().Handle(), WM_KEYDOWN, VK_F2, 1);
+    ASSERT_NE(control_->Grid().Editor(), nullptr);
+    control_.reset();
+    EXPECT_EQ(events_.log.size(), 1u) << "before-edit only";
+}
+
+TEST_F(ControlWindowTest, ATimerThatRunsOutlivesNeitherWindowNorControl) {
+    Show();
+    AddFolder(grid_, 1, "Late");
+    control_.reset();
+    owner_.reset();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(60);
+    EXPECT_TRUE(HostWindow::PumpUntil([end] { return std::chrono::steady_clock::now() > end; }));
+    EXPECT_EQ(GetWindow(host_.Handle(), GW_CHILD), nullptr);
+}
+
+// ---- Drawing
+
+TEST_F(ControlWindowTest, ItDrawsItselfWithoutAWindow) {
+    TickRow(grid_, 2, "1");
+    const Pixels pixels = Drawing(300, 200, [&](HDC dc) { control_->Draw(dc, {0, 0, 300, 200}); });
+    EXPECT_EQ(pixels.At(0, 100), SystemPixel(COLOR_BTNSHADOW)) << "the border";
+    EXPECT_EQ(pixels.At(150, 190), SystemPixel(COLOR_WINDOW)) << "the empty rest";
+    EXPECT_NE(std::find(pixels.values.begin(), pixels.values.end(), 0xFFFF00u), pixels.values.end())
+        << "the ticked row";
+}
+
+TEST_F(ControlWindowTest, ItDrawsIntoAnyPlaceAndUnits) {
+    const Pixels whole = Drawing(300, 200, [&](HDC dc) { control_->Draw(dc, {0, 0, 300, 200}); });
+    const Pixels moved = Drawing(400, 300, [&](HDC dc) { control_->Draw(dc, {50, 60, 350, 260}); });
+    EXPECT_EQ(moved.At(50, 160), whole.At(0, 100));
+    EXPECT_EQ(moved.At(200, 250), whole.At(150, 190));
+    EXPECT_EQ(moved.At(10, 10), 0u);
+    const Pixels doubled = Drawing(300, 200, [&](HDC dc) {
+        SetMapMode(dc, MM_ANISOTROPIC);
+        SetWindowExtEx(dc, 3000, 2000, nullptr);
+        SetViewportExtEx(dc, 300, 200, nullptr);
+        control_->Draw(dc, {0, 0, 3000, 2000});
+    });
+    EXPECT_EQ(doubled, whole);
+    Drawing(10, 10, [&](HDC dc) { control_->Draw(dc, {0, 0, 1, 1}); });
+}
+
+}  // namespace
+}  // namespace foldertree

@@ -1,0 +1,257 @@
+// GridPaintingTest: what the pixels of the grid show.
+#include <set>
+
+#include "WindowFixture.h"
+#include "win32/GridPainter.h"
+#include "win32/GridWindow.h"
+
+namespace foldertree {
+namespace {
+
+constexpr SIZE area{400, 300};
+
+class GridPaintingTest : public testing::Test {
+  protected:
+    GridPaintingTest() {
+        SetUpGrid(grid_);
+        AddFolder(grid_, 0, "Mailbox", rowKind::store);
+        AddFolder(grid_, 1, "Inbox");
+        AddFolder(grid_, 2, "Customers");
+        AddFolder(grid_, 1, "Notes");
+    }
+
+    Pixels Paint() {
+        return Drawing(area.cx, area.cy, [this](HDC dc) {
+            fonts_.Load(grid_.Font(), 96);
+            layout_ = MeasureGrid(grid_, fonts_, 96, area, 0);
+            PaintGrid(dc, {grid_, layout_, fonts_, icons_, focused_});
+        });
+    }
+    RECT Cell(int32_t row, int col) const { return layout_.Cell(grid_.VisiblePosition(row).value(), col); }
+    POINT RightOfName(int32_t row) const {
+        const RECT cell = Cell(row, colName);
+        return {cell.right - 3, Middle(cell).y};
+    }
+    /// Pixels of the number cell that are text.
+    int InkInNumber(const Pixels& pixels, int32_t row) const {
+        RECT cell = Cell(row, colIndex);
+        cell.bottom -= 1;
+        return pixels.Drawn(cell);
+    }
+    RECT Box(int32_t row) const { return layout_.Box(Cell(row, colSel)); }
+
+    TreeGrid grid_;
+    GridFonts fonts_;
+    GridLayout layout_;
+    Icons icons_;
+    bool focused_ = false;
+};
+
+TEST_F(GridPaintingTest, ATickedRowIsYellowFromTheNameOn) {
+    TickRow(grid_, 2, "1");
+    const Pixels pixels = Paint();
+    EXPECT_EQ(pixels.At(RightOfName(2)), 0xFFFF00u);
+    EXPECT_EQ(pixels.At(Cell(2, colSel).left + 1, Middle(Cell(2, colSel)).y), SystemPixel(COLOR_WINDOW));
+    EXPECT_EQ(pixels.At(RightOfName(3)), SystemPixel(COLOR_WINDOW));
+}
+
+TEST_F(GridPaintingTest, TheCursorLeavesTheYellowOfATickedRowAsItIs) {
+    TickRow(grid_, 2, "1");
+    grid_.SetCurrentRow(2);
+    focused_ = true;
+    EXPECT_EQ(Paint().At(RightOfName(2)), 0xFFFF00u);
+}
+
+TEST_F(GridPaintingTest, TheCursorsRowIsFramedAndTintedWithTheFocus) {
+    const Pixels without = Paint();
+    grid_.SetCurrentRow(2);
+    const Pixels unfocused = Paint();
+    EXPECT_EQ(unfocused.At(RightOfName(2)), without.At(RightOfName(2)));
+    EXPECT_EQ(unfocused.At(200, Cell(2, colName).top), SystemPixel(COLOR_BTNSHADOW));
+    focused_ = true;
+    const Pixels focused = Paint();
+    EXPECT_NE(focused.At(RightOfName(2)), without.At(RightOfName(2)));
+    EXPECT_EQ(focused.At(200, Cell(2, colName).top), SystemPixel(COLOR_HIGHLIGHT));
+}
+
+TEST_F(GridPaintingTest, AStoreRowStandsOnButtonFace) {
+    const Pixels pixels = Paint();
+    EXPECT_EQ(pixels.At(RightOfName(1)), SystemPixel(COLOR_BTNFACE));
+    EXPECT_EQ(pixels.At(Cell(1, colSel).left + 1, Middle(Cell(1, colSel)).y), SystemPixel(COLOR_BTNFACE));
+}
+
+TEST_F(GridPaintingTest, TheCaptionsStandInTheHeader) {
+    const Pixels with = Paint();
+    for (int col : {colSel, colIndex, colName}) grid_.SetCellText(0, col, "");
+    const Pixels without = Paint();
+    for (int col : {colSel, colName}) {
+        const RECT cell = layout_.HeaderCell(col);
+        int different = 0;
+        for (int x = cell.left; x < cell.right; ++x)
+            for (int y = 4; y < cell.bottom - 4; ++y) different += with.At(x, y) != without.At(x, y);
+        EXPECT_GT(different, 20) << "column " << col;
+    }
+}
+
+TEST_F(GridPaintingTest, ATickIsDrawnInTheBox) {
+    const Pixels before = Paint();
+    const RECT box = Box(2);
+    EXPECT_EQ(before.At(Middle(box)), SystemPixel(COLOR_WINDOW));
+    grid_.SetCellText(2, colSel, "-1");
+    const Pixels after = Paint();
+    int different = 0;
+    for (int x = box.left; x < box.right; ++x)
+        for (int y = box.top; y < box.bottom; ++y) different += before.At(x, y) != after.At(x, y);
+    EXPECT_GT(different, 10);
+    grid_.SetCellText(2, colSel, "0");
+    EXPECT_EQ(Paint(), before);
+}
+
+TEST_F(GridPaintingTest, APlaceholderShowsNoBoxAndAStoreAGreyedOne) {
+    AddFolder(grid_, 2, "", rowKind::dummy);
+    const Pixels pixels = Paint();
+    EXPECT_EQ(pixels.Drawn(Box(5)), 0);
+    EXPECT_GT(pixels.Drawn(Box(2)), 0);
+    EXPECT_NE(pixels.At(Middle(Box(1))), pixels.At(Middle(Box(2))));
+    EXPECT_EQ(BoxOf(grid_, 5), BoxKind::None);
+    EXPECT_EQ(BoxOf(grid_, 1), BoxKind::Greyed);
+    EXPECT_EQ(BoxOf(grid_, 2), BoxKind::Plain);
+}
+
+TEST_F(GridPaintingTest, APlaceholderIsKnownWhateverItsLetters) {
+    grid_.SetCellText(4, colRowKind, "DUMMY");
+    EXPECT_EQ(BoxOf(grid_, 4), BoxKind::None);
+}
+
+TEST_F(GridPaintingTest, NumbersAreDrawnAndTheirColumnCanBeHidden) {
+    TickRow(grid_, 2, "27");
+    EXPECT_GT(InkInNumber(Paint(), 2), 10);
+    EXPECT_EQ(InkInNumber(Paint(), 3), 0);
+    const int nameLeft = layout_.HeaderCell(colName).left;
+    grid_.SetColHidden(colIndex, true);
+    Paint();
+    EXPECT_LT(layout_.HeaderCell(colName).left, nameLeft);
+}
+
+TEST_F(GridPaintingTest, TheNumberColumnGrowsWithTheNumbersInView) {
+    Paint();
+    const int nameLeft = layout_.HeaderCell(colName).left;
+    TickRow(grid_, 2, "1234567");
+    Paint();
+    EXPECT_GT(layout_.HeaderCell(colName).left, nameLeft);
+}
+
+TEST_F(GridPaintingTest, BoldAndForeColourShow) {
+    const Pixels plain = Paint();
+    grid_.SetCellFormat(CellSetting::Bold, 2, colName, 1);
+    const Pixels bold = Paint();
+    EXPECT_NE(plain, bold);
+    grid_.SetCellFormat(CellSetting::Bold, 2, colName, 0);
+    grid_.SetCellFormat(CellSetting::ForeColor, 2, colName, 0x000000FF);
+    const Pixels red = Paint();
+    const RECT text = layout_.NameText(Cell(2, colName), 1, true);
+    bool found = false;
+    for (int x = text.left; x < text.right; ++x)
+        for (int y = text.top; y < text.bottom; ++y) found = found || (red.At(x, y) & 0xFF00FF) == 0xFF0000;
+    EXPECT_TRUE(found);
+}
+
+TEST_F(GridPaintingTest, ADisabledGridIsPaintedInItsOwnColours) {
+    grid_.SetCellFormat(CellSetting::BackColor, 3, 0, 3, gridColumnCount - 1, colors::window);
+    grid_.SetEnabled(false);
+    grid_.SetBackColor(colors::buttonFace);
+    grid_.SetTextColor(colors::buttonShadow);
+    const Pixels pixels = Paint();
+    EXPECT_EQ(pixels.At(RightOfName(3)), SystemPixel(COLOR_BTNFACE));
+    EXPECT_EQ(pixels.At(200, 290), SystemPixel(COLOR_BTNFACE));
+}
+
+TEST_F(GridPaintingTest, TheSignTellsAnOpenNodeFromAClosedOne) {
+    const RECT sign = (Paint(), layout_.Glyph(Cell(2, colName), 1));
+    const POINT upright{(sign.left + sign.right) / 2, sign.top + 3};
+    const Pixels open = Paint();
+    grid_.SetNodeState(2, nodeCollapsed);
+    const Pixels closed = Paint();
+    EXPECT_EQ(open.At(upright), SystemPixel(COLOR_WINDOW));
+    EXPECT_NE(closed.At(upright), SystemPixel(COLOR_WINDOW));
+    EXPECT_EQ(closed.Drawn(layout_.Glyph(layout_.Cell(2, colName), 1)), 0) << "a row with nothing below has no sign";
+}
+
+TEST_F(GridPaintingTest, EveryPictureShowsSomethingOfItsOwn) {
+    for (int size : {16, 20, 24, 32}) {
+        std::set<std::vector<uint32_t>> seen;
+        for (int picture = 0; picture < pictureCount; ++picture) {
+            const Pixels pixels = Drawing(size, size, [&](HDC dc) {
+                const RECT square{0, 0, size, size};
+                FillRect(dc, &square, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+                icons_.Draw(dc, static_cast<Picture>(picture), square, false);
+            });
+            const RECT square{0, 0, size, size};
+            EXPECT_EQ(pixels.At(0, 0), 0xFFFFFFu) << "picture " << picture << " has no transparent corner";
+            if (static_cast<Picture>(picture) == Picture::None) {
+                EXPECT_EQ(pixels.Drawn(square), 0);
+            } else {
+                EXPECT_GT(pixels.Drawn(square), size * size / 8) << "picture " << picture;
+            }
+            seen.insert(pixels.values);
+        }
+        EXPECT_EQ(seen.size(), static_cast<size_t>(pictureCount)) << "at " << size << " pixels";
+    }
+}
+
+TEST_F(GridPaintingTest, AnUnknownPictureNumberDrawsNothing) {
+    const RECT square{0, 0, 16, 16};
+    EXPECT_EQ(Drawing(16, 16, [&](HDC dc) { icons_.Draw(dc, static_cast<Picture>(200), square, false); }).Drawn(square),
+              0);
+}
+
+TEST_F(GridPaintingTest, HostileTextsArePainted) {
+    for (const std::string& text :
+         {std::string(65536, 'x'), std::string("a\0b\nc\td", 7), std::string("\xED\xA0\x80 lone \xED\xB0\x80"),
+          std::string("\xFF\xFE\x80"), std::string("&Mail && %s %n \\"), std::string("\xF0\x9F\x93\xAC")}) {
+        grid_.SetCellText(2, colName, text);
+        grid_.SetCellText(2, colIndex, text);
+        const Pixels pixels = Paint();
+        EXPECT_GE(layout_.HeaderCell(colName).right, area.cx);
+        EXPECT_EQ(pixels.At(RightOfName(4)), SystemPixel(COLOR_WINDOW));
+    }
+}
+
+TEST_F(GridPaintingTest, AnAreaWithoutRoomIsPainted) {
+    for (const SIZE size : {SIZE{1, 1}, SIZE{0, 0}, SIZE{3, 500}, SIZE{500, 3}}) {
+        fonts_.Load(grid_.Font(), 96);
+        const GridLayout layout = MeasureGrid(grid_, fonts_, 96, size, 0);
+        const Pixels pixels = Drawing(500, 500, [&](HDC dc) { PaintGrid(dc, {grid_, layout, fonts_, icons_, false}); });
+        EXPECT_EQ(pixels.At(499, 499), 0u);
+    }
+}
+
+TEST_F(GridPaintingTest, AGridThatHoldsNothingYetIsPainted) {
+    const TreeGrid empty;
+    fonts_.Load(empty.Font(), 96);
+    const GridLayout layout = MeasureGrid(empty, fonts_, 96, area, 0);
+    const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
+        PaintGrid(dc, {empty, layout, fonts_, icons_, false});
+    });
+    EXPECT_EQ(pixels.At(200, 200), SystemPixel(COLOR_WINDOW));
+}
+
+TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
+    HostWindow host;
+    TreeGrid grid;
+    SetUpGrid(grid);
+    AddFolder(grid, 0, "Mailbox", rowKind::store);
+    TickRow(grid, AddFolder(grid, 1, "Inbox"), "1");
+    RecordingEvents events(grid);
+    const auto owner = std::make_shared<int>(0);
+    GridWindow seen(grid, events, owner, [] {});
+    seen.Create(host.Handle(), {0, 0, 300, 200});
+    UpdateWindow(seen.Handle());
+    HostWindow::Pump();
+    GridWindow unseen(grid, events, owner, [] {});
+    const Pixels drawn = Drawing(300, 200, [&](HDC dc) { unseen.Draw(dc, {300, 200}); });
+    EXPECT_EQ(OnScreen(seen.Handle()), drawn);
+}
+
+}  // namespace
+}  // namespace foldertree

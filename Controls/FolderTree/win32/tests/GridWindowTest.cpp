@@ -1,0 +1,671 @@
+// GridWindowTest: what mouse and keyboard do to the grid, in which order it is notified, and what survives the end.
+#include "win32/GridWindow.h"
+
+#include "WindowFixture.h"
+
+namespace foldertree {
+namespace {
+
+using Log = std::vector<std::string>;
+
+class GridWindowTest : public testing::Test {
+  protected:
+    GridWindowTest() {
+        SetUpGrid(grid_);
+        AddFolder(grid_, 0, "Mailbox", rowKind::store);  // 1
+        AddFolder(grid_, 1, "Calendar");                 // 2
+        AddFolder(grid_, 1, "Inbox");                    // 3
+        AddFolder(grid_, 2, "Customers");                // 4
+        AddFolder(grid_, 1, "Tasks");                    // 5
+        AddFolder(grid_, 2, "", rowKind::dummy);         // 6
+        AddFolder(grid_, 1, "Trash");                    // 7
+        grid_.SetNodeState(5, nodeCollapsed);
+        window_ = std::make_unique<GridWindow>(grid_, events_, owner_, [this] { ++stale_; });
+        window_->Create(host_.Handle(), {0, 0, 400, 300});
+        Update();
+    }
+
+    void Update() {
+        if (!window_) return;
+        window_->Refresh();
+        UpdateWindow(window_->Handle());
+    }
+
+    int32_t PositionOf(int32_t row) const { return grid_.VisiblePosition(row).value_or(-1000); }
+    POINT BoxOfRow(int32_t row) const {
+        return Middle(window_->Layout().Box(window_->Layout().Cell(PositionOf(row), colSel)));
+    }
+    POINT SignOfRow(int32_t row) const {
+        return Middle(
+            window_->Layout().Glyph(window_->Layout().Cell(PositionOf(row), colName), grid_.RowOutlineLevel(row)));
+    }
+    POINT NumberOfRow(int32_t row) const { return Middle(window_->Layout().Cell(PositionOf(row), colIndex)); }
+    POINT NameOfRow(int32_t row) const { return Middle(window_->Layout().Cell(PositionOf(row), colName)); }
+
+    void Send(UINT message, WPARAM wParam, LPARAM lParam) {
+        SendMessageW(window_->Handle(), message, wParam, lParam);
+        Update();
+    }
+    void Click(POINT point) { Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y)); }
+    void DoubleClick(POINT point) {
+        Click(point);
+        if (window_) Send(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    }
+    void Press(WPARAM key) { Send(WM_KEYDOWN, key, 1); }
+    void Type(wchar_t character) { Send(WM_CHAR, character, 1); }
+    void InEditor(UINT message, WPARAM wParam) { SendMessageW(window_->Editor()->Handle(), message, wParam, 1); }
+    void TypeInEditor(const wchar_t* text) { SetWindowTextW(window_->Editor()->Handle(), text); }
+
+    /// The window goes away, and with it the grid's last owner, in the middle of a notification.
+    void EndEverything() {
+        window_.reset();
+        owner_.reset();
+    }
+
+    HostWindow host_;
+    TreeGrid grid_;
+    RecordingEvents events_{grid_};
+    std::shared_ptr<void> owner_ = std::make_shared<int>(0);
+    std::unique_ptr<GridWindow> window_;
+    int stale_ = 0;
+};
+
+// ---- The box
+
+TEST_F(GridWindowTest, AClickOnTheBoxAsksThenWritesThenTells) {
+    Click(BoxOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,0 cell=", "after-edit 3,0 cell=-1"}));
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+}
+
+TEST_F(GridWindowTest, AClickOnATickedBoxUnticksIt) {
+    TickRow(grid_, 3, "1");
+    Click(BoxOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,0 cell=-1", "after-edit 3,0 cell=0"}));
+}
+
+TEST_F(GridWindowTest, ARefusedTickChangesNothing) {
+    events_.refuse = true;
+    Click(BoxOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,0 cell="}));
+    EXPECT_EQ(grid_.CellText(3, colSel), "");
+}
+
+TEST_F(GridWindowTest, ADoubleClickOnTheBoxIsTwoTicksAndNoNodeToggle) {
+    DoubleClick(BoxOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,0 cell=", "after-edit 3,0 cell=-1", "before-edit 3,0 cell=-1",
+                                "after-edit 3,0 cell=0"}));
+    EXPECT_EQ(grid_.NodeState(3), nodeExpanded);
+}
+
+TEST_F(GridWindowTest, AClickBesideTheBoxOnlyMovesTheCursor) {
+    const RECT cell = window_->Layout().Cell(PositionOf(3), colSel);
+    Click({cell.left + 1, Middle(cell).y});
+    EXPECT_EQ(events_.log, Log{});
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+}
+
+TEST_F(GridWindowTest, AStoreRowsGreyedBoxAsksBeforeItIsTicked) {
+    events_.refuse = true;
+    Click(BoxOfRow(1));
+    EXPECT_EQ(events_.log, (Log{"before-edit 1,0 cell="}));
+}
+
+TEST_F(GridWindowTest, APlaceholderHasNoBoxToTick) {
+    grid_.SetNodeState(5, nodeExpanded);
+    Update();
+    Click(BoxOfRow(6));
+    Press(VK_SPACE);
+    EXPECT_EQ(events_.log, Log{});
+}
+
+TEST_F(GridWindowTest, AClickBelowTheLastRowDoesNothing) {
+    Click({200, 290});
+    EXPECT_EQ(events_.log, Log{});
+    EXPECT_EQ(grid_.CurrentRow(), 0);
+}
+
+TEST_F(GridWindowTest, AClickOnTheHeaderDoesNothing) {
+    DoubleClick({10, 3});
+    EXPECT_EQ(events_.log, Log{});
+}
+
+// ---- Opening and closing
+
+TEST_F(GridWindowTest, AClickOnTheSignTellsBeforeTheNodeCloses) {
+    Click(SignOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2"}));
+    EXPECT_EQ(grid_.NodeState(3), nodeCollapsed);
+    Click(SignOfRow(3));
+    EXPECT_EQ(events_.log.back(), "before-collapse 3 state=0");
+    EXPECT_EQ(grid_.NodeState(3), nodeExpanded);
+}
+
+TEST_F(GridWindowTest, ARefusedCollapseLeavesTheNodeAsItIs) {
+    events_.refuse = true;
+    Click(SignOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2"}));
+    EXPECT_EQ(grid_.NodeState(3), nodeExpanded);
+}
+
+TEST_F(GridWindowTest, ADoubleClickOnTheSignTurnsTheNodeTwice) {
+    DoubleClick(SignOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2", "before-collapse 3 state=0"}));
+}
+
+TEST_F(GridWindowTest, WhereARowHasNothingToOpenItsSignIsNotThere) {
+    Click(SignOfRow(2));
+    EXPECT_EQ(events_.log, Log{});
+    EXPECT_EQ(grid_.CurrentRow(), 2);
+}
+
+TEST_F(GridWindowTest, ADoubleClickOnARowIsOneDoubleClickWithTheCursorOnIt) {
+    DoubleClick(NameOfRow(4));
+    EXPECT_EQ(events_.log, (Log{"double-click 4"}));
+}
+
+TEST_F(GridWindowTest, TheCursorMovesToTheNodeThatClosesOverIt) {
+    Click(NameOfRow(4));
+    Click(SignOfRow(3));
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+}
+
+TEST_F(GridWindowTest, RowsThatComeWhileANodeOpensAreShown) {
+    events_.onNotification = [this](std::string_view line) {
+        if (!line.starts_with("before-collapse")) return;
+        grid_.RemoveRow(6);
+        grid_.AddRow("", 6);
+        FillRow(grid_, 6, 2, "First", rowKind::folder);
+        grid_.AddRow("", 7);
+        FillRow(grid_, 7, 2, "Second", rowKind::folder);
+    };
+    Click(SignOfRow(5));
+    EXPECT_EQ(grid_.NodeState(5), nodeExpanded);
+    EXPECT_EQ(PositionOf(7), 6);
+    Click(BoxOfRow(7));
+    EXPECT_EQ(grid_.CellText(7, colSel), "-1");
+}
+
+TEST_F(GridWindowTest, AGridThatIsEmptiedWhileANodeOpensEndsTheGesture) {
+    events_.onNotification = [this](std::string_view) { grid_.SetRowCount(1); };
+    Click(SignOfRow(5));
+    EXPECT_EQ(grid_.RowCount(), 1);
+    EXPECT_EQ(events_.log.size(), 1u);
+}
+
+// ---- Keys
+
+TEST_F(GridWindowTest, SpaceTicksTheCursorsRow) {
+    grid_.SetCurrentRow(4);
+    Press(VK_SPACE);
+    EXPECT_EQ(events_.log, (Log{"before-edit 4,0 cell=", "after-edit 4,0 cell=-1"}));
+}
+
+TEST_F(GridWindowTest, SpaceThatIsHeldDownTicksOnce) {
+    grid_.SetCurrentRow(4);
+    Press(VK_SPACE);
+    Send(WM_KEYDOWN, VK_SPACE, 1 | 1 << 30);
+    EXPECT_EQ(events_.log.size(), 2u);
+}
+
+TEST_F(GridWindowTest, PlusOpensAndMinusCloses) {
+    grid_.SetCurrentRow(3);
+    Type(L'-');
+    Type(L'-');
+    Type(L'+');
+    Type(L'+');
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2", "before-collapse 3 state=0"}));
+}
+
+TEST_F(GridWindowTest, ArrowsMoveAmongTheVisibleRows) {
+    Press(VK_DOWN);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    Press(VK_END);
+    EXPECT_EQ(grid_.CurrentRow(), 7);
+    Press(VK_UP);
+    EXPECT_EQ(grid_.CurrentRow(), 5) << "the placeholder is hidden";
+    Press(VK_HOME);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    Press(VK_UP);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    Press(VK_NEXT);
+    EXPECT_EQ(grid_.CurrentRow(), 7);
+    EXPECT_EQ(events_.log, Log{});
+}
+
+TEST_F(GridWindowTest, LeftClosesANodeThenGoesToItsParent) {
+    grid_.SetCurrentRow(4);
+    Press(VK_LEFT);
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    Press(VK_LEFT);
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2"}));
+    Press(VK_LEFT);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+}
+
+TEST_F(GridWindowTest, RightOpensANodeThenGoesToItsFirstChild) {
+    grid_.SetNodeState(3, nodeCollapsed);
+    grid_.SetCurrentRow(3);
+    Press(VK_RIGHT);
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=0"}));
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    Press(VK_RIGHT);
+    EXPECT_EQ(grid_.CurrentRow(), 4);
+    Press(VK_RIGHT);
+    EXPECT_EQ(grid_.CurrentRow(), 4);
+}
+
+TEST_F(GridWindowTest, KeysOnAnEmptyTreeDoNothing) {
+    grid_.SetRowCount(1);
+    for (WPARAM key : {VK_UP, VK_DOWN, VK_HOME, VK_END, VK_LEFT, VK_RIGHT, VK_SPACE, VK_F2, VK_NEXT}) Press(key);
+    Type(L'+');
+    EXPECT_EQ(events_.log, Log{});
+}
+
+TEST_F(GridWindowTest, ADisabledGridTakesNoGesture) {
+    grid_.SetEnabled(false);
+    Update();
+    EXPECT_FALSE(IsWindowEnabled(window_->Handle()));
+    grid_.SetCurrentRow(3);
+    Click(BoxOfRow(3));
+    DoubleClick(NameOfRow(3));
+    Press(VK_SPACE);
+    Type(L'-');
+    EXPECT_EQ(events_.log, Log{});
+    grid_.SetEnabled(true);
+    Update();
+    EXPECT_TRUE(IsWindowEnabled(window_->Handle()));
+}
+
+// ---- The number editor
+
+TEST_F(GridWindowTest, AClickOnATickedRowsNumberOpensTheEditorWithItsText) {
+    TickRow(grid_, 3, "12");
+    Click(NumberOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,1 cell=12"}));
+    ASSERT_NE(window_->Editor(), nullptr);
+    EXPECT_EQ(window_->Editor()->Text(), "12");
+}
+
+TEST_F(GridWindowTest, EnterOffersTheNumberWritesItAndTells) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    TypeInEditor(L"7");
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,1 cell=1", "validate-edit 3,1 cell=1 text=7", "after-edit 3,1 cell=7"}));
+    EXPECT_EQ(window_->Editor(), nullptr);
+    EXPECT_EQ(GetFocus(), window_->Handle());
+}
+
+TEST_F(GridWindowTest, EscLeavesTheNumberAsItWas) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    TypeInEditor(L"7");
+    InEditor(WM_KEYDOWN, VK_ESCAPE);
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,1 cell=1"}));
+    EXPECT_EQ(grid_.CellText(3, colIndex), "1");
+    EXPECT_EQ(window_->Editor(), nullptr);
+}
+
+TEST_F(GridWindowTest, LosingTheFocusOffersTheNumber) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    TypeInEditor(L"7");
+    SetFocus(host_.Handle());
+    EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=7");
+    EXPECT_EQ(events_.log.size(), 3u);
+    EXPECT_EQ(window_->Editor(), nullptr);
+}
+
+TEST_F(GridWindowTest, AClickElsewhereEndsTheEditBeforeItActs) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    TypeInEditor(L"7");
+    Click(BoxOfRow(2));
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,1 cell=1", "validate-edit 3,1 cell=1 text=7", "after-edit 3,1 cell=7",
+                                "before-edit 2,0 cell=", "after-edit 2,0 cell=-1"}));
+}
+
+TEST_F(GridWindowTest, ARefusedNumberStaysOpenUntilItIsRightOrGivenUp) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    TypeInEditor(L"abc");
+    events_.refuse = true;
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(events_.log.back(), "validate-edit 3,1 cell=1 text=abc");
+    ASSERT_NE(window_->Editor(), nullptr);
+    SetFocus(host_.Handle());
+    EXPECT_EQ(window_->Editor(), nullptr);
+    EXPECT_EQ(grid_.CellText(3, colIndex), "1");
+}
+
+TEST_F(GridWindowTest, ARefusedBeforeEditKeepsTheEditorClosed) {
+    TickRow(grid_, 3, "1");
+    events_.refuse = true;
+    Click(NumberOfRow(3));
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,1 cell=1"}));
+    EXPECT_EQ(window_->Editor(), nullptr);
+}
+
+TEST_F(GridWindowTest, AnUntickedRowHasNoNumberToEdit) {
+    Click(NumberOfRow(3));
+    Press(VK_F2);
+    EXPECT_EQ(events_.log, Log{});
+    EXPECT_EQ(window_->Editor(), nullptr);
+}
+
+TEST_F(GridWindowTest, WithTheNumbersHiddenF2OpensNothing) {
+    TickRow(grid_, 3, "1");
+    grid_.SetCurrentRow(3);
+    grid_.SetColHidden(colIndex, true);
+    Update();
+    Press(VK_F2);
+    EXPECT_EQ(window_->Editor(), nullptr);
+    EXPECT_EQ(events_.log, Log{});
+}
+
+TEST_F(GridWindowTest, F2OpensTheEditorAndADigitStartsANewNumber) {
+    TickRow(grid_, 3, "15");
+    grid_.SetCurrentRow(3);
+    Press(VK_F2);
+    ASSERT_NE(window_->Editor(), nullptr);
+    EXPECT_EQ(window_->Editor()->Text(), "15");
+    InEditor(WM_KEYDOWN, VK_ESCAPE);
+    Type(L'4');
+    ASSERT_NE(window_->Editor(), nullptr);
+    EXPECT_EQ(window_->Editor()->Text(), "4");
+}
+
+TEST_F(GridWindowTest, AnEditStaysWithItsRowWhenRowsComeAboveIt) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    grid_.AddRow("", 2);
+    FillRow(grid_, 2, 1, "New", rowKind::folder);
+    TypeInEditor(L"7");
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(events_.log.back(), "after-edit 4,1 cell=7");
+}
+
+TEST_F(GridWindowTest, AnEditWhoseRowGoesAwayIsGivenUp) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    grid_.SetRowCount(1);
+    Update();
+    EXPECT_EQ(window_->Editor(), nullptr);
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,1 cell=1"}));
+}
+
+// ---- Place
+
+TEST_F(GridWindowTest, TopRowAndCursorStayOnTheirRowsWhenRowsComeAbove) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    grid_.SetCurrentRow(100);
+    Press(VK_DOWN);
+    const int32_t top = grid_.VisibleRow(window_->Layout().TopPosition());
+    ASSERT_GT(top, 50);
+    for (int i = 0; i < 10; ++i) {
+        grid_.AddRow("", 8);
+        FillRow(grid_, 8, 1, "Above", rowKind::folder);
+    }
+    Update();
+    EXPECT_EQ(grid_.CurrentRow(), 111);
+    EXPECT_EQ(grid_.VisibleRow(window_->Layout().TopPosition()), top + 10);
+    for (int i = 0; i < 4; ++i) grid_.RemoveRow(8);
+    Update();
+    EXPECT_EQ(grid_.VisibleRow(window_->Layout().TopPosition()), top + 6);
+}
+
+TEST_F(GridWindowTest, TheFirstRowsStayInViewWhileRowsAreAppended) {
+    for (int i = 0; i < 200; ++i) {
+        AddFolder(grid_, 1, "Folder");
+        Update();
+    }
+    EXPECT_EQ(window_->Layout().TopPosition(), 0);
+}
+
+TEST_F(GridWindowTest, ATopRowThatANodeClosesOverGivesItsPlaceToTheNode) {
+    for (int i = 0; i < 100; ++i) AddFolder(grid_, 2, "Below trash");
+    for (int i = 0; i < 100; ++i) AddFolder(grid_, 1, "After trash");
+    Press(VK_DOWN);
+    Send(WM_VSCROLL, SB_PAGEDOWN, 0);
+    Send(WM_VSCROLL, SB_PAGEDOWN, 0);
+    ASSERT_GT(window_->Layout().TopPosition(), 10);
+    grid_.SetNodeState(7, nodeCollapsed);
+    Update();
+    EXPECT_EQ(grid_.VisibleRow(window_->Layout().TopPosition()), 7);
+}
+
+TEST_F(GridWindowTest, AScrolledTreeThatIsEmptiedStartsAtItsTopAgain) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    Press(VK_END);
+    grid_.SetRowCount(1);
+    Update();
+    EXPECT_EQ(window_->Layout().TopPosition(), 0);
+    AddFolder(grid_, 0, "Mailbox", rowKind::store);
+    Update();
+    Click(BoxOfRow(1));
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+}
+
+TEST_F(GridWindowTest, TheWheelScrollsAndStopsAtBothEnds) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    Update();
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
+    EXPECT_EQ(window_->Layout().TopPosition(), 3);
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, 100 * WHEEL_DELTA), 0);
+    EXPECT_EQ(window_->Layout().TopPosition(), 0);
+    Send(WM_VSCROLL, SB_BOTTOM, 0);
+    EXPECT_EQ(window_->Layout().TopPosition(), grid_.VisibleCount() - window_->Layout().FullRows());
+}
+
+TEST_F(GridWindowTest, AMillionRowsScrollAndPaintByTheScreenful) {
+    grid_.SetRowCount(1000000);
+    for (int32_t row = 8; row < 1000000; ++row) grid_.SetRowOutlineLevel(row, 1);
+    Update();
+    Press(VK_END);
+    EXPECT_EQ(grid_.CurrentRow(), 999999);
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_ALL;
+    GetScrollInfo(window_->Handle(), SB_VERT, &bar);
+    EXPECT_EQ(bar.nMax, grid_.VisibleCount() - 1);
+    EXPECT_EQ(bar.nPos, window_->Layout().TopPosition());
+    // Repainting may take as long as a screenful takes; looking at every row would take far longer.
+    const auto start = std::chrono::steady_clock::now();
+    for (int frame = 0; frame < 50; ++frame) {
+        TickRow(grid_, 999990, std::to_string(frame));
+        Update();
+    }
+    const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+    RecordProperty("millisecondsPerFrame", std::to_string(taken.count() / 50));
+    EXPECT_LT(taken.count() / 50, 60);
+    Click(BoxOfRow(999995));
+    EXPECT_EQ(events_.log.back(), "after-edit 999995,0 cell=-1");
+}
+
+TEST_F(GridWindowTest, ChangesOutOfViewDoNotRepaint) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    Update();
+    ValidateRect(window_->Handle(), nullptr);
+    AddFolder(grid_, 1, "Far below");
+    TickRow(grid_, 150, "1");
+    window_->Refresh();
+    EXPECT_FALSE(GetUpdateRect(window_->Handle(), nullptr, FALSE));
+    TickRow(grid_, 3, "1");
+    window_->Refresh();
+    EXPECT_TRUE(GetUpdateRect(window_->Handle(), nullptr, FALSE));
+}
+
+// ---- Real input
+
+class RealInput : public GridWindowTest {
+  protected:
+    static void PressAt(HWND window, POINT point, int clicks) {
+        ClientToScreen(window, &point);
+        SetCursorPos(point.x, point.y);
+        std::vector<INPUT> inputs;
+        for (int i = 0; i < clicks; ++i) {
+            for (DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+                INPUT input{};
+                input.type = INPUT_MOUSE;
+                input.mi.dwFlags = flag;
+                inputs.push_back(input);
+            }
+        }
+        SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    }
+    static void PressKey(WORD key) {
+        INPUT inputs[2]{};
+        for (INPUT& input : inputs) {
+            input.type = INPUT_KEYBOARD;
+            input.ki.wVk = key;
+        }
+        inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
+        SendInput(2, inputs, sizeof(INPUT));
+    }
+    bool Notified(size_t count) {
+        return HostWindow::PumpUntil([&] { return events_.log.size() >= count; });
+    }
+};
+
+TEST_F(RealInput, AFastDoubleClickOnTheBoxTicksTwice) {
+    PressAt(window_->Handle(), BoxOfRow(3), 2);
+    ASSERT_TRUE(Notified(4));
+    EXPECT_EQ(events_.log.back(), "after-edit 3,0 cell=0");
+}
+
+TEST_F(RealInput, ADoubleClickOnANameReachesTheGridOnce) {
+    PressAt(window_->Handle(), NameOfRow(4), 2);
+    ASSERT_TRUE(Notified(1));
+    HostWindow::Pump();
+    EXPECT_EQ(events_.log, (Log{"double-click 4"}));
+}
+
+TEST_F(RealInput, TypingANumberAfterAClickChangesIt) {
+    TickRow(grid_, 3, "1");
+    PressAt(window_->Handle(), NumberOfRow(3), 1);
+    ASSERT_TRUE(Notified(1));
+    PressKey('4');
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(Notified(3));
+    EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=4");
+}
+
+TEST_F(RealInput, TheKeyboardOpensAndTicks) {
+    SetFocus(window_->Handle());
+    for (WORD key : {VK_DOWN, VK_DOWN, VK_DOWN, VK_SUBTRACT, VK_SPACE}) PressKey(key);
+    ASSERT_TRUE(Notified(3));
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2", "before-edit 3,0 cell=", "after-edit 3,0 cell=-1"}));
+}
+
+// ---- Ends
+
+class GridWindowEnds : public GridWindowTest {
+  protected:
+    void EndDuring(std::string_view notification) {
+        events_.onNotification = [this, notification = std::string(notification)](std::string_view line) {
+            if (line.starts_with(notification)) EndEverything();
+        };
+    }
+};
+
+TEST_F(GridWindowEnds, InsideBeforeEdit) {
+    EndDuring("before-edit");
+    Click(BoxOfRow(3));
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideAfterEditOfATick) {
+    EndDuring("after-edit");
+    Click(BoxOfRow(3));
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideATickByKeyboard) {
+    grid_.SetCurrentRow(3);
+    EndDuring("after-edit");
+    SendMessageW(window_->Handle(), WM_KEYDOWN, VK_SPACE, 1);
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideBeforeCollapse) {
+    EndDuring("before-collapse");
+    Click(SignOfRow(3));
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideADoubleClick) {
+    EndDuring("double-click");
+    DoubleClick(NameOfRow(3));
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, BeforeTheEditorOpens) {
+    TickRow(grid_, 3, "1");
+    Update();
+    EndDuring("before-edit");
+    Click(NumberOfRow(3));
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideValidateEdit) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    EndDuring("validate-edit");
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideAfterEditOfANumber) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    EndDuring("after-edit");
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideAfterEditWhenTheFocusIsLost) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    EndDuring("after-edit");
+    SetFocus(host_.Handle());
+    EXPECT_EQ(window_, nullptr);
+}
+
+TEST_F(GridWindowEnds, InsideTheEditThatAClickEnds) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    EndDuring("after-edit");
+    SendMessageW(window_->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(BoxOfRow(2).x, BoxOfRow(2).y));
+    EXPECT_EQ(window_, nullptr);
+    EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=1") << "the click goes no further";
+}
+
+TEST_F(GridWindowEnds, WhenTheFocusComes) {
+    SetFocus(host_.Handle());
+    window_->SetFocusHandler([this](bool) { EndEverything(); });
+    const POINT point = BoxOfRow(3);
+    SendMessageW(window_->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    EXPECT_EQ(window_, nullptr);
+    EXPECT_EQ(events_.log, Log{});
+}
+
+TEST_F(GridWindowEnds, WithTheParentWindowWhileTheEditorIsOpen) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    host_.Close();
+    EXPECT_EQ(window_->Handle(), nullptr);
+    EXPECT_EQ(window_->Editor(), nullptr);
+    grid_.SetCurrentRow(2);
+    AddFolder(grid_, 1, "Later");
+    window_->Refresh();
+}
+
+TEST_F(GridWindowEnds, AfterTheGridsOwnerIsGone) {
+    owner_.reset();
+    window_.reset();
+    EXPECT_EQ(events_.log, Log{});
+}
+
+}  // namespace
+}  // namespace foldertree
