@@ -36,12 +36,11 @@ Value Collection::Item(std::string_view key) const {
 }
 
 void Collection::Add(const Value& item, std::string_view key, std::optional<int32_t> before) const {
-    Object& collection = Deref(object_);
     const Value keyArgument = key.empty() ? Value(Missing()) : Value(key);
-    if (before)
-        collection.Get("Add", item, keyArgument, *before);
-    else
-        collection.Get("Add", item, keyArgument);
+    const Value beforeArgument = before ? Value(*before) : Value(Missing());
+    // Always with all three: a class of a script host has no optional arguments and refuses a call that is short of
+    // one.
+    Deref(object_).Get("Add", item, keyArgument, beforeArgument);
 }
 
 void Collection::Remove(int32_t position) const {
