@@ -2,6 +2,7 @@
 #include "localstores/EntryId.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace localstores {
 namespace {
@@ -13,13 +14,24 @@ uint64_t Fnv1a(std::string_view text, uint64_t hash) {
     return hash;
 }
 
-void AppendLittleEndian(EntryId& id, uint64_t number, int bytes) {
-    for (int i = 0; i < bytes; ++i) id.push_back(static_cast<uint8_t>(number >> (8 * i)));
+constexpr size_t flagBytes = 4;
+constexpr size_t headSize = flagBytes + std::tuple_size_v<StoreUid>;
+
+/// Four zero flag bytes, a uid, and room for more.
+EntryId HeadAndRoom(const StoreUid& uid, size_t room) {
+    EntryId id(headSize + room);
+    std::copy(uid.begin(), uid.end(), id.begin() + flagBytes);
+    return id;
 }
 
-EntryId FlagsAndUid(const StoreUid& uid) {
-    EntryId id(4, 0);
-    id.insert(id.end(), uid.begin(), uid.end());
+template <class Iterator>
+void WriteLittleEndian(uint64_t number, Iterator first, Iterator last) {
+    for (; first != last; ++first, number >>= 8) *first = static_cast<uint8_t>(number);
+}
+
+EntryId NumberedId(const StoreUid& store, uint64_t number, size_t numberSize) {
+    EntryId id = HeadAndRoom(store, numberSize);
+    WriteLittleEndian(number, id.begin() + headSize, id.end());
     return id;
 }
 
@@ -33,21 +45,17 @@ int HexDigit(char c) {
 }  // namespace
 
 EntryId MakeStoreId(std::string_view providerName, const StoreUid& store) {
-    EntryId id = FlagsAndUid(UidOfText(providerName));
-    id.insert(id.end(), store.begin(), store.end());
+    EntryId id = HeadAndRoom(UidOfText(providerName), store.size());
+    std::copy(store.begin(), store.end(), id.begin() + headSize);
     return id;
 }
 
 EntryId MakeFolderId(const StoreUid& store, uint64_t number) {
-    EntryId id = FlagsAndUid(store);
-    AppendLittleEndian(id, number, 8);
-    return id;
+    return NumberedId(store, number, 8);
 }
 
 EntryId MakeShortNumberedFolderId(const StoreUid& store, uint32_t number) {
-    EntryId id = FlagsAndUid(store);
-    AppendLittleEndian(id, number, 4);
-    return id;
+    return NumberedId(store, number, 4);
 }
 
 EntryId ShortForm(EntryId id) {
@@ -89,11 +97,10 @@ uint64_t Fingerprint(std::string_view text) {
 }
 
 StoreUid UidOfText(std::string_view text) {
-    EntryId bytes;
-    AppendLittleEndian(bytes, Fingerprint(text), 8);
-    AppendLittleEndian(bytes, Fnv1a(text, 0x9AE16A3B2F90404Fu), 8);
     StoreUid uid{};
-    std::copy(bytes.begin(), bytes.end(), uid.begin());
+    const auto middle = uid.begin() + uid.size() / 2;
+    WriteLittleEndian(Fingerprint(text), uid.begin(), middle);
+    WriteLittleEndian(Fnv1a(text, 0x9AE16A3B2F90404Fu), middle, uid.end());
     return uid;
 }
 

@@ -119,10 +119,12 @@ PffFile::PffFile(const std::filesystem::path& file, std::string_view path) : pat
     libpff_file_t* opened = nullptr;
     Check(libpff_file_initialize(&opened, nullptr), path_, "libpff cannot start");
     file_.reset(opened);
+    // libpff takes "/" for no separator on Windows.
+    const std::filesystem::path native = std::filesystem::path(file).make_preferred();
 #ifdef _WIN32
-    const int result = libpff_file_open_wide(opened, file.c_str(), LIBPFF_OPEN_READ, nullptr);
+    const int result = libpff_file_open_wide(opened, native.c_str(), LIBPFF_OPEN_READ, nullptr);
 #else
-    const int result = libpff_file_open(opened, file.c_str(), LIBPFF_OPEN_READ, nullptr);
+    const int result = libpff_file_open(opened, native.c_str(), LIBPFF_OPEN_READ, nullptr);
 #endif
     if (result != 1) throw DamagedStore(path_, "it is no PST file, or a damaged one");
 }

@@ -48,6 +48,7 @@ void WriteWholeFile(const fs::path& file, const std::string& content) {
     std::ofstream(file, std::ios::binary).write(content.data(), static_cast<std::streamsize>(content.size()));
 }
 
+#ifndef _WIN32
 std::optional<std::string> OutputOf(const std::string& command) {
     std::FILE* pipe = popen(command.c_str(), "r");
     if (pipe == nullptr) return std::nullopt;
@@ -56,6 +57,7 @@ std::optional<std::string> OutputOf(const std::string& command) {
     if (pclose(pipe) != 0) return std::nullopt;
     return output;
 }
+#endif
 
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;

@@ -32,8 +32,10 @@ std::optional<std::filesystem::path> SamplePst();
 std::string ReadWholeFile(const std::filesystem::path& file);
 void WriteWholeFile(const std::filesystem::path& file, const std::string& content);
 
+#ifndef _WIN32
 /// What the shell command prints on its standard output; nothing when it fails.
 std::optional<std::string> OutputOf(const std::string& command);
+#endif
 std::vector<std::string> Lines(const std::string& text);
 
 /// All folders below the folder, parents first, with their full names; levels are separated by `separator`.
