@@ -22,6 +22,7 @@ void OrderedInsertion::RemoveCompleteItems() {
     // From the back, so that the positions still to be removed stay what they are.
     for (auto position = complete.rbegin(); position != complete.rend(); ++position) items.Remove(*position);
     ReadIndexes();
+    incompleteLeft_ = !highestUpTo_.empty();
 }
 
 void OrderedInsertion::ReadIndexes() {
@@ -37,11 +38,12 @@ void OrderedInsertion::ReadIndexes() {
 void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
     const double number = grid.CellValue(row, colIndex);
     const std::string key = grid.CellText(row, colKey);
-    SelItem item = selection_.GetSelItemByKey(key);
-    const bool known = static_cast<bool>(item);
-    if (!known) item = SelItem(selection_.CreateSelItemFromRow(row));
+    SelItem item = incompleteLeft_ ? selection_.GetSelItemByKey(key) : SelItem();
+    const bool incomplete = item && item.Incomplete();
+    if (!item) item = SelItem(selection_.CreateSelItemFromRow(row));
     const int32_t index = item.Index();
-    if (known && selection_.RemoveSelItemByKey(key)) ReadIndexes();
+    // An item that stayed is moved. One that another row put here keeps the key, and adding it again fails.
+    if (incomplete && selection_.RemoveSelItemByKey(key)) ReadIndexes();
 
     const auto place = std::lower_bound(highestUpTo_.begin(), highestUpTo_.end(), number,
                                         [](int32_t highest, double wanted) { return highest < wanted; });

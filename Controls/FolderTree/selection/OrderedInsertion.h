@@ -24,6 +24,7 @@ class OrderedInsertion {
 
     SelectionSet& selection_;
     std::vector<int32_t> highestUpTo_;
+    bool incompleteLeft_ = false;  ///< else no row's item can be in the collection yet, and need not be looked for
 };
 
 }  // namespace foldertree
