@@ -1,7 +1,6 @@
 // SelectionView: shows the selection in the tree, and reads it back from there.
 #include "selection/SelectionView.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "automation/Collection.h"
@@ -14,23 +13,24 @@ namespace foldertree {
 using automation::Collection;
 using automation::Value;
 
-void SelectionView::ApplySelection() {
+void SelectionView::ApplySelection(std::span<const FoundRow> found) {
     Guarded(shell_, errorLines::applySelection, [&] {
         const FlagSet busy(shell_.state.gridBusy);
         if (!shell_.state.multiSelect)
             ApplySingleItem();
         else if (selection_.collection != nullptr)
-            ApplyCollection();
+            ApplyCollection(found);
         selection_.dirty = true;
     });
 }
 
-void SelectionView::ApplyCollection() {
+void SelectionView::ApplyCollection(std::span<const FoundRow> found) {
     const auto walk = Collection(selection_.collection).Walk();
     Value value;
-    while (walk->Next(value)) {
+    for (size_t position = 0; walk->Next(value); ++position) {
         const SelItem item(value);
-        const int32_t row = FindRowOf(item);
+        const bool known = item.Own() != nullptr && position < found.size() && found[position].item == item.Own();
+        const int32_t row = known ? found[position].row : FindRowOf(item);
         if (row <= 0) continue;  // not in the tree, or the header row matched
         // A stranger keeps what its host gave it; only our own items are completed.
         if (clsFolderTreeItem* own = item.Own(); own != nullptr && own->Incomplete()) CompleteFromRow(*own, row);
@@ -106,17 +106,22 @@ void SelectionView::ReIndex() {
     Guarded(shell_, errorLines::reIndex, [&] {
         if (selection_.collection == nullptr) return;
         const auto walk = Collection(selection_.collection).Walk();
+        std::vector<FoundRow> found;
         int32_t n = 1;
         Value value;
         while (walk->Next(value)) {
             const SelItem item(value);
+            found.push_back({nullptr, -1});
             if (!item.Selected()) continue;
             item.SetIndex(n);
             const int32_t row = shell_.grid.FindRow(item.Key());
-            if (row != -1) shell_.grid.SetCellText(row, colIndex, std::to_string(n));
+            if (row != -1) {
+                shell_.grid.SetCellText(row, colIndex, std::to_string(n));
+                found.back() = {item.Own(), row};
+            }
             ++n;
         }
-        ApplySelection();
+        ApplySelection(found);
     });
 }
 

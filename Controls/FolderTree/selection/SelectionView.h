@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "selection/SelectionSet.h"
 #include "shell/ControlShell.h"
@@ -14,7 +15,7 @@ class SelectionView {
 
     /// Ticks, numbers and paints the rows of the selection and completes host-made items from them. Items without a row
     /// stay as they are; rows that are ticked without an item stay ticked.
-    void ApplySelection();
+    void ApplySelection() { ApplySelection({}); }
     /// Rebuilds the collection from the grid, ordered by the rows' numbers. Host-made items that the tree never matched
     /// stay.
     void RefreshSelection();
@@ -25,7 +26,14 @@ class SelectionView {
     void ReIndex();
 
   private:
-    void ApplyCollection();
+    /// The row that an item was found in a moment ago; saves the second look-up of each item when a tick renumbers all.
+    struct FoundRow {
+        const clsFolderTreeItem* item;
+        int32_t row;
+    };
+
+    void ApplySelection(std::span<const FoundRow> found);
+    void ApplyCollection(std::span<const FoundRow> found);
     void ApplySingleItem();
     int32_t FindRowOf(const SelItem& item);
     void CompleteFromRow(clsFolderTreeItem& item, int32_t row);
