@@ -10,6 +10,7 @@
 #include "automation/Text.h"
 #include "localstores/OpenFailure.h"
 #include "maildir/ModifiedUtf7.h"
+#include "model/FilePath.h"
 
 namespace localstores {
 namespace {
@@ -19,11 +20,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view providerName = "Maildir";
 constexpr std::string_view mailClass = "IPF.Note";
 constexpr char separator = '.';
-
-std::string Utf8(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
 
 /// A byte that is no UTF-8 becomes a replacement character, so that every name can be shown.
 std::string Readable(std::string_view name) {
@@ -103,7 +99,7 @@ std::vector<std::string> MailboxNames(const fs::path& directory, std::string_vie
     std::vector<std::string> names;
     std::error_code error;
     for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = Utf8(entry->path().filename());
+        const std::string name = TextOf(entry->path().filename());
         if (IsMailbox(*entry, name)) names.push_back(name.substr(1));
     }
     if (error) throw DamagedStore(path, "the directory cannot be read (" + error.message() + ")");
@@ -138,13 +134,13 @@ std::shared_ptr<Store> ReadMaildir(const fs::path& directory, std::string_view p
     std::error_code error;
     fs::path whole = fs::canonical(directory, error);
     if (error) whole = directory;
-    const StoreUid uid = UidOfText(Utf8(whole));
+    const StoreUid uid = UidOfText(TextOf(whole));
 
     TreeBuilder tree(uid, path);
     for (const std::string& name : MailboxNames(directory, path)) tree.AddMailbox(name);
 
     StoreDescription store;
-    store.name = Readable(Utf8(whole.filename()));
+    store.name = Readable(TextOf(whole.filename()));
     store.providerName = providerName;
     store.id = MakeStoreId(providerName, uid);
     store.path = path;

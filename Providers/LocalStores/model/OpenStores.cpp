@@ -5,22 +5,15 @@
 
 #include "localstores/OpenFailure.h"
 #include "maildir/Maildir.h"
+#include "model/FilePath.h"
 #include "pst/PstStore.h"
 #include "sample/SampleMailbox.h"
 
 namespace localstores {
-namespace {
-
-std::filesystem::path FileSystemPath(std::string_view utf8) {
-    return std::u8string(utf8.begin(), utf8.end());
-}
-
-}  // namespace
-
 StoreList OpenStores(std::string_view path) {
     if (IsSamplePath(path)) return SampleMailbox(path);
 
-    const std::filesystem::path file = FileSystemPath(path);
+    const std::filesystem::path file = PathOf(path);
     std::error_code error;
     const auto status = std::filesystem::status(file, error);
     if (!std::filesystem::exists(status)) throw NoSuchStore(path, "there is no such file or directory");

@@ -2,8 +2,10 @@
 #include "model/Session.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "localstores/OpenFailure.h"
+#include "model/FilePath.h"
 
 namespace localstores {
 namespace {
@@ -13,13 +15,18 @@ std::shared_ptr<Store> DefaultOf(const StoreList& stores) {
     return found == stores.end() ? nullptr : *found;
 }
 
+bool SamePlace(const std::string& a, const std::string& b) {
+    std::error_code ignored;
+    return a == b || std::filesystem::equivalent(PathOf(a), PathOf(b), ignored);
+}
+
 }  // namespace
 
 std::shared_ptr<Store> Session::Open(std::string_view path) {
     const StoreList opened = OpenStores(path);
     for (const auto& store : opened) {
         const auto known = Find(store->Id());
-        if (known && known->Path() == store->Path()) return known;
+        if (known && SamePlace(known->Path(), store->Path())) return known;
         if (known) throw StoreCollision(path, "it is a copy of \"" + known->Path() + "\", which is open");
     }
     const auto first = DefaultOf(opened) ? DefaultOf(opened) : opened.front();

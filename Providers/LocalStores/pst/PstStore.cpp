@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "localstores/OpenFailure.h"
+#include "model/FilePath.h"
 #include "pst/PffItem.h"
 
 namespace localstores {
@@ -141,11 +142,6 @@ class TreeReader {
     std::map<DefaultFolder, uint32_t> roles_;
 };
 
-std::string FileStem(const std::filesystem::path& file) {
-    const std::u8string stem = file.stem().u8string();
-    return {stem.begin(), stem.end()};
-}
-
 }  // namespace
 
 std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_view path) {
@@ -154,7 +150,7 @@ std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_vi
 
     StoreDescription store;
     store.name = tree.StoreName().value_or("");
-    if (store.name.empty()) store.name = FileStem(file);
+    if (store.name.empty()) store.name = TextOf(file.stem());
     store.providerName = providerName;
     store.id = MakeStoreId(providerName, tree.Uid());
     store.kind = pff.IsUnicode() ? StoreKind::PstUnicode : StoreKind::PstAnsi;

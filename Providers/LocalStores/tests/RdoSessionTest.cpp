@@ -61,6 +61,29 @@ TEST_F(RdoSession, OpenTellsWhatItCannotOpen) {
     EXPECT_EQ(Object(session_, "Stores")->Get("Count").ToLong(), 3);
 }
 
+TEST_F(RdoSession, OneStoreUnderTwoSpellingsOfItsPathIsOneStore) {
+    const TemporaryDirectory directory;
+    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    const ObjectRef session = MakeRdoSession();
+    const ObjectRef first = session->Get("Open", directory.Utf8()).RequireObject();
+    const ObjectRef second = session->Get("Open", directory.Utf8() + "/cur/..").RequireObject();
+    EXPECT_EQ(Text(first, "EntryID"), Text(second, "EntryID"));
+    EXPECT_EQ(Object(session, "Stores")->Get("Count").ToLong(), 1);
+}
+
+TEST_F(RdoSession, CopyOfAnOpenStoreIsRefused) {
+    const auto file = SamplePst();
+    if (!file) GTEST_SKIP() << "the sample file dist-list.pst is not beside the repository";
+    const TemporaryDirectory directory;
+    const std::string copy = directory.Utf8() + "/copy.pst";
+    WriteWholeFile(copy, ReadWholeFile(*file));
+    const ObjectRef session = MakeRdoSession();
+    session->Get("Open", file->string());
+    EXPECT_EQ(ErrorNumberOf([&] { session->Get("Open", copy); }), 0x80040604u);
+    EXPECT_THAT(FailureOf([&] { session->Get("Open", copy); }), HasSubstr(file->string()));
+    EXPECT_EQ(Object(session, "Stores")->Get("Count").ToLong(), 1);
+}
+
 TEST_F(RdoSession, FirstStoreOpenedIsTheDefaultUntilAnotherIsMade) {
     const TemporaryDirectory directory;
     for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
