@@ -45,7 +45,8 @@ Desktop::Desktop() {
                               nullptr, nullptr, nullptr);
     ComPtr<IUnknown> control;
     EXPECT_EQ(AtlEntry<AtlAxCreateControlEx>("AtlAxCreateControlEx")(L"{AE52A325-A957-48C9-B185-FA526DB6AB5E}", window_,
-                                                                     nullptr, &container_, &control, IID_NULL, nullptr),
+                                                                     nullptr, container_.GetAddressOf(),
+                                                                     control.GetAddressOf(), IID_NULL, nullptr),
               S_OK);
     control_ = As<_ctlFolderTree>(control);
     HandleMessages();

@@ -30,6 +30,10 @@ uint32_t ErrorOf(Action&& action) {
     return 0;
 }
 
+uint32_t Number(HRESULT result) {
+    return static_cast<uint32_t>(result);
+}
+
 std::shared_ptr<KeyedCollection> HostCollection(const std::vector<Value>& items) {
     auto collection = std::make_shared<KeyedCollection>();
     for (const Value& item : items) collection->Add(item, Missing(), Missing(), Missing());
@@ -104,7 +108,7 @@ TEST_F(LateBinding, GivesTheSamePointerBackThatItWasHanded) {
     const auto collection = HostCollection({});
     tree_->PutRef("Selection", collection);
     ComPtr<IDispatch> back;
-    EXPECT_EQ(control_->get_Selection(&back), S_OK);
+    EXPECT_EQ(control_->get_Selection(back.GetAddressOf()), S_OK);
     EXPECT_EQ(back.Get(), automation::ToDispatch(collection).Get());
 }
 
@@ -119,10 +123,11 @@ TEST_F(LateBinding, HasATahomaFontThatCanBeReplaced) {
     description.lpstrName = name;
     description.cySize.int64 = 120000;
     ComPtr<IFontDisp> arial;
-    ASSERT_EQ(OleCreateFontIndirect(&description, __uuidof(IFontDisp), &arial), S_OK);
+    ASSERT_EQ(OleCreateFontIndirect(&description, __uuidof(IFontDisp), reinterpret_cast<void**>(arial.GetAddressOf())),
+              S_OK);
     tree_->Put("Font", LateBound(arial.Get()));
     ComPtr<IFontDisp> back;
-    EXPECT_EQ(control_->get_Font(&back), S_OK);
+    EXPECT_EQ(control_->get_Font(back.GetAddressOf()), S_OK);
     EXPECT_EQ(back.Get(), arial.Get());
 }
 
@@ -156,12 +161,12 @@ TEST_F(LateBinding, TakesNamedArguments) {
 }
 
 TEST_F(LateBinding, ReportsTheConversionOfAnArgumentAndNothingElse) {
-    EXPECT_EQ(ErrorOf([&] { tree_->Put("ExtendToLevel", "deep"); }), uint32_t{DISP_E_TYPEMISMATCH});
-    EXPECT_EQ(ErrorOf([&] { tree_->Get("GetMsgItem", "AB"); }), uint32_t{DISP_E_PARAMNOTOPTIONAL});
-    EXPECT_EQ(ErrorOf([&] { tree_->Get("NoSuchMember"); }), uint32_t{DISP_E_UNKNOWNNAME});
-    EXPECT_EQ(ErrorOf([&] { tree_->Put("ListCount", 1); }), uint32_t{DISP_E_MEMBERNOTFOUND});
+    EXPECT_EQ(ErrorOf([&] { tree_->Put("ExtendToLevel", "deep"); }), Number(DISP_E_TYPEMISMATCH));
+    EXPECT_EQ(ErrorOf([&] { tree_->Get("GetMsgItem", "AB"); }), Number(DISP_E_PARAMNOTOPTIONAL));
+    EXPECT_EQ(ErrorOf([&] { tree_->Get("NoSuchMember"); }), Number(DISP_E_UNKNOWNNAME));
+    EXPECT_EQ(ErrorOf([&] { tree_->Put("ListCount", 1); }), Number(DISP_E_MEMBERNOTFOUND));
     EXPECT_EQ(ErrorOf([&] { tree_->Put("SelectedItem", std::make_shared<ScriptedObject>("Stranger")); }),
-              uint32_t{DISP_E_TYPEMISMATCH});
+              Number(DISP_E_TYPEMISMATCH));
 
     // A session that fails at every call is the control's own affair.
     const auto session = std::make_shared<ScriptedObject>("Session");
@@ -183,7 +188,7 @@ TEST_F(LateBinding, RefusesHostsThePrivateSettersOfAnItem) {
     const ObjectRef item = LateBound(NewItem().Get());
     for (const char* name : {"FolderRecID", "Incomplete", "IsAddressList", "Selected", "StoreID", "EntryID",
                              "AddressListID", "EntryIDShort", "Name", "Path", "ItemType"})
-        EXPECT_EQ(ErrorOf([&] { item->Put(name, 1); }), uint32_t{DISP_E_MEMBERNOTFOUND}) << name;
+        EXPECT_EQ(ErrorOf([&] { item->Put(name, 1); }), Number(DISP_E_MEMBERNOTFOUND)) << name;
 }
 
 TEST_F(LateBinding, GivesANewItemEmptyFields) {
@@ -231,7 +236,7 @@ TEST_F(KillCollection, EmptiesACollectionThatIsPassedByValueAndLeavesTheCallersR
 
 TEST_F(KillCollection, SetsAnObjectVariableToNothing) {
     IDispatch* variable = nullptr;
-    pointer_.CopyTo(&variable);
+    variable = ComPtr<IDispatch>(pointer_).Detach();
     VARIANT argument;
     V_VT(&argument) = VT_BYREF | VT_DISPATCH;
     V_DISPATCHREF(&argument) = &variable;
@@ -245,7 +250,7 @@ TEST_F(KillCollection, SetsAnObjectVariableToNothing) {
 TEST_F(KillCollection, SetsAVariantVariableToNothing) {
     VARIANT variable;
     V_VT(&variable) = VT_DISPATCH;
-    pointer_.CopyTo(&V_DISPATCH(&variable));
+    V_DISPATCH(&variable) = ComPtr<IDispatch>(pointer_).Detach();
     VARIANT argument;
     V_VT(&argument) = VT_BYREF | VT_VARIANT;
     V_VARIANTREF(&argument) = &variable;
@@ -257,7 +262,7 @@ TEST_F(KillCollection, SetsAVariantVariableToNothing) {
 
 TEST_F(KillCollection, SetsAnUnknownVariableToNothing) {
     IUnknown* variable = nullptr;
-    pointer_.CopyTo(IID_IUnknown, reinterpret_cast<void**>(&variable));
+    variable = ComPtr<IUnknown>(pointer_).Detach();
     VARIANT argument;
     V_VT(&argument) = VT_BYREF | VT_UNKNOWN;
     V_UNKNOWNREF(&argument) = &variable;
@@ -293,7 +298,7 @@ TEST_F(KillCollection, DoesNothingForNothingAndEmpty) {
 TEST_F(KillCollection, WorksEarlyBound) {
     VARIANT variable;
     V_VT(&variable) = VT_DISPATCH;
-    pointer_.CopyTo(&V_DISPATCH(&variable));
+    V_DISPATCH(&variable) = ComPtr<IDispatch>(pointer_).Detach();
     EXPECT_EQ(control_->KillCollection(&variable), S_OK);
     EXPECT_EQ(collection_->Count(), 0);
     EXPECT_EQ(V_DISPATCH(&variable), nullptr);

@@ -1,6 +1,7 @@
 // LifeTest: identity, references, and the end of the control at any moment.
 #include <gtest/gtest.h>
 
+#include <objsafe.h>
 #include <olectl.h>
 
 #include "automation/KeyedCollection.h"
@@ -60,7 +61,8 @@ TEST(Life, RefusesInterfacesThatItDoesNotHave) {
 TEST(Life, CannotBeAggregated) {
     const auto outer = automation::ToCom(std::make_shared<ScriptedObject>());
     ComPtr<IUnknown> inner;
-    EXPECT_EQ(CoCreateInstance(__uuidof(::ctlFolderTree), outer.Get(), CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&inner)),
+    EXPECT_EQ(CoCreateInstance(__uuidof(::ctlFolderTree), outer.Get(), CLSCTX_INPROC_SERVER,
+                               IID_PPV_ARGS(inner.GetAddressOf())),
               CLASS_E_NOAGGREGATION);
 }
 
@@ -88,7 +90,7 @@ TEST(Life, EmptiesTheHostsSelectionAtItsEnd) {
     const auto collection = std::make_shared<KeyedCollection>();
     auto control = NewControl();
     ComPtr<_clsFolderTreeItem> item;
-    control->CreateSelItem(1, nullptr, nullptr, nullptr, nullptr, &item);
+    control->CreateSelItem(1, nullptr, nullptr, nullptr, nullptr, item.GetAddressOf());
     collection->Add(LateBound(item.Get()), "key", Missing(), Missing());
     control->putref_Selection(automation::ToDispatch(collection).Get());
     EXPECT_EQ(collection->Count(), 1);
@@ -108,7 +110,7 @@ TEST(Life, DoesNothingAfterItWasClosed) {
     EXPECT_EQ(control->get_ListCount(&count), S_OK);
     EXPECT_EQ(count, 0);
     ComPtr<IDispatch> selection;
-    EXPECT_EQ(control->get_Selection(&selection), S_OK);
+    EXPECT_EQ(control->get_Selection(selection.GetAddressOf()), S_OK);
     EXPECT_EQ(selection.Get(), nullptr);
     EXPECT_EQ(control->RefreshList(), S_OK);
     EXPECT_EQ(control->put_Enabled(VARIANT_FALSE), S_OK);
@@ -118,7 +120,7 @@ TEST(Life, KeepsOneComObjectForAnItem) {
     const auto control = NewControl();
     control->put_MultiSelect(VARIANT_FALSE);
     ComPtr<_clsFolderTreeItem> item;
-    control->CreateSelItem(1, nullptr, nullptr, nullptr, nullptr, &item);
+    control->CreateSelItem(1, nullptr, nullptr, nullptr, nullptr, item.GetAddressOf());
     const auto collection = std::make_shared<KeyedCollection>();
     collection->Add(LateBound(item.Get()), Missing(), Missing(), Missing());
     EXPECT_EQ(automation::ToCom(collection->Item(1).ToObject()).Get(), As<IUnknown>(item).Get());

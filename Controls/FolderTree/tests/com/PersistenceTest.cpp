@@ -138,7 +138,7 @@ TEST(PropertyBagPersistence, SurvivesABagFullOfWrongTypesAndABagThatFails) {
 
 ComPtr<IStream> MemoryStream() {
     ComPtr<IStream> stream;
-    EXPECT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, &stream), S_OK);
+    EXPECT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.GetAddressOf()), S_OK);
     return stream;
 }
 

@@ -16,13 +16,13 @@ using ::testing::ElementsAreArray;
 
 ComPtr<ITypeLib> Library() {
     ComPtr<ITypeLib> library;
-    EXPECT_EQ(LoadTypeLibEx(ServerPath().c_str(), REGKIND_NONE, &library), S_OK);
+    EXPECT_EQ(LoadTypeLibEx(ServerPath().c_str(), REGKIND_NONE, library.GetAddressOf()), S_OK);
     return library;
 }
 
 ComPtr<ITypeInfo> Info(const GUID& guid) {
     ComPtr<ITypeInfo> info;
-    EXPECT_EQ(Library()->GetTypeInfoOfGuid(guid, &info), S_OK);
+    EXPECT_EQ(Library()->GetTypeInfoOfGuid(guid, info.GetAddressOf()), S_OK);
     return info;
 }
 
@@ -31,7 +31,7 @@ ComPtr<ITypeInfo> Info(const wchar_t* name) {
     std::wstring text = name;
     MEMBERID id = 0;
     USHORT found = 1;
-    EXPECT_EQ(Library()->FindName(text.data(), 0, &info, &id, &found), S_OK);
+    EXPECT_EQ(Library()->FindName(text.data(), 0, info.GetAddressOf(), &id, &found), S_OK);
     return info;
 }
 
@@ -83,7 +83,7 @@ ComPtr<ITypeInfo> Slots(const GUID& guid) {
     HREFTYPE reference = 0;
     ComPtr<ITypeInfo> slots;
     if (SUCCEEDED(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference)))
-        info->GetRefTypeInfo(reference, &slots);
+        info->GetRefTypeInfo(reference, slots.GetAddressOf());
     return slots != nullptr ? slots : info;
 }
 
@@ -193,7 +193,7 @@ std::string TypeText(ITypeInfo& info, const TYPEDESC& type) {
             return TypeText(info, *type.lptdesc) + "*";
         case VT_USERDEFINED: {
             ComPtr<ITypeInfo> target;
-            EXPECT_EQ(info.GetRefTypeInfo(type.hreftype, &target), S_OK);
+            EXPECT_EQ(info.GetRefTypeInfo(type.hreftype, target.GetAddressOf()), S_OK);
             return NameOf(*target.Get(), MEMBERID_NIL);
         }
         case VT_BOOL:
