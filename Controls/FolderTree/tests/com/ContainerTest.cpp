@@ -26,8 +26,10 @@ class Container : public ::testing::Test {
         return {place.right - place.left, place.bottom - place.top};
     }
 
+    /// Afterwards the wire has counted the calls of the load.
     void Load(std::shared_ptr<Tripwire> wire = std::make_shared<Tripwire>()) {
         desktop_->Control()->putref_RDOSessionRef(automation::ToDispatch(SampleSession(wire)).Get());
+        wire->calls = 0;
         EXPECT_EQ(desktop_->Control()->RefreshList(), S_OK);
     }
 

@@ -67,8 +67,14 @@ std::vector<std::string> Members(ITypeInfo& info) {
             UINT count = 0;
             info.GetNames(function->memid, names, 10, &count);
             std::string text = Kind(*function) + Text(names[0]);
-            for (UINT n = 1; n < count; ++n) text += (n == 1 ? "(" : ", ") + Text(names[n]);
-            if (count > 1 && function->invkind == INVOKE_FUNC) text += ")";
+            std::string arguments;
+            for (UINT n = 1; n < count; ++n) {
+                const bool isResult =
+                    (function->lprgelemdescParam[n - 1].paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0;
+                const std::string argument = Text(names[n]);
+                if (!isResult) arguments += (arguments.empty() ? "" : ", ") + argument;
+            }
+            if (!arguments.empty() && function->invkind == INVOKE_FUNC) text += "(" + arguments + ")";
             members.push_back(text);
         }
         info.ReleaseFuncDesc(function);
@@ -87,17 +93,9 @@ ComPtr<ITypeInfo> Slots(const GUID& guid) {
     return slots != nullptr ? slots : info;
 }
 
-/// A member's names without the arguments of property puts.
-std::vector<std::string> SlotMembers(const GUID& guid) {
-    std::vector<std::string> members = Members(*Slots(guid).Get());
-    for (std::string& member : members)
-        if (member.back() != ')') member = member.substr(0, member.find('('));
-    return members;
-}
-
 TEST(TypeLibrary, ListsTheMembersOfTheControlInInterfaceOrder) {
     EXPECT_THAT(
-        SlotMembers(__uuidof(_ctlFolderTree)),
+        Members(*Slots(__uuidof(_ctlFolderTree)).Get()),
         ElementsAre(
             "set Application", "get Application", "get CDOSession", "set Font", "get Font",
             "call GetMsgItem(sStoreID, sEntryID)", "call GetAdListItem(sAdListID, sAdListEntryID)",
@@ -115,7 +113,7 @@ TEST(TypeLibrary, ListsTheMembersOfTheControlInInterfaceOrder) {
 }
 
 TEST(TypeLibrary, ListsTheMembersOfTheItemInInterfaceOrder) {
-    EXPECT_THAT(SlotMembers(__uuidof(_clsFolderTreeItem)),
+    EXPECT_THAT(Members(*Slots(__uuidof(_clsFolderTreeItem)).Get()),
                 ElementsAre("get Incomplete", "get IsAddressList", "get Key", "get Selected", "get StoreID",
                             "get EntryID", "get AddressListID", "get EntryIDShort", "get Name", "get Path", "let Index",
                             "get Index", "get ItemType", "get KeyShortEntryID", "get KeyAlternate", "get FolderRecID"));
