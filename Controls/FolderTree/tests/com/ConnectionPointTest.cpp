@@ -56,7 +56,7 @@ class PropertySink final : public automation::ComBase<IPropertyNotifySink> {
 
 ComPtr<IConnectionPoint> Point(const ComPtr<_ctlFolderTree>& control, REFIID iid) {
     ComPtr<IConnectionPoint> point;
-    EXPECT_EQ(As<IConnectionPointContainer>(control)->FindConnectionPoint(iid, &point), S_OK);
+    EXPECT_EQ(As<IConnectionPointContainer>(control)->FindConnectionPoint(iid, point.GetAddressOf()), S_OK);
     return point;
 }
 
@@ -64,7 +64,7 @@ TEST(ConnectionPoints, KnowTheirInterfaceAndTheirContainer) {
     const auto control = NewControl();
     const auto container = As<IConnectionPointContainer>(control);
     ComPtr<IEnumConnectionPoints> points;
-    ASSERT_EQ(container->EnumConnectionPoints(&points), S_OK);
+    ASSERT_EQ(container->EnumConnectionPoints(points.GetAddressOf()), S_OK);
     ComPtr<IConnectionPoint> point;
     std::vector<IID> interfaces;
     while (points->Next(1, point.ReleaseAndGetAddressOf(), nullptr) == S_OK) {
@@ -72,7 +72,7 @@ TEST(ConnectionPoints, KnowTheirInterfaceAndTheirContainer) {
         EXPECT_EQ(point->GetConnectionInterface(&iid), S_OK);
         interfaces.push_back(iid);
         ComPtr<IConnectionPointContainer> back;
-        EXPECT_EQ(point->GetConnectionPointContainer(&back), S_OK);
+        EXPECT_EQ(point->GetConnectionPointContainer(back.GetAddressOf()), S_OK);
         EXPECT_EQ(back.Get(), container.Get());
         EXPECT_EQ(Point(control, iid).Get(), point.Get());
     }
@@ -80,7 +80,7 @@ TEST(ConnectionPoints, KnowTheirInterfaceAndTheirContainer) {
     EXPECT_TRUE(interfaces[0] == __uuidof(__ctlFolderTree));
     EXPECT_TRUE(interfaces[1] == IID_IPropertyNotifySink);
     ComPtr<IConnectionPoint> none;
-    EXPECT_EQ(container->FindConnectionPoint(IID_IAdviseSink, &none), CONNECT_E_NOCONNECTION);
+    EXPECT_EQ(container->FindConnectionPoint(IID_IAdviseSink, none.GetAddressOf()), CONNECT_E_NOCONNECTION);
 }
 
 TEST(ConnectionPoints, HoldASinkUntilItDisconnects) {
@@ -96,7 +96,7 @@ TEST(ConnectionPoints, HoldASinkUntilItDisconnects) {
     EXPECT_EQ(References(sink.Get()), 3u);
 
     ComPtr<IEnumConnections> connections;
-    ASSERT_EQ(point->EnumConnections(&connections), S_OK);
+    ASSERT_EQ(point->EnumConnections(connections.GetAddressOf()), S_OK);
     CONNECTDATA data[3] = {};
     ULONG count = 0;
     EXPECT_EQ(connections->Next(3, data, &count), S_FALSE);
@@ -181,7 +181,7 @@ TEST_F(ChangedEvent, FindsTheSelectionAsItIsThen) {
     int count = -1;
     sink->onChanged = [&] {
         ComPtr<IDispatch> selection;
-        desktop_->Control()->get_Selection(&selection);
+        desktop_->Control()->get_Selection(selection.GetAddressOf());
         count = selection == nullptr ? 0 : LateBound(selection.Get())->Get("Count").ToLong();
     };
     Connect(sink);

@@ -26,8 +26,10 @@ class Container : public ::testing::Test {
         return {place.right - place.left, place.bottom - place.top};
     }
 
+    /// Afterwards the wire has counted the calls of the load.
     void Load(std::shared_ptr<Tripwire> wire = std::make_shared<Tripwire>()) {
         desktop_->Control()->putref_RDOSessionRef(automation::ToDispatch(SampleSession(wire)).Get());
+        wire->calls = 0;
         EXPECT_EQ(desktop_->Control()->RefreshList(), S_OK);
     }
 
@@ -210,7 +212,7 @@ class FontSite final : public automation::ComBase<IOleClientSite, IDispatch> {
         description.cbSizeofstruct = sizeof(description);
         description.lpstrName = text.data();
         description.cySize.int64 = 140000;
-        OleCreateFontIndirect(&description, __uuidof(IFontDisp), &font);
+        OleCreateFontIndirect(&description, __uuidof(IFontDisp), reinterpret_cast<void**>(font.GetAddressOf()));
     }
 
     ComPtr<IFontDisp> font;
@@ -237,7 +239,8 @@ class FontSite final : public automation::ComBase<IOleClientSite, IDispatch> {
         }
         if (member != DISPID_AMBIENT_FONT) return DISP_E_MEMBERNOTFOUND;
         V_VT(result) = VT_DISPATCH;
-        return font.CopyTo(&V_DISPATCH(result));
+        V_DISPATCH(result) = ComPtr<IDispatch>(font).Detach();
+        return S_OK;
     }
 };
 
@@ -259,7 +262,7 @@ TEST(Embedding, TakesTheFontOfItsContainerWhenNoneWasSaved) {
     const auto bag = automation::MakeCom<EmptyBag>();
     EXPECT_EQ(As<IPersistPropertyBag>(control)->Load(bag.Get(), nullptr), S_OK);
     ComPtr<IFontDisp> font;
-    EXPECT_EQ(control->get_Font(&font), S_OK);
+    EXPECT_EQ(control->get_Font(font.GetAddressOf()), S_OK);
     EXPECT_EQ(font.Get(), site->font.Get());
     // The container's own font is the default, so nothing has to be saved.
     EXPECT_EQ(As<IPersistPropertyBag>(control)->Save(bag.Get(), TRUE, FALSE), S_OK);
@@ -272,11 +275,11 @@ TEST(Embedding, LetsGoOfItsSite) {
     const auto site = automation::MakeCom<FontSite>(L"Courier New");
     EXPECT_EQ(As<IOleObject>(control)->SetClientSite(site.Get()), S_OK);
     ComPtr<IOleClientSite> back;
-    EXPECT_EQ(As<IOleObject>(control)->GetClientSite(&back), S_OK);
+    EXPECT_EQ(As<IOleObject>(control)->GetClientSite(back.GetAddressOf()), S_OK);
     EXPECT_EQ(back.Get(), site.Get());
     back = nullptr;
     control = nullptr;
-    EXPECT_EQ(References(site.Get()), 1u);
+    EXPECT_EQ(References(static_cast<IOleClientSite*>(site.Get())), 1u);
 }
 
 }  // namespace

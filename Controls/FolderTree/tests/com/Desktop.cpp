@@ -26,7 +26,7 @@ Function* AtlEntry(const char* name) {
 BOOL CALLBACK FindList(HWND window, LPARAM found) {
     wchar_t name[64] = {};
     GetClassNameW(window, name, 64);
-    if (lstrcmpiW(name, L"SysListView32") != 0) return TRUE;
+    if (lstrcmpiW(name, L"ctlFolderTree.Grid") != 0) return TRUE;
     *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
 }
@@ -41,11 +41,14 @@ bool Desktop::IsAvailable() {
 
 Desktop::Desktop() {
     AtlEntry<AtlAxWinInit>("AtlAxWinInit")();
-    window_ = CreateWindowExW(0, L"STATIC", L"Desktop", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20, 400, 300, nullptr,
-                              nullptr, nullptr, nullptr);
+    // Neither a caption nor an activation: no window manager is involved, and none has to be waited for.
+    window_ = CreateWindowExW(0, L"STATIC", L"Desktop", WS_POPUP | WS_CLIPCHILDREN, 20, 20, 400, 300, nullptr, nullptr,
+                              nullptr, nullptr);
+    ShowWindow(window_, SW_SHOWNA);
     ComPtr<IUnknown> control;
     EXPECT_EQ(AtlEntry<AtlAxCreateControlEx>("AtlAxCreateControlEx")(L"{AE52A325-A957-48C9-B185-FA526DB6AB5E}", window_,
-                                                                     nullptr, &container_, &control, IID_NULL, nullptr),
+                                                                     nullptr, container_.GetAddressOf(),
+                                                                     control.GetAddressOf(), IID_NULL, nullptr),
               S_OK);
     control_ = As<_ctlFolderTree>(control);
     HandleMessages();

@@ -28,7 +28,7 @@ class ComEnvironment : public ::testing::Environment {
         ComPtr<IClassFactory> factory;
         const auto getClassObject = EntryPoint<HRESULT WINAPI(REFCLSID, REFIID, void**)>("DllGetClassObject");
         ASSERT_NE(getClassObject, nullptr) << "FolderTree.ocx must stand beside this program";
-        ASSERT_EQ(getClassObject(clsid, IID_PPV_ARGS(&factory)), S_OK);
+        ASSERT_EQ(getClassObject(clsid, IID_PPV_ARGS(factory.GetAddressOf())), S_OK);
         ASSERT_EQ(CoRegisterClassObject(clsid, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie), S_OK);
     }
 
@@ -40,7 +40,7 @@ class ComEnvironment : public ::testing::Environment {
 template <class Interface>
 ComPtr<Interface> Create(const CLSID& clsid) {
     ComPtr<Interface> object;
-    EXPECT_EQ(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object)), S_OK);
+    EXPECT_EQ(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(object.GetAddressOf())), S_OK);
     return object;
 }
 

@@ -16,13 +16,13 @@ using ::testing::ElementsAreArray;
 
 ComPtr<ITypeLib> Library() {
     ComPtr<ITypeLib> library;
-    EXPECT_EQ(LoadTypeLibEx(ServerPath().c_str(), REGKIND_NONE, &library), S_OK);
+    EXPECT_EQ(LoadTypeLibEx(ServerPath().c_str(), REGKIND_NONE, library.GetAddressOf()), S_OK);
     return library;
 }
 
 ComPtr<ITypeInfo> Info(const GUID& guid) {
     ComPtr<ITypeInfo> info;
-    EXPECT_EQ(Library()->GetTypeInfoOfGuid(guid, &info), S_OK);
+    EXPECT_EQ(Library()->GetTypeInfoOfGuid(guid, info.GetAddressOf()), S_OK);
     return info;
 }
 
@@ -31,7 +31,7 @@ ComPtr<ITypeInfo> Info(const wchar_t* name) {
     std::wstring text = name;
     MEMBERID id = 0;
     USHORT found = 1;
-    EXPECT_EQ(Library()->FindName(text.data(), 0, &info, &id, &found), S_OK);
+    EXPECT_EQ(Library()->FindName(text.data(), 0, info.GetAddressOf(), &id, &found), S_OK);
     return info;
 }
 
@@ -67,8 +67,14 @@ std::vector<std::string> Members(ITypeInfo& info) {
             UINT count = 0;
             info.GetNames(function->memid, names, 10, &count);
             std::string text = Kind(*function) + Text(names[0]);
-            for (UINT n = 1; n < count; ++n) text += (n == 1 ? "(" : ", ") + Text(names[n]);
-            if (count > 1 && function->invkind == INVOKE_FUNC) text += ")";
+            std::string arguments;
+            for (UINT n = 1; n < count; ++n) {
+                const bool isResult =
+                    (function->lprgelemdescParam[n - 1].paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0;
+                const std::string argument = Text(names[n]);
+                if (!isResult) arguments += (arguments.empty() ? "" : ", ") + argument;
+            }
+            if (!arguments.empty() && function->invkind == INVOKE_FUNC) text += "(" + arguments + ")";
             members.push_back(text);
         }
         info.ReleaseFuncDesc(function);
@@ -83,21 +89,13 @@ ComPtr<ITypeInfo> Slots(const GUID& guid) {
     HREFTYPE reference = 0;
     ComPtr<ITypeInfo> slots;
     if (SUCCEEDED(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference)))
-        info->GetRefTypeInfo(reference, &slots);
+        info->GetRefTypeInfo(reference, slots.GetAddressOf());
     return slots != nullptr ? slots : info;
-}
-
-/// A member's names without the arguments of property puts.
-std::vector<std::string> SlotMembers(const GUID& guid) {
-    std::vector<std::string> members = Members(*Slots(guid).Get());
-    for (std::string& member : members)
-        if (member.back() != ')') member = member.substr(0, member.find('('));
-    return members;
 }
 
 TEST(TypeLibrary, ListsTheMembersOfTheControlInInterfaceOrder) {
     EXPECT_THAT(
-        SlotMembers(__uuidof(_ctlFolderTree)),
+        Members(*Slots(__uuidof(_ctlFolderTree)).Get()),
         ElementsAre(
             "set Application", "get Application", "get CDOSession", "set Font", "get Font",
             "call GetMsgItem(sStoreID, sEntryID)", "call GetAdListItem(sAdListID, sAdListEntryID)",
@@ -115,7 +113,7 @@ TEST(TypeLibrary, ListsTheMembersOfTheControlInInterfaceOrder) {
 }
 
 TEST(TypeLibrary, ListsTheMembersOfTheItemInInterfaceOrder) {
-    EXPECT_THAT(SlotMembers(__uuidof(_clsFolderTreeItem)),
+    EXPECT_THAT(Members(*Slots(__uuidof(_clsFolderTreeItem)).Get()),
                 ElementsAre("get Incomplete", "get IsAddressList", "get Key", "get Selected", "get StoreID",
                             "get EntryID", "get AddressListID", "get EntryIDShort", "get Name", "get Path", "let Index",
                             "get Index", "get ItemType", "get KeyShortEntryID", "get KeyAlternate", "get FolderRecID"));
@@ -193,7 +191,7 @@ std::string TypeText(ITypeInfo& info, const TYPEDESC& type) {
             return TypeText(info, *type.lptdesc) + "*";
         case VT_USERDEFINED: {
             ComPtr<ITypeInfo> target;
-            EXPECT_EQ(info.GetRefTypeInfo(type.hreftype, &target), S_OK);
+            EXPECT_EQ(info.GetRefTypeInfo(type.hreftype, target.GetAddressOf()), S_OK);
             return NameOf(*target.Get(), MEMBERID_NIL);
         }
         case VT_BOOL:
