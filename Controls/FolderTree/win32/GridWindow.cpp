@@ -332,7 +332,7 @@ void GridWindow::OnCharacter(wchar_t character) {
     if (character >= L'0' && character <= L'9') {
         const auto alive = Watch();
         OpenEditor(row);
-        if (!alive.expired() && editor_) editor_->SetText(std::string(1, static_cast<char>(character)));
+        if (!alive.expired() && editor_) editor_->Type(std::string(1, static_cast<char>(character)));
     }
 }
 
@@ -408,10 +408,8 @@ void GridWindow::OnEditorWish(NumberEditor::Wish wish) {
     const auto owner = owner_.lock();
     const auto alive = Watch();
     if (wish == NumberEditor::Wish::Commit) {
-        committing_ = true;
-        const bool accepted = GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
+        const bool accepted = OfferNumber();
         if (alive.expired()) return;
-        committing_ = false;
         // A refused number stays open so that it can be put right.
         if (!accepted && editor_) return editor_->SelectAll();
     }
@@ -424,12 +422,20 @@ bool GridWindow::FinishEdit() {
     if (!editor_ || committing_) return true;
     const auto owner = owner_.lock();
     const auto alive = Watch();
-    committing_ = true;
-    if (editedRow_ != 0) GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
+    OfferNumber();
     if (alive.expired()) return false;
-    committing_ = false;
     CloseEditor();
     return true;
+}
+
+// An editor that was opened and left as it was has changed nothing, so there is nothing to tell.
+bool GridWindow::OfferNumber() {
+    if (editedRow_ == 0 || !editor_->Modified()) return true;
+    const auto alive = Watch();
+    committing_ = true;
+    const bool accepted = GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
+    if (!alive.expired()) committing_ = false;
+    return accepted;
 }
 
 void GridWindow::CloseEditor() {

@@ -91,6 +91,8 @@ class GridWindow : public Window, private TreeGridObserver {
     void OnEditorWish(NumberEditor::Wish wish);
     /// Ends an open edit before something else happens; the text is offered. False when this object is gone.
     bool FinishEdit();
+    /// Offers what was typed; false when it was refused. This object may be gone afterwards.
+    bool OfferNumber();
     void CloseEditor();
 
     TreeGrid& grid_;

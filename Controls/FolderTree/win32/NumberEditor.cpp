@@ -17,6 +17,7 @@ NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std
     SetWindowLongPtrW(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     standard_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NumberEditor::Procedure)));
+    SendMessageW(edit_, EM_SETMODIFY, FALSE, 0);
     SelectAll();
     SetFocus(edit_);
 }
@@ -37,9 +38,14 @@ std::string NumberEditor::Text() const {
     return FromWide(text);
 }
 
-void NumberEditor::SetText(const std::string& text) {
-    SetWindowTextW(edit_, ToWide(text).c_str());
-    SendMessageW(edit_, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+void NumberEditor::Type(const std::string& text) {
+    SelectAll();
+    SendMessageW(edit_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
+    SendMessageW(edit_, EM_SETMODIFY, TRUE, 0);
+}
+
+bool NumberEditor::Modified() const {
+    return SendMessageW(edit_, EM_GETMODIFY, 0, 0) != 0;
 }
 
 void NumberEditor::SelectAll() {

@@ -23,7 +23,10 @@ class NumberEditor {
 
     HWND Handle() const { return edit_; }
     std::string Text() const;
-    void SetText(const std::string& text);  ///< with the caret at its end
+    /// Puts text in as if it had been typed, with the caret at its end.
+    void Type(const std::string& text);
+    /// Whether the user typed anything, be it the same number again.
+    bool Modified() const;
     void SelectAll();
 
   private:

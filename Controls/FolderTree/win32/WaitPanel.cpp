@@ -156,7 +156,7 @@ void WaitPanel::Paint(HDC dc, SIZE client) const {
     const Places places = PlacesIn(client);
     SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
     Text(dc, places.label, pleaseWait_, DT_END_ELLIPSIS);
-    Text(dc, places.path, path_, DT_PATH_ELLIPSIS);
+    Text(dc, places.path, path_, DT_PATH_ELLIPSIS | DT_END_ELLIPSIS);
     SelectObject(dc, before);
     PaintBar(dc, places.bar);
 }

@@ -292,10 +292,11 @@ TEST_F(ControlWindowTest, EnterAndEscInTheEditorAreNotTheDialogs) {
     MSG message = KeyMessage(control_->Grid().Handle(), VK_F2);
     ASSERT_TRUE(control_->TranslateAccelerator(message));
     ASSERT_NE(control_->Grid().Editor(), nullptr);
+    SendMessageW(control_->Grid().Editor()->Handle(), WM_CHAR, L'4', 1);
     message = KeyMessage(control_->Grid().Editor()->Handle(), VK_RETURN);
     EXPECT_TRUE(control_->TranslateAccelerator(message));
     EXPECT_EQ(control_->Grid().Editor(), nullptr);
-    EXPECT_EQ(events_.log.back(), "after-edit 2,1 cell=1");
+    EXPECT_EQ(events_.log.back(), "after-edit 2,1 cell=4");
 }
 
 TEST_F(ControlWindowTest, TheFocusOfTheControlGoesToTheGridAndIsTold) {
@@ -374,6 +375,7 @@ TEST_F(ControlWindowTest, AnOpenEditIsNotOfferedByAControlThatEnds) {
     grid_.SetCurrentRow(2);
     SendMessageW(control_->Grid().Handle(), WM_KEYDOWN, VK_F2, 1);
     ASSERT_NE(control_->Grid().Editor(), nullptr);
+    SendMessageW(control_->Grid().Editor()->Handle(), WM_CHAR, L'4', 1);
     control_.reset();
     EXPECT_EQ(events_.log.size(), 1u) << "before-edit only";
 }

@@ -236,6 +236,35 @@ TEST_F(GridPaintingTest, AGridThatHoldsNothingYetIsPainted) {
     EXPECT_EQ(pixels.At(200, 200), SystemPixel(COLOR_WINDOW));
 }
 
+/// A font object that knows its size and nothing else, or fails at it.
+class SizeOnlyFont : public automation::Object {
+  public:
+    explicit SizeOnlyFont(double points) : points_(points) {}
+    automation::Value Invoke(const automation::Invocation&) override {
+        if (points_ < 0) throw automation::Error(automation::errors::unspecified, "No font.");
+        return points_;
+    }
+    bool HasMember(std::string_view member) const override { return automation::SameMember(member, "Size"); }
+
+  private:
+    double points_;
+};
+
+TEST_F(GridPaintingTest, RowsGrowWithTheirFont) {
+    Paint();
+    const int before = layout_.Metrics().rowHeight;
+    grid_.SetFont(std::make_shared<SizeOnlyFont>(24));
+    Paint();
+    EXPECT_GE(layout_.Metrics().rowHeight, 32);
+    EXPECT_EQ(before, 19);
+}
+
+TEST_F(GridPaintingTest, AFontThatFailsLeavesTheDefaultOne) {
+    const Pixels before = Paint();
+    grid_.SetFont(std::make_shared<SizeOnlyFont>(-1));
+    EXPECT_EQ(Paint(), before);
+}
+
 TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     HostWindow host;
     TreeGrid grid;

@@ -54,7 +54,9 @@ class GridWindowTest : public testing::Test {
     void Press(WPARAM key) { Send(WM_KEYDOWN, key, 1); }
     void Type(wchar_t character) { Send(WM_CHAR, character, 1); }
     void InEditor(UINT message, WPARAM wParam) { SendMessageW(window_->Editor()->Handle(), message, wParam, 1); }
-    void TypeInEditor(const wchar_t* text) { SetWindowTextW(window_->Editor()->Handle(), text); }
+    void TypeInEditor(std::wstring_view text) {
+        for (wchar_t character : text) InEditor(WM_CHAR, character);
+    }
 
     /// The window goes away, and with it the grid's last owner, in the middle of a notification.
     void EndEverything() {
@@ -315,6 +317,25 @@ TEST_F(GridWindowTest, LosingTheFocusOffersTheNumber) {
     EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=7");
     EXPECT_EQ(events_.log.size(), 3u);
     EXPECT_EQ(window_->Editor(), nullptr);
+}
+
+TEST_F(GridWindowTest, AnEditorThatWasLeftAsItWasTellsNothing) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    SetFocus(host_.Handle());
+    EXPECT_EQ(window_->Editor(), nullptr);
+    Click(NumberOfRow(3));
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(window_->Editor(), nullptr);
+    EXPECT_EQ(events_.log, (Log{"before-edit 3,1 cell=1", "before-edit 3,1 cell=1"}));
+}
+
+TEST_F(GridWindowTest, TypingTheSameNumberAgainIsTold) {
+    TickRow(grid_, 3, "1");
+    Click(NumberOfRow(3));
+    TypeInEditor(L"1");
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=1");
 }
 
 TEST_F(GridWindowTest, AClickElsewhereEndsTheEditBeforeItActs) {
@@ -611,6 +632,7 @@ TEST_F(GridWindowEnds, BeforeTheEditorOpens) {
 TEST_F(GridWindowEnds, InsideValidateEdit) {
     TickRow(grid_, 3, "1");
     Click(NumberOfRow(3));
+    TypeInEditor(L"7");
     EndDuring("validate-edit");
     InEditor(WM_KEYDOWN, VK_RETURN);
     EXPECT_EQ(window_, nullptr);
@@ -619,6 +641,7 @@ TEST_F(GridWindowEnds, InsideValidateEdit) {
 TEST_F(GridWindowEnds, InsideAfterEditOfANumber) {
     TickRow(grid_, 3, "1");
     Click(NumberOfRow(3));
+    TypeInEditor(L"7");
     EndDuring("after-edit");
     InEditor(WM_KEYDOWN, VK_RETURN);
     EXPECT_EQ(window_, nullptr);
@@ -627,6 +650,7 @@ TEST_F(GridWindowEnds, InsideAfterEditOfANumber) {
 TEST_F(GridWindowEnds, InsideAfterEditWhenTheFocusIsLost) {
     TickRow(grid_, 3, "1");
     Click(NumberOfRow(3));
+    TypeInEditor(L"7");
     EndDuring("after-edit");
     SetFocus(host_.Handle());
     EXPECT_EQ(window_, nullptr);
@@ -635,10 +659,11 @@ TEST_F(GridWindowEnds, InsideAfterEditWhenTheFocusIsLost) {
 TEST_F(GridWindowEnds, InsideTheEditThatAClickEnds) {
     TickRow(grid_, 3, "1");
     Click(NumberOfRow(3));
+    TypeInEditor(L"7");
     EndDuring("after-edit");
     SendMessageW(window_->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(BoxOfRow(2).x, BoxOfRow(2).y));
     EXPECT_EQ(window_, nullptr);
-    EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=1") << "the click goes no further";
+    EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=7") << "the click goes no further";
 }
 
 TEST_F(GridWindowEnds, WhenTheFocusComes) {
