@@ -29,12 +29,14 @@ WScript.Echo "The selection came back completed."
 ' A keyed collection made by the host. A class of VBScript has no _NewEnum and no optional arguments: whoever has no place
 ' to give for Before sends Empty or "missing".
 Class KeyedItems
-    Private items_(), keys_(), count_
+    Private count_
+    Private items_ ' by position, like the keys
+    Private keys_
 
     Private Sub Class_Initialize
         count_ = 0
-        ReDim items_(100)
-        ReDim keys_(100)
+        Set items_ = CreateObject("Scripting.Dictionary")
+        Set keys_ = CreateObject("Scripting.Dictionary")
     End Sub
 
     Public Property Get Count
@@ -42,7 +44,7 @@ Class KeyedItems
     End Property
 
     Public Default Property Get Item(index)
-        Set Item = items_(Position(index))
+        Set Item = items_.Item(Position(index))
     End Property
 
     Public Sub Add(newItem, key, before)
@@ -50,33 +52,37 @@ Class KeyedItems
         place = count_ + 1
         If VarType(before) <> vbError And Not IsEmpty(before) Then place = Position(before)
         For i = count_ To place Step -1
-            Set items_(i + 1) = items_(i)
-            keys_(i + 1) = keys_(i)
+            Move i, i + 1
         Next
-        Set items_(place) = newItem
-        keys_(place) = key
+        Set items_.Item(place) = newItem
+        keys_.Item(place) = key
         count_ = count_ + 1
     End Sub
 
     Public Sub Remove(index)
         Dim i
         For i = Position(index) To count_ - 1
-            Set items_(i) = items_(i + 1)
-            keys_(i) = keys_(i + 1)
+            Move i + 1, i
         Next
-        Set items_(count_) = Nothing
+        items_.Remove count_
+        keys_.Remove count_
         count_ = count_ - 1
+    End Sub
+
+    Private Sub Move(source, target)
+        Set items_.Item(target) = items_.Item(source)
+        keys_.Item(target) = keys_.Item(source)
     End Sub
 
     Private Function Position(index)
         Dim i
         If VarType(index) <> vbString Then
             If index < 1 Or index > count_ Then Err.Raise 9
-            Position = index
+            Position = CLng(index)
             Exit Function
         End If
         For i = 1 To count_
-            If StrComp(keys_(i), index, vbTextCompare) = 0 Then
+            If StrComp(keys_.Item(i), index, vbTextCompare) = 0 Then
                 Position = i
                 Exit Function
             End If
