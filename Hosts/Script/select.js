@@ -65,9 +65,12 @@ function main() {
     }
     expect("ItemType", back.Item(1).ItemType, FTIContactItem);
 
-    // Nothing is a selection too.
+    // Without a collection of the host the control makes one of the rows that are still ticked.
     tree.Selection = null;
-    expect("Selection after null", tree.Selection, null);
+    var own = tree.Selection;
+    expect("Count of the control's own collection", own.Count, 2);
+    expect("Its first item", own(1).Name, contacts.Name);
+    expect("Count of the script's collection afterwards", items.Count(), 2);
 }
 
 // An error that nobody handles would end a script with 0 under some hosts.
