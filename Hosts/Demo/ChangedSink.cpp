@@ -32,7 +32,7 @@ ComPtr<ChangedSink> ChangedSink::Connect(IUnknown* control, std::function<void()
         FAILED(classInfo->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &eventInterface))) {
         return nullptr;
     }
-    sink.Attach(new ChangedSink(eventInterface, ChangedId(classInfo.Get(), eventInterface), std::move(onChanged)));
+    sink = Adopt(new ChangedSink(eventInterface, ChangedId(classInfo.Get(), eventInterface), std::move(onChanged)));
     if (FAILED(container->FindConnectionPoint(eventInterface, &sink->point_)) ||
         FAILED(sink->point_->Advise(sink.Get(), &sink->cookie_))) {
         return nullptr;

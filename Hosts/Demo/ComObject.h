@@ -8,12 +8,20 @@ namespace demo {
 
 using Microsoft::WRL::ComPtr;
 
+/// Takes over the reference that a new object starts with. (MinGW's ComPtr::Attach counts one more.)
+template <class T>
+ComPtr<T> Adopt(T* object) {
+    ComPtr<T> pointer(object);
+    object->Release();
+    return pointer;
+}
+
 // COM interfaces have no virtual destructor; Release() alone ends an object.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
 /// Derive from ComObject<Interfaces...>. An object starts with one reference, which belongs to its maker:
-/// `ComPtr<X> x; x.Attach(new X(...));`. One thread only.
+/// `ComPtr<X> x = Adopt(new X(...));`. One thread only.
 template <class First, class... Others>
 class ComObject : public First, public Others... {
   public:

@@ -95,16 +95,14 @@ void ControlSite::Load(std::map<std::string, std::string>& properties) {
         Check(L"InitNew", persist->InitNew());
         return;
     }
-    ComPtr<FilePropertyBag> bag;
-    bag.Attach(new FilePropertyBag(properties));
+    const ComPtr<FilePropertyBag> bag = Adopt(new FilePropertyBag(properties));
     Check(L"Load", persist->Load(bag.Get(), nullptr));
 }
 
 void ControlSite::Save(std::map<std::string, std::string>& properties) const {
     ComPtr<IPersistPropertyBag> persist;
     if (!control_ || FAILED(control_.As(&persist))) return;
-    ComPtr<FilePropertyBag> bag;
-    bag.Attach(new FilePropertyBag(properties));
+    const ComPtr<FilePropertyBag> bag = Adopt(new FilePropertyBag(properties));
     // A value that equals its default is not written, so what an earlier run wrote must go.
     properties.clear();
     persist->Save(bag.Get(), TRUE, FALSE);

@@ -215,7 +215,7 @@ void DemoForm::Arrange() {
 void DemoForm::CreateControl() {
     RECT client = {};
     GetClientRect(window_, &client);
-    site_.Attach(new ControlSite(window_));
+    site_ = Adopt(new ControlSite(window_));
     site_->Create(controlProgId, state_.properties, client);
     sink_ = ChangedSink::Connect(site_->Control(), [this] { OnChanged(); });
 }
@@ -255,7 +255,7 @@ ComPtr<IDispatch> DemoForm::NewItem(const SavedItem& saved, long index) {
 }
 
 void DemoForm::NewCollection() {
-    collection_.Attach(new ItemCollection);
+    collection_ = Adopt(new ItemCollection);
 }
 
 void DemoForm::HandOverSelection() {

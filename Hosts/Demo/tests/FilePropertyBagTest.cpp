@@ -13,7 +13,7 @@ class FilePropertyBagTest : public testing::Test {
   protected:
     FilePropertyBagTest() {
         CoInitialize(nullptr);
-        bag_.Attach(new FilePropertyBag(properties_));
+        bag_ = Adopt(new FilePropertyBag(properties_));
     }
     ~FilePropertyBagTest() override {
         bag_.Reset();

@@ -9,9 +9,7 @@ namespace demo {
 namespace {
 
 ComPtr<IDispatch> NewCollection() {
-    ComPtr<IDispatch> collection;
-    collection.Attach(new ItemCollection);
-    return collection;
+    return Adopt<IDispatch>(new ItemCollection);
 }
 
 int BasicErrorOf(const std::function<void()>& call) {

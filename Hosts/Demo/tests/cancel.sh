@@ -18,7 +18,8 @@ run_cancel_test() {
 
     # What was read can be used like any tree.
     local path='Mailbox - Alex Example\\Calendar'
-    measure_cut_tree
+    measure_rows
+    measure_box Calendar
     tick Calendar
     wait_until "a folder that was read is selected" selection_is $'1\t'"$path"
     close_demo

@@ -75,7 +75,7 @@ changed_is() { [[ $(fact changed) == "$1" ]]; }
 
 # row_position NAME [NTH]
 row_position() {
-    facts row | awk -F '\t' -v name="$1" -v nth="${2:-1}" '$4 == name && ++found == nth { print NR - 1; exit }'
+    facts row | NAME=$1 awk -F '\t' -v nth="${2:-1}" '$4 == ENVIRON["NAME"] && ++found == nth { print NR - 1; exit }'
 }
 
 # colours LEFT TOP WIDTH HEIGHT: one "x y RRGGBB" a pixel, as it is on the screen.
@@ -83,24 +83,22 @@ colours() {
     import -window root -crop "$3x$4+$1+$2" +repage -depth 8 txt:- | sed -n 's/^\([0-9]*\),\([0-9]*\):.*#\([0-9A-F]\{6\}\).*/\1 \2 \3/p'
 }
 
-# Finds the height of header and rows: store rows are bands of their own colour across the control. Needs a first store
-# with folders below it and a second store in view.
+# Finds the height of header and rows beside the names: the first store's row has a colour of its own, the rows below it
+# are white and end with a thin line.
 measure_rows() {
-    local right bottom second
+    local right bottom
     read -r controlLeft controlTop right bottom <<<"$(fact control)"
-    second=$(facts row | awk -F '\t' '$1 == 0 && NR > 1 { print NR - 1; exit }')
+    sampleX=$((right - 40))
     read -r headerHeight rowHeight <<<"$(
-        colours $((right - 40)) "$controlTop" 1 $((bottom - controlTop)) |
-            awk -v second="$second" -v white="$windowColour" '
-                !firstWhite && $3 == white { firstWhite = $2 }
-                firstWhite && $3 != white { band = $2; exit }
-                END { height = (band - firstWhite) / (second - 1); print firstWhite - height, height }'
+        colours "$sampleX" "$controlTop" 1 $((bottom - controlTop)) | awk -v white="$windowColour" '
+            $3 == white { if (++run == 10 && first == "") first = $2 - 9 }
+            $3 != white { run = 0; if (first != "") { height = $2 + 1 - first; exit } }
+            END { print first - height, height }'
     )"
     [[ $headerHeight =~ ^[0-9]+$ && $rowHeight =~ ^[0-9]+$ ]] || {
         show_state >&2
         fail "The rows could not be found in the picture: header $headerHeight, row $rowHeight"
     }
-    sampleX=$((right - 40))
 }
 windowColour=FFFFFF
 
@@ -132,7 +130,7 @@ tick() { click_at "$boxX" "$(row_middle "$@")"; }
 
 press_button() { # CAPTION
     local x y
-    read -r x y <<<"$(facts button | awk -F '\t' -v caption="$1" '$1 == caption { print $3, $4; exit }')"
+    read -r x y <<<"$(facts button | CAPTION=$1 awk -F '\t' '$1 == ENVIRON["CAPTION"] { print $3, $4; exit }')"
     [[ -n $x ]] || { show_state >&2; fail "There is no button $1."; }
     click_at "$x" "$y"
 }
