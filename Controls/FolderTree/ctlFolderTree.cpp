@@ -3,6 +3,7 @@
 
 #include "enumeration/RdoTabReader.h"
 #include "enumeration/RefreshDriver.h"
+#include "modes/DefaultFoldersOnly.h"
 #include "selection/BulkSelection.h"
 #include "selection/Highlighting.h"
 #include "selection/ItemLookup.h"
@@ -28,9 +29,12 @@ class ctlFolderTree::Impl {
           editing(shell, selection, view, control),
           bulk(shell, selection, view),
           rdoTab(shell, view),
+          rdoObj(shell),
+          outlook(shell),
+          cdo(shell),
           driver(shell, view),
           state(shell.state) {
-        driver.SetReaders({.stores = {&rdoTab}, .addressLists = nullptr});
+        driver.SetReaders({.stores = {&rdoTab, &rdoObj, &outlook, &cdo}, .addressLists = nullptr});
     }
 
     ControlShell shell;
@@ -39,6 +43,9 @@ class ctlFolderTree::Impl {
     TickEditing editing;
     BulkSelection bulk;
     RdoTabReader rdoTab;
+    RdoObjReader rdoObj;
+    OutlookReader outlook;
+    CdoReader cdo;
     RefreshDriver driver;
     ControlState& state;
     bool initialised = false;

@@ -86,7 +86,10 @@ void HierarchyTable::Fetch() {
 
 void HierarchyTable::TraceBounds() {
     const automation::Array* rows = batch_.AsArray();
-    shell_.Trace(indent_, "  Reading rows ", rows ? rows->lowerBound : 0, " - ", rows ? rows->UpperBound() : -1);
+    // A foreign array may end beyond 32 bits.
+    const int64_t lower = rows ? rows->lowerBound : 0;
+    const int64_t count = rows ? static_cast<int64_t>(rows->items.size()) : 0;
+    shell_.Trace(indent_, "  Reading rows ", lower, " - ", lower + count - 1);
 }
 
 const Value* HierarchyTable::NextRow() {
@@ -100,7 +103,7 @@ const Value* HierarchyTable::NextRow() {
         }
     }
     if (rows == nullptr || next_ >= rows->items.size()) return nullptr;
-    shell_.Trace(indent_, "    Reading row #", rows->lowerBound + static_cast<int32_t>(next_));
+    shell_.Trace(indent_, "    Reading row #", int64_t{rows->lowerBound} + static_cast<int64_t>(next_));
     return &rows->items[next_++];
 }
 

@@ -64,9 +64,10 @@ TEST_F(Applying, AnItemWithoutARowStaysIncompleteAndSurvivesReading) {
     const auto collection = Assign({"00EE", "0001"});
     const ObjectRef read = control->Selection();
     EXPECT_EQ(read, collection);
-    EXPECT_EQ(KeysOf(read), (Lines{"SB2|00EE", "SB2|0001"}));
-    EXPECT_TRUE(ItemsOf(read)[0]->Incomplete());
-    EXPECT_FALSE(ItemsOf(read)[1]->Incomplete());
+    // Both have the number 0, so the row's item goes before the other.
+    EXPECT_EQ(KeysOf(read), (Lines{"SB2|0001", "SB2|00EE"}));
+    EXPECT_FALSE(ItemsOf(read)[0]->Incomplete());
+    EXPECT_TRUE(ItemsOf(read)[1]->Incomplete());
     EXPECT_EQ(host.ErrorLines(), Lines{});
 }
 
@@ -129,7 +130,7 @@ TEST_F(Applying, AMatchInTheHeaderRowCountsAsNone) {
     Grid().SetCellText(0, colKey, "SB2|00EE");
     const auto collection = Assign({"00EE"});
     EXPECT_TRUE(ItemsOf(collection)[0]->Incomplete());
-    EXPECT_EQ(Grid().CellText(0, colSel), "<sel>" + Grid().CellText(0, colSel).substr(5));
+    EXPECT_EQ(Grid().CellText(0, colSel), "") << "the header row is not ticked";
 }
 
 TEST_F(Applying, ATickedRowWithoutAnItemStaysTicked) {
@@ -253,8 +254,12 @@ TEST_F(Applying, ARowWhoseKeyIsTakenIsPassedOverWithAnErrorLine) {
 TEST_F(Applying, AForeignObjectIsTickedAndStaysIncomplete) {
     Load();
     const auto stranger = std::make_shared<ScriptedObject>("Stranger");
-    stranger->ReadOnly("Key", Value("SB2|0001")).ReadOnly("KeyShortEntryID", Value("")).ReadOnly("KeyAlternate", Value(""));
-    stranger->ReadOnly("Incomplete", Value(true)).Property("Index", Value(int32_t{3})).ReadOnly("Selected", Value(true));
+    stranger->ReadOnly("Key", Value("SB2|0001"))
+        .ReadOnly("KeyShortEntryID", Value(""))
+        .ReadOnly("KeyAlternate", Value(""));
+    stranger->ReadOnly("Incomplete", Value(true))
+        .Property("Index", Value(int32_t{3}))
+        .ReadOnly("Selected", Value(true));
     const auto collection = NewCollection();
     automation::Collection(ObjectRef(collection)).Add(Value(stranger), "SB2|0001");
     control->SetSelection(collection);

@@ -30,7 +30,8 @@ TEST_F(Highlights, TaskFoldersTurnBoldAndBackAgain) {
 TEST_F(Highlights, TheThreeFlagsActIndependently) {
     Load();
     const auto bold = [this] {
-        return std::vector<bool>{IsBold(Grid(), Row("People")), IsBold(Grid(), Row("Diary")), IsBold(Grid(), Row("To do"))};
+        return std::vector<bool>{IsBold(Grid(), Row("People")), IsBold(Grid(), Row("Diary")),
+                                 IsBold(Grid(), Row("To do"))};
     };
     control->SetHighlightContactFolders(true);
     EXPECT_EQ(bold(), (std::vector<bool>{true, false, false}));

@@ -233,7 +233,7 @@ TEST_F(Holders, AnItemMadeFromARowHasTheRowsCells) {
     SetupGrid(shell);
     const int32_t row = shell.grid.AddRow("-1");
     const std::vector<std::pair<int, const char*>> cells{
-        {colIndex, "4"},      {colName, "Inbox"},    {colItemType, "9"},       {colStoreID, "AB"},
+        {colIndex, "4"},      {colName, "Inbox"},        {colItemType, "9"},     {colStoreID, "AB"},
         {colEntryID, "00CD"}, {colEntryIDShort, "EFCD"}, {colFolderRecID, "12"}, {colPath, "Box\\Inbox"}};
     for (const auto& [col, text] : cells) shell.grid.SetCellText(row, col, text);
     const ItemRef item = set.CreateSelItemFromRow(row);
@@ -293,6 +293,22 @@ TEST_F(Holders, AForeignObjectThatCannotBeReadIsAnErrorLine) {
     EXPECT_FALSE(set.RemoveSelItemByKey("K"));
     EXPECT_EQ(host.ErrorLines(), (Lines{"Error in ctlFolderTree.GetHighIndex(?): [0x80020006] Unknown name.",
                                         "Error in ctlFolderTree.RemoveSelItemByKey(?): [0x80020006] Unknown name."}));
+}
+
+TEST_F(Selection, AHostMayChangeItsCollectionInsideTheEvent) {
+    Load();
+    const auto collection = NewCollection();
+    control->SetSelection(collection);
+    Tick("Inbox");
+    host.onChanged = [&] {
+        while (collection->Count() > 0) collection->Remove(Value(int32_t{1}));
+        AddItem(*collection, HostItem("B2", "0004"));
+    };
+    Tick("People");
+    host.onChanged = nullptr;
+    control->SetSelection(collection);
+    EXPECT_TRUE(IsTicked(Grid(), Row("To do")));
+    EXPECT_EQ(host.ErrorLines(), Lines{});
 }
 
 }  // namespace

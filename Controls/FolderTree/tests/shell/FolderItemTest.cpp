@@ -21,7 +21,8 @@ ItemRef FolderItem(std::string storeID, std::string entryID) {
 
 TEST(FolderItem, StartsWithEmptyTextsAndMailType) {
     const clsFolderTreeItem item;
-    EXPECT_EQ(item.StoreID() + item.EntryID() + item.EntryIDShort() + item.AddressListID() + item.Name() + item.Path(), "");
+    EXPECT_EQ(item.StoreID() + item.EntryID() + item.EntryIDShort() + item.AddressListID() + item.Name() + item.Path(),
+              "");
     EXPECT_FALSE(item.IsAddressList() || item.Incomplete() || item.Selected());
     EXPECT_EQ(item.Index(), 0);
     EXPECT_EQ(item.ItemType(), FTIMailItem);

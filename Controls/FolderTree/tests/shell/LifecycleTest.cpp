@@ -124,7 +124,9 @@ TEST_F(Lifecycle, AClosedControlAnswersNeutrallyAndTouchesNothing) {
 
 TEST_F(Lifecycle, AnInitialisationThatFailsIsTraced) {
     class NoFonts : public FakeHost {
-        automation::ObjectRef CreateFont(std::string_view) override { throw automation::Error(0x80004005, "No fonts."); }
+        automation::ObjectRef CreateFont(std::string_view) override {
+            throw automation::Error(0x80004005, "No fonts.");
+        }
     };
     NoFonts poor;
     const auto plain = ctlFolderTree::Create(poor, factory);

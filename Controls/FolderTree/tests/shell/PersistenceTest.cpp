@@ -132,14 +132,13 @@ TEST_F(Persistence, AValueOfTheWrongTypeBecomesItsDefaultWithOneErrorLine) {
     EXPECT_TRUE(control->AllowIndexing());
     EXPECT_TRUE(control->ShowAddressBook());
     ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_EQ(host.ErrorLines()[0].substr(0, 65),
-              "Error in ctlFolderTree.UserControl_ReadProperties (?): [0xD] Type");
+    EXPECT_EQ(host.ErrorLines()[0].substr(0, 65), "Error in ctlFolderTree.UserControl_ReadProperties (?): [0xD] Type");
 }
 
 TEST_F(Persistence, ABagFullOfWrongTypesGivesAllDefaults) {
-    for (const char* key : {"Enabled", "HighlightContactFolders", "HighlightJournalFolders", "HighlightTaskFolders",
-                            "MultiSelect", "AllowIndexing", "ShowAddressBook", "ExtendToLevel", "Font",
-                            "InfoStoreAccessMode"})
+    for (const char* key :
+         {"Enabled", "HighlightContactFolders", "HighlightJournalFolders", "HighlightTaskFolders", "MultiSelect",
+          "AllowIndexing", "ShowAddressBook", "ExtendToLevel", "Font", "InfoStoreAccessMode"})
         bag.values[key] = Value(automation::Array{-7, {Value("x")}});
     control->UserControl_ReadProperties(bag);
     EXPECT_TRUE(control->Enabled());

@@ -123,8 +123,8 @@ TEST_F(Properties, ChangingTheModeReadsTheDefaultFoldersOfTheSession) {
     mailbox.log->Clear();
     control->SetInfoStoreAccessMode(eISAccess_RDO_Objects);
     // The second folder is not there: what follows it is not asked for.
-    EXPECT_EQ(mailbox.log->Lines(), (Lines{"Session.GetDefaultFolder(6)", "DefaultFolder.EntryID",
-                                           "Session.GetDefaultFolder(16)"}));
+    EXPECT_EQ(mailbox.log->Lines(),
+              (Lines{"Session.GetDefaultFolder(6)", "DefaultFolder.EntryID", "Session.GetDefaultFolder(16)"}));
 }
 
 TEST_F(Properties, SettingTheSessionReadsTheDefaultFoldersEachTime) {
@@ -202,8 +202,8 @@ TEST_F(Properties, ExtendingToADeeperLevelReadsIt) {
     EXPECT_EQ(control->BufferedToLevel(), 1);
     control->SetExtendToLevel(2);
     EXPECT_EQ(control->BufferedToLevel(), 2);
-    EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "Projects", "", "Zoo", "People", "Diary", "To do", "Archive",
-                                      "Old mail"}));
+    EXPECT_EQ(NamesOf(Grid()),
+              (Lines{"Mailbox", "Inbox", "Projects", "", "Zoo", "People", "Diary", "To do", "Archive", "Old mail"}));
 }
 
 TEST_F(Properties, ALowerLevelOpensNothing) {

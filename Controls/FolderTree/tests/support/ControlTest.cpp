@@ -95,6 +95,7 @@ ControlTest::ControlTest() : liveBefore(ScriptedObject::LiveCount()) {
 void ControlTest::TearDown() {
     control.reset();
     host.ambientFont = nullptr;
+    factory = automation::testing::ScriptedObjectFactory();  // makers may hold objects
     EXPECT_EQ(ScriptedObject::LiveCount(), liveBefore) << "an outside object was not released";
 }
 

@@ -18,8 +18,8 @@ namespace foldertree::testing {
 
 using Lines = std::vector<std::string>;
 
-/// One line a data row: two blanks a level, the name, then in brackets what is special: store, dummy, unread, closed, the
-/// tick and the number.
+/// One line a data row: two blanks a level, the name, then in brackets what is special: store, dummy, unread, closed,
+/// the tick and the number.
 Lines TreeOf(const TreeGrid& grid);
 /// The names of the data rows.
 Lines NamesOf(const TreeGrid& grid);

@@ -30,14 +30,19 @@ std::shared_ptr<ScriptedObject> Make(const SharedRef& shared, std::string name) 
     return std::make_shared<ScriptedObject>(std::move(name), shared->log);
 }
 
+Bytes IdBytes(uint8_t flags, uint16_t id) {
+    if (id <= 0xFF) return {0, {flags, static_cast<uint8_t>(id)}};
+    return {0, {flags, static_cast<uint8_t>(id >> 8), static_cast<uint8_t>(id & 0xFF)}};
+}
+
 std::vector<Value> Cells(const FakeFolder& folder) {
     const Value missing{ErrorValue{notFound}};
     std::vector<Value> cells{Value(folder.type),
                              Value(!folder.children.empty()),
                              folder.folderClass ? Value(*folder.folderClass) : missing,
                              Value(folder.name),
-                             folder.hasLongID ? Value(Bytes{0, {0x00, folder.id}}) : missing,
-                             folder.hasShortID ? Value(Bytes{0, {0xEF, folder.id}}) : missing};
+                             folder.hasLongID ? Value(IdBytes(0x00, folder.id)) : missing,
+                             folder.hasShortID ? Value(IdBytes(0xEF, folder.id)) : missing};
     if (folder.adjustRow) folder.adjustRow(cells);
     return cells;
 }
@@ -138,14 +143,16 @@ Value DefaultFolder(const SharedRef& shared, const Invocation& call) {
     return Value(folder);
 }
 
-std::string HexOf(uint8_t flags, uint8_t id) {
+std::string HexOf(uint8_t flags, uint16_t id) {
     constexpr std::string_view digits = "0123456789ABCDEF";
-    return {digits[flags >> 4], digits[flags & 15], digits[id >> 4], digits[id & 15]};
+    std::string text;
+    for (const uint8_t byte : IdBytes(flags, id).items) text += {digits[byte >> 4], digits[byte & 15]};
+    return text;
 }
 
 }  // namespace
 
-FakeFolder Folder(std::string name, uint8_t id, std::string folderClass, std::vector<FakeFolder> children) {
+FakeFolder Folder(std::string name, uint16_t id, std::string folderClass, std::vector<FakeFolder> children) {
     FakeFolder folder;
     folder.name = std::move(name);
     folder.id = id;
@@ -154,27 +161,27 @@ FakeFolder Folder(std::string name, uint8_t id, std::string folderClass, std::ve
     return folder;
 }
 
-FakeFolder Mail(std::string name, uint8_t id, std::vector<FakeFolder> children) {
+FakeFolder Mail(std::string name, uint16_t id, std::vector<FakeFolder> children) {
     return Folder(std::move(name), id, "IPF.Note", std::move(children));
 }
 
-FakeFolder Contacts(std::string name, uint8_t id, std::vector<FakeFolder> children) {
+FakeFolder Contacts(std::string name, uint16_t id, std::vector<FakeFolder> children) {
     return Folder(std::move(name), id, "IPF.Contact", std::move(children));
 }
 
-FakeFolder Journal(std::string name, uint8_t id, std::vector<FakeFolder> children) {
+FakeFolder Journal(std::string name, uint16_t id, std::vector<FakeFolder> children) {
     return Folder(std::move(name), id, "IPF.Journal", std::move(children));
 }
 
-FakeFolder Tasks(std::string name, uint8_t id, std::vector<FakeFolder> children) {
+FakeFolder Tasks(std::string name, uint16_t id, std::vector<FakeFolder> children) {
     return Folder(std::move(name), id, "IPF.Task", std::move(children));
 }
 
-std::string LongID(uint8_t id) {
+std::string LongID(uint16_t id) {
     return HexOf(0x00, id);
 }
 
-std::string ShortID(uint8_t id) {
+std::string ShortID(uint16_t id) {
     return HexOf(0xEF, id);
 }
 
@@ -196,7 +203,9 @@ std::shared_ptr<ScriptedObject> FakeMailbox::Session() const {
 ObjectRef FakeMailbox::Utilities() const {
     auto utilities = std::make_shared<ScriptedObject>("Utilities", log);
     utilities->Method("GetProperty", [all = stores](const Invocation& call) {
-        const std::string id = call.arguments[0].ToObject()->Get("EntryID").ToText();
+        // Asked without a call, so that the log holds the control's calls only.
+        const auto* object = dynamic_cast<const ScriptedObject*>(call.arguments[0].ToObject().get());
+        const std::string id = object ? object->Held("EntryID").ToText() : "";
         for (const FakeStore& store : all)
             if (store.id == id) return Value(store.provider);
         throw Error(notFound, "No such store.");

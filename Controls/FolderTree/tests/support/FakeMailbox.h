@@ -14,10 +14,11 @@
 
 namespace foldertree::testing {
 
-/// What a hierarchy table tells of a folder. The long identifier is the bytes 00 and `id`, the short one EF and `id`.
+/// What a hierarchy table tells of a folder. The long identifier is the byte 00 and the one or two bytes of `id`, the
+/// short one EF and those.
 struct FakeFolder {
     std::string name;
-    uint8_t id = 0;
+    uint16_t id = 0;
     std::optional<std::string> folderClass;  ///< no value: the table row has no such property
     std::vector<FakeFolder> children;
 
@@ -36,11 +37,11 @@ struct FakeFolder {
     int32_t lowerBound = 0;           ///< of the arrays of rows and of cells
 };
 
-FakeFolder Folder(std::string name, uint8_t id, std::string folderClass, std::vector<FakeFolder> children = {});
-FakeFolder Mail(std::string name, uint8_t id, std::vector<FakeFolder> children = {});
-FakeFolder Contacts(std::string name, uint8_t id, std::vector<FakeFolder> children = {});
-FakeFolder Journal(std::string name, uint8_t id, std::vector<FakeFolder> children = {});
-FakeFolder Tasks(std::string name, uint8_t id, std::vector<FakeFolder> children = {});
+FakeFolder Folder(std::string name, uint16_t id, std::string folderClass, std::vector<FakeFolder> children = {});
+FakeFolder Mail(std::string name, uint16_t id, std::vector<FakeFolder> children = {});
+FakeFolder Contacts(std::string name, uint16_t id, std::vector<FakeFolder> children = {});
+FakeFolder Journal(std::string name, uint16_t id, std::vector<FakeFolder> children = {});
+FakeFolder Tasks(std::string name, uint16_t id, std::vector<FakeFolder> children = {});
 
 struct FakeStore {
     std::string name;
@@ -52,8 +53,8 @@ struct FakeStore {
     std::function<void(FakeFolder& root)> adjustRoot;
 };
 
-/// Objects are made when they are asked for, as by the real library, so that one that is still alive after a load was not
-/// released. The session shows the stores as they were when Session() was called.
+/// Objects are made when they are asked for, as by the real library, so that one that is still alive after a load was
+/// not released. The session shows the stores as they were when Session() was called.
 class FakeMailbox {
   public:
     std::vector<FakeStore> stores;
@@ -67,11 +68,12 @@ class FakeMailbox {
 
 /// Two levels below each of two stores, of which the second is the default one:
 ///   Archive (A1)   Old mail 30
-///   Mailbox (B2)   Inbox 01 { Projects 11 { Alpha 21 }, Zoo 12 }, People 02 (contacts), Diary 03 (journal), To do 04 (tasks)
+///   Mailbox (B2)   Inbox 01 { Projects 11 { Alpha 21 }, Zoo 12 }, People 02 (contacts), Diary 03 (journal), To do 04
+///   (tasks)
 FakeMailbox SmallMailbox();
 
-/// A text of two hexadecimal digits a byte, as the tree shows an identifier.
-std::string LongID(uint8_t id);
-std::string ShortID(uint8_t id);
+/// An identifier as the tree shows it: two hexadecimal digits a byte.
+std::string LongID(uint16_t id);
+std::string ShortID(uint16_t id);
 
 }  // namespace foldertree::testing
