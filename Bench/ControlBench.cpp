@@ -11,24 +11,15 @@
 #include "automation/Collection.h"
 #include "automation/KeyedCollection.h"
 #include "ctlFolderTree.h"
+#include "shell/QuietHost.h"
 
 namespace foldertree::bench {
 namespace {
 
 /// A platform without a screen that counts what the control does.
-class CountingHost : public ControlHost, public automation::ObjectFactory {
+class CountingHost : public QuietHost, public automation::ObjectFactory {
   public:
     void Yield() override { ++yields; }
-    void SetBusyPointer(bool) override {}
-    void ShowWaitPanel(bool) override {}
-    void SetWaitCaptions(std::string_view, std::string_view) override {}
-    void SetProgressText(std::string_view) override {}
-    void SetProgress(double, double) override {}
-    automation::ObjectRef CreateFont(std::string_view) override { return nullptr; }
-    automation::ObjectRef AmbientFont() override { return nullptr; }
-    int TwipsPerPixel() override { return 15; }
-    void RaiseChanged() override {}
-    void PropertyChanged(std::string_view) override {}
     void TraceLine(std::string_view line) override {
         ++lines;
         bytes += line.size();

@@ -1,6 +1,7 @@
 # foldertree_add_com_server(target FILE name.ext SOURCES ... LIBS ...)
 #
-# An in-process COM server: a DLL of the given file name that exports the five entry points of ComServer.def. All COM
+# An in-process COM server: a DLL of the given file name that exports the five entry points of ComServer.def and
+# defines automation::DescribeServer in one of its sources. All COM
 # servers of a build are listed in com-servers.txt of its folder, for whoever registers them.
 
 set_property(GLOBAL PROPERTY foldertree_com_servers "")
@@ -9,7 +10,9 @@ function(foldertree_add_com_server target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "FILE" "SOURCES;LIBS")
     cmake_path(GET arg_FILE STEM name)
     cmake_path(GET arg_FILE EXTENSION extension)
-    add_library(${target} SHARED ${arg_SOURCES} "${PROJECT_SOURCE_DIR}/cmake/ComServer.def")
+    add_library(${target} SHARED ${arg_SOURCES}
+        "${PROJECT_SOURCE_DIR}/Automation/win32/src/ServerEntryPoints.cpp"
+        "${PROJECT_SOURCE_DIR}/cmake/ComServer.def")
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${name} SUFFIX ${extension})
     # On x86 the entry points are stdcall; the fixup finds them under their plain names.
     target_link_options(${target} PRIVATE -Wl,--enable-stdcall-fixup)

@@ -1,26 +1,15 @@
 // ControlShell: what every part of the control shares: its state, its grid, the trace, the yields and the wait panel.
 #include "shell/ControlShell.h"
 
+#include "shell/QuietHost.h"
 #include "shell/modApplication.h"
 
 namespace foldertree {
 namespace {
 
 /// The host and factory of a closed control.
-class NoHost : public ControlHost, public automation::ObjectFactory {
+class NoHost : public QuietHost, public automation::ObjectFactory {
   public:
-    void Yield() override {}
-    void SetBusyPointer(bool) override {}
-    void ShowWaitPanel(bool) override {}
-    void SetWaitCaptions(std::string_view, std::string_view) override {}
-    void SetProgressText(std::string_view) override {}
-    void SetProgress(double, double) override {}
-    automation::ObjectRef CreateFont(std::string_view) override { return nullptr; }
-    automation::ObjectRef AmbientFont() override { return nullptr; }
-    int TwipsPerPixel() override { return 15; }
-    void RaiseChanged() override {}
-    void PropertyChanged(std::string_view) override {}
-    void TraceLine(std::string_view) override {}
     automation::ObjectRef Create(std::string_view) override {
         throw automation::VbError(automation::errors::cannotCreate);
     }

@@ -24,7 +24,7 @@ struct ServerClass {
 /// Whose registry keys: those of all users (needs the rights to write there) or of the current one.
 enum class RegistryScope { Machine, User };
 
-/// A server is a constant of its DLL, whose entry points call it:
+/// A server is a constant of its DLL; ServerEntryPoints.cpp, a source of every such DLL, hands the exports over to it:
 ///   DllGetClassObject -> GetClassObject, DllCanUnloadNow -> CanUnloadNow, DllRegisterServer -> Register(Machine),
 ///   DllUnregisterServer -> Unregister(Machine), DllInstall -> Install.
 /// The type library is the resource 1 TYPELIB of the DLL. All members are noexcept and return HRESULTs.
@@ -43,5 +43,8 @@ struct ComServer {
     /// `commandLine` "user" is per user, anything else per machine.
     HRESULT Install(BOOL install, const wchar_t* commandLine) const noexcept;
 };
+
+/// Each DLL defines this; it is asked once, when the first entry point is called.
+ComServer DescribeServer(HMODULE module);
 
 }  // namespace automation
