@@ -390,10 +390,18 @@ void DemoForm::ReadSelection() {
                 selection_.push_back(ReadItem(item.Get()));
             }
         }
+        for (SelectedFolder& folder : selection_) KeepRecord(folder);
         selectionRead_ = true;
         selectionPanel_.Show(selection_);
     });
     ShowState();
+}
+
+void DemoForm::KeepRecord(SelectedFolder& folder) {
+    // A tree that is read anew carries no record numbers, so the host remembers those that it gave out.
+    long& record = records_[folder.key];
+    if (folder.saved.recordId != 0) record = folder.saved.recordId;
+    folder.saved.recordId = record;
 }
 
 void DemoForm::SaveState() {

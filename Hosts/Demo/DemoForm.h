@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
 
@@ -60,6 +61,7 @@ class DemoForm {
     void ShowState();
     void ReadSelection();
     void SaveState();
+    void KeepRecord(SelectedFolder& folder);
     void WriteReady();
     void WriteWatched();
     void SetStatus(const std::wstring& text);
@@ -86,6 +88,7 @@ class DemoForm {
     ComPtr<IDispatch> session_;
     ComPtr<ItemCollection> collection_;
     std::vector<SelectedFolder> selection_;  ///< as last read
+    std::map<std::wstring, long> records_;   ///< record numbers by item key
     bool selectionRead_ = false;
     bool loading_ = false;
     int changedCount_ = 0;

@@ -64,6 +64,7 @@ fact() { facts "$1" | head -n 1; }
 row_count() { facts row | wc -l; }
 
 tree_stands() { [[ $(fact loading) == 0 ]] && (($(row_count) > 0)) && grep -q '^FolderTreeDemo: RefreshList returned' "$trace"; }
+some_rows_read() { has_button Cancel && (($(row_count) >= 12)); }
 wait_for_tree() { wait_until "the tree stands" tree_stands; }
 
 # The paths of the selected folders in the host's collection, with their numbers.
@@ -125,7 +126,7 @@ ink() {
         awk '$3 ~ /^[0-5].[0-5].[0-5]./ { ++dark } END { print dark + 0 }'
 }
 
-click_at() { xdotool mousemove --sync "$1" "$2" click 1; }
+click_at() { xdotool mousemove "$1" "$2" click 1; }
 tick() { click_at "$boxX" "$(row_middle "$@")"; }
 
 press_button() { # CAPTION
