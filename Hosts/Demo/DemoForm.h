@@ -60,7 +60,9 @@ class DemoForm {
 
     void ShowState();
     void ReadSelection();
+    void OverrideLevel();
     void SaveState();
+    void SaveProperties();
     void KeepRecord(SelectedFolder& folder);
     void WriteReady();
     void WriteWatched();
@@ -83,6 +85,7 @@ class DemoForm {
     TracedTree tree_;
 
     SavedState state_;
+    std::string usualLevel_;  ///< the saved ExtendToLevel, while the command line overrides it
     ComPtr<ControlSite> site_;
     ComPtr<ChangedSink> sink_;
     ComPtr<IDispatch> session_;
