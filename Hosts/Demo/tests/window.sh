@@ -120,9 +120,11 @@ measure_box() { # NAME
 back_colour() { colours "$sampleX" "$(row_middle "$@")" 1 1 | cut -d ' ' -f 3; }
 back_colour_is() { [[ $(back_colour "$1") == "$2" ]]; }
 
-# ink NAME: how many dark pixels the row's name has; bold text has more.
-ink() {
-    colours "$nameX" $(($(row_middle "$1") - rowHeight / 2 + 1)) $((sampleX - nameX)) $((rowHeight - 2)) |
+# How many dark pixels a text has; bold text has more.
+ink() { ink_at $(($(row_middle "$1") - rowHeight / 2)); } # NAME
+header_ink() { ink_at $((controlTop + headerHeight - rowHeight)); }
+ink_at() {
+    colours "$nameX" $(($1 + 1)) $((sampleX - nameX)) $((rowHeight - 2)) |
         awk '$3 ~ /^[0-5].[0-5].[0-5]./ { ++dark } END { print dark + 0 }'
 }
 
