@@ -30,6 +30,12 @@ constexpr UINT readyMilliseconds = 300;
 constexpr int formWidth = 1024, formHeight = 700;
 constexpr int statusId = 500;
 
+constexpr char levelProperty[] = "ExtendToLevel";
+
+std::string LevelText(int level) {
+    return "number:" + std::to_string(level);
+}
+
 struct Captions {
     const wchar_t *index, *selection, *name, *addressLists, *pleaseWait, *cancel;
 };
@@ -66,7 +72,7 @@ void DemoForm::Open() {
 
     // The control comes first, so that Tab reaches it first.
     state_ = SavedState::Load(options_.stateFile);
-    if (options_.level) state_.properties["ExtendToLevel"] = "number:" + std::to_string(*options_.level);
+    OverrideLevel();
     CreateControl();
     properties_.Create(window_);
     methods_.Create(window_);
@@ -390,10 +396,18 @@ void DemoForm::ReadSelection() {
                 selection_.push_back(ReadItem(item.Get()));
             }
         }
+        for (SelectedFolder& folder : selection_) KeepRecord(folder);
         selectionRead_ = true;
         selectionPanel_.Show(selection_);
     });
     ShowState();
+}
+
+void DemoForm::KeepRecord(SelectedFolder& folder) {
+    // A tree that is read anew carries no record numbers, so the host remembers those that it gave out.
+    long& record = records_[folder.key];
+    if (folder.saved.recordId != 0) record = folder.saved.recordId;
+    folder.saved.recordId = record;
 }
 
 void DemoForm::SaveState() {
@@ -410,8 +424,24 @@ void DemoForm::SaveState() {
             if (folder.saved.recordId == 0) state_.selection.back().recordId = ++highestRecord;
         }
     }
-    site_->Save(state_.properties);
+    Attempt([&] { SaveProperties(); });
     state_.Save(options_.stateFile);
+}
+
+void DemoForm::OverrideLevel() {
+    if (!options_.level) return;
+    const std::string newControl = LevelText(1), missing = LevelText(0);
+    const auto saved = state_.properties.find(levelProperty);
+    usualLevel_ = state_.properties.empty() ? newControl : saved == state_.properties.end() ? missing : saved->second;
+    state_.properties[levelProperty] = LevelText(*options_.level);
+}
+
+void DemoForm::SaveProperties() {
+    site_->Save(state_.properties);
+    // The level of the command line is for this run, unless it was changed since.
+    if (options_.level && Get(Control().Get(), L"ExtendToLevel").AsLong() == *options_.level) {
+        state_.properties[levelProperty] = usualLevel_;
+    }
 }
 
 void DemoForm::WriteReady() {

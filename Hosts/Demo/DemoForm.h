@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
 
@@ -59,7 +60,10 @@ class DemoForm {
 
     void ShowState();
     void ReadSelection();
+    void OverrideLevel();
     void SaveState();
+    void SaveProperties();
+    void KeepRecord(SelectedFolder& folder);
     void WriteReady();
     void WriteWatched();
     void SetStatus(const std::wstring& text);
@@ -81,11 +85,13 @@ class DemoForm {
     TracedTree tree_;
 
     SavedState state_;
+    std::string usualLevel_;  ///< the saved ExtendToLevel, while the command line overrides it
     ComPtr<ControlSite> site_;
     ComPtr<ChangedSink> sink_;
     ComPtr<IDispatch> session_;
     ComPtr<ItemCollection> collection_;
     std::vector<SelectedFolder> selection_;  ///< as last read
+    std::map<std::wstring, long> records_;   ///< record numbers by item key
     bool selectionRead_ = false;
     bool loading_ = false;
     int changedCount_ = 0;

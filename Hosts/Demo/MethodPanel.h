@@ -23,7 +23,7 @@ enum MethodCommand : int {
 
 class MethodPanel {
   public:
-    static constexpr int height = 124;  ///< at 96 pixels an inch
+    static constexpr int height = 118;  ///< at 96 pixels an inch
 
     void Create(HWND form);
     void Arrange(const RECT& place);

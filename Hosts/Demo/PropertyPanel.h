@@ -14,7 +14,7 @@ class PropertyPanel {
   public:
     static constexpr int firstId = 100;
     static constexpr int lastId = 149;
-    static constexpr int height = 138;  ///< at 96 pixels an inch
+    static constexpr int height = 128;  ///< at 96 pixels an inch
 
     void Create(HWND form);
     void Arrange(const RECT& place);

@@ -88,7 +88,7 @@ void SelectionPanel::Show(const std::vector<SelectedFolder>& folders) {
     for (const SelectedFolder& folder : folders) {
         std::wstring cells[] = {std::to_wstring(folder.index),
                                 folder.incomplete ? L"(not in the tree)" : folder.typeName, folder.path,
-                                std::to_wstring(folder.saved.recordId), folder.key};
+                                folder.saved.recordId == 0 ? L"" : std::to_wstring(folder.saved.recordId), folder.key};
         LVITEMW item = {};
         item.mask = LVIF_TEXT;
         item.iItem = row;

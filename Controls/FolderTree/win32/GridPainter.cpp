@@ -79,6 +79,7 @@ class Painter {
 
   private:
     void PaintHeader() {
+        SelectObject(dc_, fonts_.Plain());  // the last row painted may have been a bold one
         for (int col : {colSel, colIndex, colName}) {
             RECT cell = layout_.HeaderCell(col);
             if (cell.left == cell.right) continue;

@@ -64,6 +64,7 @@ fact() { facts "$1" | head -n 1; }
 row_count() { facts row | wc -l; }
 
 tree_stands() { [[ $(fact loading) == 0 ]] && (($(row_count) > 0)) && grep -q '^FolderTreeDemo: RefreshList returned' "$trace"; }
+some_rows_read() { has_button Cancel && (($(row_count) >= 12)); }
 wait_for_tree() { wait_until "the tree stands" tree_stands; }
 
 # The paths of the selected folders in the host's collection, with their numbers.
@@ -119,13 +120,15 @@ measure_box() { # NAME
 back_colour() { colours "$sampleX" "$(row_middle "$@")" 1 1 | cut -d ' ' -f 3; }
 back_colour_is() { [[ $(back_colour "$1") == "$2" ]]; }
 
-# ink NAME: how many dark pixels the row's name has; bold text has more.
-ink() {
-    colours "$nameX" $(($(row_middle "$1") - rowHeight / 2 + 1)) $((sampleX - nameX)) $((rowHeight - 2)) |
+# How many dark pixels a text has; bold text has more.
+ink() { ink_at $(($(row_middle "$1") - rowHeight / 2)); } # NAME
+header_ink() { ink_at $((controlTop + headerHeight - rowHeight)); }
+ink_at() {
+    colours "$nameX" $(($1 + 1)) $((sampleX - nameX)) $((rowHeight - 2)) |
         awk '$3 ~ /^[0-5].[0-5].[0-5]./ { ++dark } END { print dark + 0 }'
 }
 
-click_at() { xdotool mousemove --sync "$1" "$2" click 1; }
+click_at() { xdotool mousemove "$1" "$2" click 1; }
 tick() { click_at "$boxX" "$(row_middle "$@")"; }
 
 press_button() { # CAPTION
