@@ -12,6 +12,8 @@ char LowerAscii(char c) {
 }  // namespace
 
 Value Object::InvokeFrom(int line, const Invocation& call) {
+    // An outside call lets messages in, and inside it the caller's only reference may go.
+    const ObjectRef keepAlive = weak_from_this().lock();
     try {
         return Invoke(call);
     } catch (Error& error) {
