@@ -235,7 +235,7 @@ TEST_F(Editing, ANumberBeyondAllGoesToTheEnd) {
     EXPECT_EQ(Cell("Inbox", colIndex), "2");
 }
 
-TEST_F(Editing, ANumberBeyond32BitsIsAnErrorLineAndRaisesNothing) {
+TEST_F(Editing, ANumberBeyond32BitsIsAnErrorLineAndLosesNothing) {
     LoadIndexed();
     Tick("Inbox");
     host.changed = 0;
@@ -243,6 +243,7 @@ TEST_F(Editing, ANumberBeyond32BitsIsAnErrorLineAndRaisesNothing) {
     Type("Inbox", "9999999999");
     EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.CreateSelItemFromRow ("), 1u);
     EXPECT_EQ(host.TraceCount("[0x6] "), 1u);
+    EXPECT_EQ(SelectedKeys(), Lines{"SB2|0001"}) << "the tick is not lost";
     ExpectIdle();
 }
 

@@ -1,4 +1,6 @@
 // LifecycleTest: how a control comes and goes, and what becomes of the host's objects.
+#include <functional>
+
 #include "support/ControlTest.h"
 
 namespace foldertree::testing {
@@ -132,6 +134,31 @@ TEST_F(Lifecycle, AnInitialisationThatFailsIsTraced) {
     const auto plain = ctlFolderTree::Create(poor, factory);
     EXPECT_EQ(poor.Trace(), Lines{"Error in ctlFolderTree.UserControl_Initialize (?): [0x80004005] No fonts."});
     EXPECT_EQ(plain->ListCount(), 0);
+}
+
+TEST_F(Lifecycle, TheControlMayBeDroppedWhileAnyPropertyIsMarkedChanged) {
+    const std::vector<std::function<void(ctlFolderTree&)>> setters{
+        [](ctlFolderTree& c) { c.SetEnabled(false); },
+        [](ctlFolderTree& c) { c.SetHighlightContactFolders(true); },
+        [](ctlFolderTree& c) { c.SetMultiSelect(false); },
+        [](ctlFolderTree& c) { c.SetAllowIndexing(true); },
+        [](ctlFolderTree& c) { c.SetShowAddressBook(true); },
+        [](ctlFolderTree& c) { c.SetExtendToLevel(3); },
+        [](ctlFolderTree& c) { c.SetInfoStoreAccessMode(eISAccess_CDO); },
+    };
+    for (const auto& set : setters) {
+        host = FakeHost();
+        control = ctlFolderTree::Create(host, factory);
+        host.onPropertyChanged = [this] {
+            control->Close();
+            control.reset();
+            host.closed = true;
+        };
+        set(*control);
+        EXPECT_EQ(control, nullptr);
+        EXPECT_EQ(host.callsAfterClose, 0);
+        EXPECT_EQ(host.Trace(), Lines{});
+    }
 }
 
 }  // namespace

@@ -110,6 +110,7 @@ void FakeHost::RaiseChanged() {
 void FakeHost::PropertyChanged(std::string_view name) {
     Called();
     changedProperties.emplace_back(name);
+    if (const auto handler = onPropertyChanged) handler();
 }
 
 void FakeHost::TraceLine(std::string_view line) {

@@ -15,6 +15,7 @@ class FakeHost : public ControlHost {
     /// Runs inside each yield; gets the number of the yield, from 1.
     std::function<void(int yield)> onYield;
     std::function<void()> onChanged;
+    std::function<void()> onPropertyChanged;
 
     automation::ObjectRef ambientFont;
     int twipsPerPixel = 15;
