@@ -43,6 +43,8 @@ function(foldertree_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "USES_DISPLAY" "TIMEOUT" "SOURCES;LIBS")
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest_main GTest::gmock foldertree_warnings)
+    # Test sources are many and run once; the code under test keeps its optimisation.
+    target_compile_options(${name} PRIVATE -O0)
     # Goldens and sample data are found from here.
     target_compile_definitions(${name} PRIVATE FOLDERTREE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 

@@ -174,8 +174,9 @@ void ctlFolderTree::Close() {
     if (impl_->shell.Closed()) return;
     Guarded(impl_->shell, errorLines::terminate, [&] {
         SelectionSet& selection = impl_->selection;
-        // The host's own collection is emptied, not only let go.
+        // The host's own collection is emptied, not only let go; it is let go also when it resists.
         selection.KillCollection(selection.collection);
+        selection.collection = nullptr;
         impl_->state.rdoSession = nullptr;
         selection.singleItem = nullptr;
         impl_->state.application = nullptr;
