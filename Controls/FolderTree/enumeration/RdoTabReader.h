@@ -17,8 +17,8 @@ namespace foldertree {
 class RdoTabReader : public StoreReader {
   public:
     /// The walk opens folders no deeper than this level; what lies below is read when the user opens it. Each level costs
-    /// stack, and hosts give their user-interface thread 1 MB.
-    static constexpr int32_t deepestWalkLevel = 500;
+    /// some 1.6 kB of stack, and hosts give their user-interface thread 1 MB. Mail servers allow 300 levels.
+    static constexpr int32_t deepestWalkLevel = 350;
 
     RdoTabReader(ControlShell& shell, SelectionView& view) : shell_(shell), view_(view) {}
 
