@@ -17,6 +17,7 @@ ControlObject::ControlObject()
     core_ = ctlFolderTree::Create(*platform_, platform_->Factory());
     window_ = std::make_unique<ControlWindow>(*core_);
     platform_->Attach(*window_);
+    fontWatch_ = std::make_unique<FontWatch>(core_, *window_);
     interfaces_->inPlace.WatchWindow();
 }
 
@@ -42,6 +43,7 @@ void ControlObject::End() {
     ended_ = true;
     ++uses_;
     interfaces_->inPlace.InPlaceDeactivate();
+    if (fontWatch_ != nullptr) fontWatch_->Stop();
     if (core_ != nullptr) core_->Close();
     interfaces_->connectionPoints.events.DisconnectAll();
     interfaces_->connectionPoints.propertyNotifications.DisconnectAll();

@@ -10,6 +10,7 @@
 #include "ctlFolderTree.h"
 #include "win32/ClientSite.h"
 #include "win32/ControlWindow.h"
+#include "win32/FontWatch.h"
 
 namespace foldertree {
 
@@ -71,6 +72,7 @@ class ControlObject final : public IUnknown {
     std::unique_ptr<ControlInterfaces> interfaces_;
     std::shared_ptr<ctlFolderTree> core_;
     std::unique_ptr<ControlWindow> window_;
+    std::unique_ptr<FontWatch> fontWatch_;
 };
 
 }  // namespace foldertree

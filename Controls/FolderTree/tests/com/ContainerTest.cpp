@@ -45,7 +45,7 @@ TEST_F(Container, ShowsTheControlInItsWindow) {
 
 TEST_F(Container, SizesTheControlWithItsWindow) {
     const SIZE before = SizeOfControl();
-    SetWindowPos(desktop_->Window(), nullptr, 0, 0, 500, 420, SWP_NOMOVE | SWP_NOZORDER);
+    SetWindowPos(desktop_->Window(), nullptr, 0, 0, 500, 420, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     HandleMessages();
     EXPECT_EQ(SizeOfControl().cx, before.cx + 100);
     EXPECT_EQ(SizeOfControl().cy, before.cy + 120);

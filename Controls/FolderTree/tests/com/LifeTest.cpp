@@ -99,6 +99,37 @@ TEST(Life, EmptiesTheHostsSelectionAtItsEnd) {
     EXPECT_EQ(References(item.Get()), 1u);
 }
 
+TEST(Life, ListensToItsFontAndLetsItGo) {
+    FONTDESC description = {};
+    description.cbSizeofstruct = sizeof(description);
+    wchar_t name[] = L"Arial";
+    description.lpstrName = name;
+    description.cySize.int64 = 100000;
+    ComPtr<IFontDisp> font;
+    ASSERT_EQ(OleCreateFontIndirect(&description, __uuidof(IFontDisp), reinterpret_cast<void**>(font.GetAddressOf())),
+              S_OK);
+    const auto connections = [&] {
+        ComPtr<IConnectionPoint> point;
+        ComPtr<IEnumConnections> all;
+        As<IConnectionPointContainer>(font)->FindConnectionPoint(IID_IPropertyNotifySink, point.GetAddressOf());
+        // Without a connection Wine has nothing to enumerate.
+        if (FAILED(point->EnumConnections(all.GetAddressOf()))) return 0;
+        int count = 0;
+        CONNECTDATA data = {};
+        for (; all->Next(1, &data, nullptr) == S_OK; ++count) data.pUnk->Release();
+        return count;
+    };
+    auto control = NewControl();
+    control->putref_Font(font.Get());
+    EXPECT_EQ(connections(), 1);
+    control->putref_Font(nullptr);
+    EXPECT_EQ(connections(), 0);
+    control->putref_Font(font.Get());
+    control = nullptr;
+    EXPECT_EQ(connections(), 0);
+    EXPECT_EQ(References(font.Get()), 1u);
+}
+
 TEST(Life, DoesNothingAfterItWasClosed) {
     const auto control = NewControl();
     const auto collection = std::make_shared<KeyedCollection>();

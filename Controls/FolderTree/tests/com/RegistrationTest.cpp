@@ -57,8 +57,7 @@ class Registration : public ::testing::Test {
         RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
         RegCloseKey(machine_);
         RegCloseKey(user_);
-        RegDeleteTreeW(HKEY_CURRENT_USER, machinePath_);
-        RegDeleteTreeW(HKEY_CURRENT_USER, userPath_);
+        RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\FolderTree tests");
     }
 
     static HKEY Replace(HKEY predefined, const wchar_t* path) {
