@@ -24,6 +24,12 @@ std::wstring_view WithoutType(std::wstring_view text) {
     return end == std::wstring_view::npos ? std::wstring_view() : text.substr(end + 2);
 }
 
+std::wstring OnOneLine(std::wstring text) {
+    std::replace_if(
+        text.begin(), text.end(), [](wchar_t character) { return character < L' '; }, L' ');
+    return text;
+}
+
 long Number(std::wstring_view text) {
     return std::wcstol(std::wstring(text).c_str(), nullptr, 10);
 }
@@ -100,7 +106,7 @@ std::string TracedTree::AsText(const std::set<std::wstring>& selectedKeys) const
     for (const TracedRow& row : rows_) {
         if (row.placeholder) continue;
         text += !row.key.empty() && selectedKeys.count(row.key) != 0 ? "[x] " : "[ ] ";
-        text += std::string(static_cast<size_t>(std::max(0, row.level)) * 2, ' ') + EscapeCell(ToUtf8(row.name));
+        text += std::string(static_cast<size_t>(std::max(0, row.level)) * 2, ' ') + ToUtf8(OnOneLine(row.name));
         text += row.unread ? " +\n" : "\n";
     }
     return text;

@@ -29,6 +29,7 @@ class TracedTree {
     const std::vector<TracedRow>& Rows() const { return rows_; }
 
     /// Two blanks a level; "[x]" before rows whose key is in `selectedKeys`, "+" after nodes that were not read.
+    /// Control characters in names become blanks.
     std::string AsText(const std::set<std::wstring>& selectedKeys) const;
 
   private:

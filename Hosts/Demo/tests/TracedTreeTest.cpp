@@ -104,5 +104,12 @@ TEST_F(TracedTreeTest, PrintsLevelsTicksAndUnreadNodes) {
     EXPECT_EQ(tree_.AsText({L"S51|0B"}), "[ ] Mail (old)\n[ ]   A +\n[x]   B\n");
 }
 
+TEST_F(TracedTreeTest, PrintsEachFolderOnALineOfItsOwn) {
+    Write(L"GetFolders: Refreshing view");
+    BeginStore(L"Mail", L"51");
+    Folder(1, L"C:\\two\nlines", L"0A");
+    EXPECT_EQ(tree_.AsText({}), "[ ] Mail\n[ ]   C:\\two lines\n");
+}
+
 }  // namespace
 }  // namespace demo
