@@ -49,6 +49,7 @@ class ctlFolderTree::Impl {
     RefreshDriver driver;
     ControlState& state;
     bool initialised = false;
+    bool closing = false;  ///< public members do nothing any more, though the control still takes its leave
 
     /// Stores a changed value, runs its side effect and marks the property changed; an equal value does nothing.
     template <class T, class Effect>
@@ -99,7 +100,7 @@ namespace {
 /// neither initialised nor loaded its defaults first.
 template <class Result, class Control, class Impl, class Body>
 Result Enter(Control& control, Impl& impl, Result neutral, Body&& body) {
-    if (impl.shell.Closed()) return neutral;
+    if (impl.closing) return neutral;
     const auto keepAlive = control.shared_from_this();
     if (!impl.initialised) control.UserControl_InitProperties();
     return UntilClosed(std::move(neutral), std::forward<Body>(body));
@@ -137,7 +138,7 @@ ctlFolderTree::ctlFolderTree(ControlHost& host, automation::ObjectFactory& facto
 ctlFolderTree::~ctlFolderTree() { Close(); }
 
 void ctlFolderTree::UserControl_InitProperties() {
-    if (impl_->shell.Closed()) return;
+    if (impl_->closing) return;
     impl_->initialised = true;
     Guarded(impl_->shell, errorLines::initProperties, [&] {
         ControlState& state = impl_->state;
@@ -156,7 +157,7 @@ void ctlFolderTree::UserControl_InitProperties() {
 }
 
 void ctlFolderTree::UserControl_ReadProperties(PropertyBag& bag) {
-    if (impl_->shell.Closed()) return;
+    if (impl_->closing) return;
     impl_->initialised = true;
     Guarded(impl_->shell, errorLines::readProperties, [&] {
         ReadPersistedProperties(impl_->shell, bag);
@@ -171,7 +172,9 @@ void ctlFolderTree::UserControl_WriteProperties(PropertyBag& bag) {
 }
 
 void ctlFolderTree::Close() {
-    if (impl_->shell.Closed()) return;
+    if (impl_->closing) return;
+    impl_->closing = true;
+    impl_->state.cancel = true;
     Guarded(impl_->shell, errorLines::terminate, [&] {
         SelectionSet& selection = impl_->selection;
         // The host's own collection is emptied, not only let go; it is let go also when it resists.

@@ -34,8 +34,14 @@ void ExpandedRows::MarkChildUnread() {
 
 void ExpandedRows::MarkRead() { shell_.grid.SetCellText(node_, colIncomplete, ""); }
 
+void ExpandedRows::ChildFailed() {
+    failed_ = true;
+    if (!childPending_) return;
+    childPending_ = false;
+    shell_.grid.RemoveRow(last_--);
+}
+
 void ExpandedRows::RecoverFromError() {
-    if (childPending_) shell_.grid.RemoveRow(last_--);
     retry_ = last_ == node_;
     if (retry_ && placeholderRemoved_) MarkUnread(shell_, node_);
 }

@@ -21,14 +21,17 @@ class ExpandedRows {
     int32_t InsertChild();
     /// The last inserted row is filled.
     void KeepChild() { childPending_ = false; }
+    /// A child could not be read: a row that was inserted for it is taken out.
+    void ChildFailed();
     /// Marks the last child as not read, with a placeholder below it.
     void MarkChildUnread();
-    /// After an error: a row whose child could not be read is taken out. When no child is left, the placeholder stands
-    /// again and the node can be opened once more; otherwise the rows stay and the node counts as read.
+    /// After an error: when no child was inserted, the placeholder stands again and the node can be opened once more;
+    /// otherwise the rows stay and the node counts as read.
     void RecoverFromError();
     /// The node was read, to its end or until the user cancelled.
     void MarkRead();
 
+    bool Failed() const { return failed_; }
     bool ReadyToRetry() const { return retry_; }
 
   private:
@@ -36,6 +39,7 @@ class ExpandedRows {
     int32_t node_;
     int32_t last_;
     bool childPending_ = false;
+    bool failed_ = false;
     bool placeholderRemoved_ = false;
     bool retry_ = false;
 };
@@ -47,17 +51,23 @@ void RunExpansion(ControlShell& shell, SelectionView& view, int32_t node, const 
                   Finish&& finish) {
     LoadScope load(shell);
     ExpandedRows rows(shell, node);
-    const bool complete = Guarded(shell, line, [&] {
+    const bool ended = Guarded(shell, line, [&] {
         load.Ready();
         load.ResetProgress();
         read(rows);
     });
-    Guarded(shell, line, [&] {
-        if (!complete) rows.RecoverFromError();
+    const auto conclude = [&] {
+        if (!ended) rows.ChildFailed();
+        if (rows.Failed()) rows.RecoverFromError();
         if (rows.ReadyToRetry()) return;
         view.ApplySelection();
         rows.MarkRead();
-    });
+    };
+    // One error line is enough: when the host has emptied the tree meanwhile, the node is not there to be marked either.
+    if (ended)
+        Guarded(shell, line, conclude);
+    else
+        Attempt(conclude);
     finish();
 }
 

@@ -170,7 +170,8 @@ void RdoTabReader::ReadChildren(ExpandedRows& rows) {
     HierarchyTable table(shell_, "");
     table.Open(folder);
     while (const Value* row = table.NextRow()) {
-        ExpandRow(rows, table, *row);
+        // As in the walk, a row that cannot be read does not cost its siblings.
+        if (!Guarded(shell_, errorLines::expandNode, [&] { ExpandRow(rows, table, *row); })) rows.ChildFailed();
         shell_.AdvanceProgress(-1, 1);
         if (shell_.state.cancel) break;
     }

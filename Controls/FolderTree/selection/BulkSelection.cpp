@@ -61,7 +61,7 @@ void BulkSelection::SelectAll() {
             if (const SelItem item = index.Find(shell_.grid.CellText(row, colKey)))
                 item.SetSelected(true);
             else
-                AddItemOfRow(index, row, ++high);
+                AddItemOfRow(index, row, high = SelectionSet::NextIndex(high));
         });
         view_.ReIndex();
         selection_.dirty = true;
@@ -81,11 +81,11 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
                 index.Remove(key);
                 changed = true;
             } else if (const SelItem item = index.Find(key); !item) {
-                AddItemOfRow(index, row, ++high);
+                AddItemOfRow(index, row, high = SelectionSet::NextIndex(high));
                 changed = true;
             } else if (!item.Selected()) {
                 item.SetSelected(true);
-                item.SetIndex(++high);
+                item.SetIndex(high = SelectionSet::NextIndex(high));
                 changed = true;
             }
         });

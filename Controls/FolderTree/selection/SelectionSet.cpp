@@ -2,6 +2,7 @@
 #include "selection/SelectionSet.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "automation/Collection.h"
 #include "automation/KeyedCollection.h"
@@ -32,7 +33,8 @@ bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
         const auto walk = items.Walk();
         Value value;
         for (int32_t position = 1; walk->Next(value); ++position) {
-            if (!automation::EqualNoCase(SelItem(value).Key(), key)) continue;
+            const SelItem item(value);
+            if (!item || !automation::EqualNoCase(item.Key(), key)) continue;
             items.Remove(position);
             removed = true;
             return;
@@ -47,9 +49,15 @@ int32_t SelectionSet::GetHighIndex() {
         if (collection == nullptr) return;
         const auto walk = Collection(collection).Walk();
         Value value;
-        while (walk->Next(value)) high = std::max(high, SelItem(value).Index());
+        while (walk->Next(value))
+            if (const SelItem item(value); item) high = std::max(high, item.Index());
     });
     return high;
+}
+
+int32_t SelectionSet::NextIndex(int32_t high) {
+    if (high == std::numeric_limits<int32_t>::max()) throw automation::VbError(automation::errors::overflow);
+    return high + 1;
 }
 
 ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {

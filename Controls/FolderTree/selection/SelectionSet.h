@@ -28,6 +28,8 @@ class SelectionSet {
     bool RemoveSelItemByKey(std::string_view key);
     /// The largest Index in the collection, never below 0.
     int32_t GetHighIndex();
+    /// The number behind `high`. Throws Error 6: a host may have given an item the largest number there is.
+    static int32_t NextIndex(int32_t high);
     ItemRef CreateSelItemFromRow(int32_t row);
     ItemRef CreateSelItem(int32_t lFolderRecID, std::string_view sStoreID, std::string_view sEntryID,
                           std::string_view sEntryIDShort, std::string_view sAdListID);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "automation/Collection.h"
+#include "automation/KeyedCollection.h"
 #include "automation/Text.h"
 #include "selection/Highlighting.h"
 #include "selection/OrderedInsertion.h"
@@ -29,6 +30,7 @@ void SelectionView::ApplyCollection(std::span<const FoundRow> found) {
     Value value;
     for (size_t position = 0; walk->Next(value); ++position) {
         const SelItem item(value);
+        if (!item) continue;
         const bool known = item.Own() != nullptr && position < found.size() && found[position].item == item.Own();
         const int32_t row = known ? found[position].row : FindRowOf(item);
         if (row <= 0) continue;  // not in the tree, or the header row matched
@@ -112,7 +114,7 @@ void SelectionView::ReIndex() {
         while (walk->Next(value)) {
             const SelItem item(value);
             found.push_back({nullptr, -1});
-            if (!item.Selected()) continue;
+            if (!item || !item.Selected()) continue;
             item.SetIndex(n);
             const int32_t row = shell_.grid.FindRow(item.Key());
             if (row != -1) {
@@ -121,7 +123,9 @@ void SelectionView::ReIndex() {
             }
             ++n;
         }
-        ApplySelection(found);
+        // A host's own collection runs host code when it is walked, and the rows may be others afterwards.
+        const bool ours = dynamic_cast<automation::KeyedCollection*>(selection_.collection.get()) != nullptr;
+        ApplySelection(ours ? std::span<const FoundRow>(found) : std::span<const FoundRow>());
     });
 }
 

@@ -63,7 +63,7 @@ void TickEditing::TickInCollection(int32_t row) {
         item = SelItem(selection_.CreateSelItemFromRow(row));
         item.SetSelected(true);
         Collection(selection_.EnsureCollection()).Add(item.Ref(), item.Key());
-        item.SetIndex(selection_.GetHighIndex() + 1);
+        item.SetIndex(SelectionSet::NextIndex(selection_.GetHighIndex()));
     }
     shell_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
 }
@@ -85,6 +85,8 @@ void TickEditing::TickAlone(int32_t row) {
 }
 
 void TickEditing::AfterNumber(int32_t row) {
+    // A number that no item can hold ends here, before the row's item is touched.
+    automation::RoundToLong(shell_.grid.CellValue(row, colIndex));
     const ItemRef item = selection_.CreateSelItemFromRow(row);
     const std::string key = item->Key();
     selection_.RemoveSelItemByKey(key);
@@ -95,7 +97,7 @@ void TickEditing::AfterNumber(int32_t row) {
     Value value;
     // Only a higher number is passed, so a number equal to an existing one lands behind that item.
     for (int32_t position = 1; !before && walk->Next(value); ++position)
-        if (SelItem(value).Index() > item->Index()) before = position;
+        if (const SelItem other(value); other && other.Index() > item->Index()) before = position;
     items.Add(item, key, before);
 
     view_.ReIndex();

@@ -34,7 +34,8 @@ void ControlShell::Detach() {
 
 void ControlShell::TraceError(const ErrorLine& line, const automation::Error& error) {
     const std::string_view detail = line.detail == ErrorDetail::Bracket ? "): [0x" : "): 0x";
-    Trace(line.opening, error.Line(), detail, Hex(error.Number()), "] ", error.Text());
+    // When there is no memory even for the line, the procedure still ends as it should.
+    Attempt([&] { Trace(line.opening, error.Line(), detail, Hex(error.Number()), "] ", error.Text()); });
 }
 
 void ControlShell::Yield() {

@@ -21,8 +21,8 @@ std::optional<automation::Error> Attempt(Body&& body) {
     try {
         std::forward<Body>(body)();
         return std::nullopt;
-    } catch (const automation::Error& error) {
-        return error;
+    } catch (automation::Error& error) {
+        return std::move(error);  // without a copy, which could fail for lack of memory
     } catch (const std::bad_alloc&) {
         return automation::Error(automation::errors::outOfMemory, "Out of memory.");
     } catch (const std::exception& error) {

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "automation_win32/ModuleLock.h"
+
 namespace foldertree {
 
 /// `Copy` turns an entry of the list into what the caller receives and owns (it adds the reference).
@@ -56,6 +58,7 @@ class ListEnumerator final : public Interface {
   private:
     ~ListEnumerator() = default;
 
+    const automation::ModuleLock lock_;
     const std::vector<Entry> entries_;
     size_t position_;
     std::atomic<ULONG> references_ = 1;
