@@ -218,6 +218,14 @@ ModeFolder TypedFolder(std::string name, std::string id, int32_t itemType, std::
     return folder;
 }
 
+ModeAddressList AddressList(std::string name, std::string id, std::vector<ModeAddressList> lists) {
+    ModeAddressList list;
+    list.name = std::move(name);
+    list.id = std::move(id);
+    list.lists = std::move(lists);
+    return list;
+}
+
 ScriptedRef ModeMailbox::RdoSession() const {
     const auto session = std::make_shared<const Session>(Session{Model::Rdo, *this});
     auto object = Make(session, "Session");

@@ -47,6 +47,8 @@ struct ModeAddressList {
     bool containsItself = false;
 };
 
+ModeAddressList AddressList(std::string name, std::string id, std::vector<ModeAddressList> lists = {});
+
 /// Objects are made when they are asked for, so that one that is alive after a load was not released. A session shows
 /// the data as they were when it was made. All members go to the log.
 class ModeMailbox {
