@@ -1,4 +1,5 @@
 // EachModeTest: what the modes that read object by object have in common.
+#include "enumeration/WalkLimits.h"
 #include "modes/ModeTest.h"
 
 namespace foldertree::testing {
@@ -282,13 +283,15 @@ TEST_P(EachMode, AFolderBelowItselfIsNotReadAgain) {
 }
 
 TEST_P(EachMode, ADeepHierarchyIsReadUpToTheDeepestLevel) {
-    ModeFolder chain = MailFolder("F600", "F600");
-    for (int level = 599; level > 0; --level)
-        chain = MailFolder("F" + std::to_string(level), "F" + std::to_string(level), {std::move(chain)});
+    const auto nameOf = [](int32_t level) { return "F" + std::to_string(level); };
+    constexpr int32_t depth = deepestWalkLevel + 100;
+    ModeFolder chain = MailFolder(nameOf(depth), nameOf(depth));
+    for (int32_t level = depth - 1; level > 0; --level)
+        chain = MailFolder(nameOf(level), nameOf(level), {std::move(chain)});
     mail.stores = {{"Mailbox", "B2", true, {std::move(chain)}}};
     LoadEach();
-    EXPECT_EQ(Cell("F500", colIncomplete), "-1");
-    EXPECT_EQ(Grid().RowCount(), 1 + 1 + 500 + 1);
+    EXPECT_EQ(Cell(nameOf(deepestWalkLevel), colIncomplete), "-1");
+    EXPECT_EQ(Grid().RowCount(), 1 + 1 + deepestWalkLevel + 1) << "header, store, folders, placeholder";
 }
 
 TEST_P(EachMode, ClosingTheControlAtAnyYieldEndsTheLoad) {
