@@ -48,6 +48,8 @@ ObjectRef CdoReader::LoggedOnSession() {
     // Quietly, and into the profile that is already open.
     const std::array<NamedArgument, 2> arguments{{{"ShowDialog", false}, {"NewSession", false}}};
     const bool loggedOn = Try("Failed to log on to CDO session: [0x", [&] { session->CallNamed("Logon", arguments); });
+    // A log-on lets messages through, and with them the host.
+    shell_.ThrowIfClosed();
     return loggedOn ? session : nullptr;
 }
 

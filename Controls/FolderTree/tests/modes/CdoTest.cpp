@@ -62,6 +62,21 @@ TEST_F(Cdo, ClosingTheControlReleasesTheSession) {
     EXPECT_EQ(control->CDOSession(), nullptr);
 }
 
+TEST_F(Cdo, AControlThatIsClosedWhileItLogsOnKeepsNoSession) {
+    std::weak_ptr<automation::Object> made;
+    factory.On("MAPI.Session", [&] {
+        const auto session = mail.CdoSession();
+        made = session;
+        session->Method("Logon", [this](const automation::Invocation&) {
+            control->Close();
+            return automation::Value();
+        });
+        return session;
+    });
+    EXPECT_EQ(control->CDOSession(), nullptr);
+    EXPECT_TRUE(made.expired());
+}
+
 TEST_F(Cdo, TheTraceNamesTheModeOnce) {
     LoadCdo();
     EXPECT_EQ(host.Trace(), (Lines{"GetFolders: Refreshing view", "Mode: CDO", "GetFolders: Done"}));
