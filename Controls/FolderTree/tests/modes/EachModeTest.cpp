@@ -6,6 +6,7 @@ namespace foldertree::testing {
 namespace {
 
 using automation::Error;
+using automation::ObjectRef;
 using automation::Value;
 using automation::testing::ScriptedObject;
 
@@ -321,6 +322,38 @@ TEST_P(EachMode, ARefreshFromInsideAYieldIsTurnedAway) {
     host.onYield = nullptr;
     EXPECT_EQ(host.TraceCount("GetFolders: Refreshing view"), 1u);
     EXPECT_EQ(Grid().RowCount(), 11);
+}
+
+TEST_P(EachMode, AnyMemberMayBeCalledFromInsideAYield) {
+    LoadEach();
+    const Lines tree = Tree();
+    ObjectRef collection;
+    bool show = false;
+    const std::vector<std::function<void()>> members{
+        [&] { control->SelectAll(); },
+        [&] { collection = control->Selection(); },
+        [&] { control->SetShowAddressBook(show = !show); },  // empties the grid
+        [&] { control->SelectByType(FTIMailItem, false); },
+        [&] { control->CollapseToSelection(); },
+        [&] { control->KillCollection(collection); },
+        [&] { control->SetExtendToLevel(0); },
+        [&] { control->SelectNone(); },
+        [&] { control->GetMsgItem("B2", "0011"); },
+        [&] { control->SetMultiSelect(show); },
+        [&] { Open(Grid().RowCount() - 1); },
+    };
+    for (size_t first = 0; first < members.size(); ++first) {
+        host.onYield = [&](int yield) { members[(first + static_cast<size_t>(yield)) % members.size()](); };
+        control->RefreshList();
+        host.onYield = nullptr;
+        ExpectIdle();
+    }
+    control->SetSelection(nullptr);
+    control->SetMultiSelect(true);
+    control->SetShowAddressBook(false);
+    collection = nullptr;
+    control->RefreshList();
+    EXPECT_EQ(Tree(), tree);
 }
 
 INSTANTIATE_TEST_SUITE_P(Modes, EachMode, ::testing::Values(eISAccess_RDO_Objects, eISAccess_Outlook, eISAccess_CDO),
