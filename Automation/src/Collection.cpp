@@ -7,7 +7,7 @@ namespace {
 
 class PositionWalk : public Enumerator {
   public:
-    explicit PositionWalk(Collection collection) : collection_(std::move(collection)), count_(collection_.Count()) {}
+    PositionWalk(Collection collection, int32_t count) : collection_(std::move(collection)), count_(count) {}
 
     bool Next(Value& item) override {
         if (position_ >= count_) return false;
@@ -49,7 +49,11 @@ void Collection::Remove(int32_t position) const {
 
 std::unique_ptr<Enumerator> Collection::Walk() const {
     if (auto enumerator = Deref(object_).NewEnum()) return enumerator;
-    return std::make_unique<PositionWalk>(*this);
+    return WalkByPosition(Count());
+}
+
+std::unique_ptr<Enumerator> Collection::WalkByPosition(int32_t count) const {
+    return std::make_unique<PositionWalk>(*this, count);
 }
 
 }  // namespace automation

@@ -71,6 +71,21 @@ TEST(Collection, WalksByPositionWhereThereIsNoEnumerationAndCountsOnce) {
     EXPECT_EQ(log->Lines(), (Lines{"C.Count", "C.Item(1)", "C.Item(2)"}));
 }
 
+TEST(Collection, WalksByPositionUpToAGivenCountWhenAsked) {
+    const auto log = std::make_shared<CallLog>();
+    const auto object = std::make_shared<ScriptedObject>("C", log);
+    object->Items({"x", "y", "z"});
+    const auto walk = Collection(object).WalkByPosition(2);
+    std::string text;
+    for (Value item; walk->Next(item);) text += item.ToText();
+    EXPECT_EQ(text, "xy");
+    EXPECT_EQ(log->Lines(), (Lines{"C.Item(1)", "C.Item(2)"}));
+    const auto tooFar = Collection(object).WalkByPosition(4);
+    Value item;
+    while (item.IsEmpty() || item.ToText() != "z") ASSERT_TRUE(tooFar->Next(item));
+    EXPECT_EQ(NumberOfFailure([&] { tooFar->Next(item); }), errors::subscript);
+}
+
 TEST(Collection, OfNothingFailsAsAnObjectVariableThatIsNotSet) {
     const Collection nothing(nullptr);
     EXPECT_EQ(NumberOfFailure([&] { nothing.Count(); }), errors::objectNotSet);

@@ -1,9 +1,12 @@
 // ctlFolderTree: the control's public members, in interface order, its setters and its life.
 #include "ctlFolderTree.h"
 
+#include "addresslists/AddressListRows.h"
 #include "enumeration/RdoTabReader.h"
 #include "enumeration/RefreshDriver.h"
-#include "modes/DefaultFoldersOnly.h"
+#include "modes/CdoReader.h"
+#include "modes/OutlookReader.h"
+#include "modes/RdoObjReader.h"
 #include "selection/BulkSelection.h"
 #include "selection/Highlighting.h"
 #include "selection/ItemLookup.h"
@@ -29,12 +32,14 @@ class ctlFolderTree::Impl {
           editing(shell, selection, view, control),
           bulk(shell, selection, view),
           rdoTab(shell, view),
-          rdoObj(shell),
-          outlook(shell),
-          cdo(shell),
+          rdoObj(shell, view),
+          outlook(shell, view),
+          cdo(shell, view),
+          addressLists(shell, [this] { return cdo.CDOSession(); }),
           driver(shell, view),
           state(shell.state) {
-        driver.SetReaders({.stores = {&rdoTab, &rdoObj, &outlook, &cdo}, .addressLists = nullptr});
+        // In the order of enuInfoStoreAccessMode.
+        driver.SetReaders({.stores = {&rdoTab, &rdoObj, &outlook, &cdo}, .addressLists = &addressLists});
     }
 
     ControlShell shell;
@@ -46,6 +51,7 @@ class ctlFolderTree::Impl {
     RdoObjReader rdoObj;
     OutlookReader outlook;
     CdoReader cdo;
+    AddressListRows addressLists;
     RefreshDriver driver;
     ControlState& state;
     bool initialised = false;
@@ -183,6 +189,7 @@ void ctlFolderTree::Close() {
         impl_->state.rdoSession = nullptr;
         selection.singleItem = nullptr;
         impl_->state.application = nullptr;
+        impl_->cdo.ReleaseSession();
     });
     impl_->shell.Detach();
 }
@@ -197,7 +204,9 @@ ObjectRef ctlFolderTree::Application() {
     return Enter(*this, *impl_, ObjectRef(), [&] { return impl_->state.application; });
 }
 
-ObjectRef ctlFolderTree::CDOSession() { return nullptr; }
+ObjectRef ctlFolderTree::CDOSession() {
+    return Enter(*this, *impl_, ObjectRef(), [&] { return impl_->cdo.CDOSession(); });
+}
 
 void ctlFolderTree::SetFont(ObjectRef font) {
     EnterVoid(*this, *impl_, [&] {

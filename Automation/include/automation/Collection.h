@@ -26,6 +26,8 @@ class Collection {
     /// The items in their order: one enumeration where the collection offers it, else `Count` and `Item` by position
     /// (the count is read once). The walk must not outlive changes of the collection.
     std::unique_ptr<Enumerator> Walk() const;
+    /// The items from 1 to `count` by `Item`, each asked for when its turn comes.
+    std::unique_ptr<Enumerator> WalkByPosition(int32_t count) const;
 
     const ObjectRef& Ref() const { return object_; }
 

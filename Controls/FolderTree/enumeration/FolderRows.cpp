@@ -12,17 +12,6 @@ namespace {
 
 constexpr uint32_t leftCentred = 1;
 
-void SetPicture(TreeGrid& grid, int32_t row, Picture picture) {
-    grid.SetCellFormat(CellSetting::Picture, row, colName, static_cast<uint32_t>(picture));
-    grid.SetCellFormat(CellSetting::PictureAlignment, row, colName, leftCentred);
-}
-
-int32_t AppendRow(TreeGrid& grid) {
-    const int32_t row = grid.RowCount();
-    grid.SetRowCount(row + 1);
-    return row;
-}
-
 void InsertPlaceholder(TreeGrid& grid, int32_t row) {
     const int16_t level = grid.RowOutlineLevel(row);
     if (level == std::numeric_limits<int16_t>::max()) throw automation::VbError(automation::errors::overflow);
@@ -34,6 +23,17 @@ void InsertPlaceholder(TreeGrid& grid, int32_t row) {
 }
 
 }  // namespace
+
+int32_t AppendRow(TreeGrid& grid) {
+    const int32_t row = grid.RowCount();
+    grid.SetRowCount(row + 1);
+    return row;
+}
+
+void SetRowPicture(TreeGrid& grid, int32_t row, Picture picture) {
+    grid.SetCellFormat(CellSetting::Picture, row, colName, static_cast<uint32_t>(picture));
+    grid.SetCellFormat(CellSetting::PictureAlignment, row, colName, leftCentred);
+}
 
 int32_t AppendStoreRow(ControlShell& shell, std::string_view kind, std::string_view name) {
     TreeGrid& grid = shell.grid;
@@ -52,7 +52,7 @@ int32_t AppendStoreRow(ControlShell& shell, std::string_view kind, std::string_v
 }
 
 void SetStorePicture(ControlShell& shell, int32_t row, bool isDefaultStore) {
-    SetPicture(shell.grid, row, isDefaultStore ? GetIcon(shell, FTIHome, "") : picFolderOpen);
+    SetRowPicture(shell.grid, row, isDefaultStore ? GetIcon(shell, FTIHome, "") : picFolderOpen);
 }
 
 void FillFolderRow(ControlShell& shell, int32_t row, int16_t level, const FolderCells& cells) {
@@ -69,7 +69,7 @@ void FillFolderRow(ControlShell& shell, int32_t row, int16_t level, const Folder
     grid.SetCellText(row, colPath, cells.path);
     grid.SetCellText(row, colKey, cells.key);
     grid.SetRowOutlineLevel(row, level);
-    SetPicture(grid, row, GetIcon(shell, static_cast<enuFTIItemType>(cells.itemType), cells.entryID));
+    SetRowPicture(grid, row, GetIcon(shell, static_cast<enuFTIItemType>(cells.itemType), cells.entryID));
     HighlightNewRow(shell, row, cells.itemType);
     grid.SetIsNode(row, true);
 }

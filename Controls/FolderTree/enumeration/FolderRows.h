@@ -9,6 +9,12 @@
 
 namespace foldertree {
 
+/// Appends an empty row and returns its number.
+int32_t AppendRow(TreeGrid& grid);
+
+/// Shows the picture beside the row's name.
+void SetRowPicture(TreeGrid& grid, int32_t row, Picture picture);
+
 /// Appends a row and makes it a store's: its kind, name, level, colours and bold. Returns its number.
 int32_t AppendStoreRow(ControlShell& shell, std::string_view kind, std::string_view name);
 

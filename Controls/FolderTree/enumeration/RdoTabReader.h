@@ -9,6 +9,7 @@
 #include "enumeration/HierarchyTable.h"
 #include "enumeration/NodeExpansion.h"
 #include "enumeration/StoreReader.h"
+#include "enumeration/WalkLimits.h"
 #include "selection/SelectionView.h"
 #include "shell/ControlShell.h"
 
@@ -16,9 +17,7 @@ namespace foldertree {
 
 class RdoTabReader : public StoreReader {
   public:
-    /// The walk opens folders no deeper than this level; what lies below is read when the user opens it. Each level costs
-    /// some 1.6 kB of stack, and hosts give their user-interface thread 1 MB. Mail servers allow 300 levels.
-    static constexpr int32_t deepestWalkLevel = 350;
+    static constexpr int32_t deepestWalkLevel = foldertree::deepestWalkLevel;
 
     RdoTabReader(ControlShell& shell, SelectionView& view) : shell_(shell), view_(view) {}
 

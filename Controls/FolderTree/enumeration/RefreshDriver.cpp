@@ -60,7 +60,8 @@ void RefreshDriver::ReadDefaultStore(StoreReader& reader, const ObjectRef& store
 }
 
 void RefreshDriver::ReadOtherStores(StoreReader& reader, const ObjectRef& stores) {
-    const auto walk = Collection(stores).Walk();
+    const Collection collection(stores);
+    const auto walk = reader.WalksByPosition() ? collection.WalkByPosition(collection.Count()) : collection.Walk();
     Value value;
     while (walk->Next(value)) {
         const ObjectRef store = value.ToObject();

@@ -22,6 +22,8 @@ class StoreReader {
     virtual bool Begin() = 0;
     /// A collection with one object a store; walked once or twice.
     virtual automation::ObjectRef Stores() = 0;
+    /// Whether the mode's collections are walked by position and not by their enumeration.
+    virtual bool WalksByPosition() const { return false; }
     /// Whether the default store is read before the others.
     virtual bool DefaultStoreFirst() const = 0;
     virtual bool IsDefaultStore(const automation::ObjectRef& store) = 0;

@@ -47,6 +47,19 @@ inline constexpr ErrorLine getFolderIDs{"Error in ctlFolderTree.GetFolderIDs(", 
 inline constexpr ErrorLine storeRDOTab{"Error in ctlFolderTree.GetFolders_Store_RDOTab ("};
 inline constexpr ErrorLine folderRDOTab{"Error in ctlFolderTree.GetFolders_Folder_RDOTab ("};
 inline constexpr ErrorLine expandNode{"Error in ctlFolderTree.ExpandNode ("};
+inline constexpr ErrorLine storeRDOObj{"Error in ctlFolderTree.GetFolders_Store_RDOObj ("};
+inline constexpr ErrorLine folderRDOObj{"Error in ctlFolderTree.GetFolders_Folder_RDOObj ("};
+inline constexpr ErrorLine expandNodeRDOObj{"Error in ctlFolderTree.ExpandNode_RDOObj(", ErrorDetail::NoBracket};
+inline constexpr ErrorLine storeOOM{"Error in ctlFolderTree.GetFolders_Store_OOM ("};
+inline constexpr ErrorLine folderOOM{"Error in ctlFolderTree.GetFolders_Folder_OOM ("};
+inline constexpr ErrorLine expandNodeOOM{"Error in ctlFolderTree.ExpandNode_OOM(", ErrorDetail::NoBracket};
+inline constexpr ErrorLine cdoSession{"Error in ctlFolderTree.CDOSession("};
+inline constexpr ErrorLine storeCDO{"Error in ctlFolderTree.GetFolders_Store_CDO ("};
+inline constexpr ErrorLine folderCDO{"Error in ctlFolderTree.GetFolders_Folder_CDO ("};
+inline constexpr ErrorLine expandNodeCDO{"Error in ctlFolderTree.ExpandNode_CDO(", ErrorDetail::NoBracket};
+inline constexpr ErrorLine getAddressBook{"Error in ctlFolderTree.GetAddressBook ("};
+inline constexpr ErrorLine getAddressBookRDOObj{"Error in ctlFolderTree.GetAddressBook_RDOObj ("};
+inline constexpr ErrorLine getAddressBookCDO{"Error in ctlFolderTree.GetAddressBook_CDO ("};
 inline constexpr ErrorLine beforeCollapse{"Error in ctlFolderTree.fgd_BeforeCollapse ("};
 
 // The selection

@@ -103,7 +103,7 @@ TEST_F(DefaultFolders, OutlookModeWithoutAnApplicationReadsNone) {
 
 TEST_F(DefaultFolders, CdoModeWithoutASessionReadsNoneSoFoldersShowTheirTypes) {
     control->SetInfoStoreAccessMode(eISAccess_CDO);
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(host.Trace(), Lines{"Could not instantiate CDO session: [0x80040154] Class not registered"});
     mailbox.defaultFolders.clear();
     control->SetInfoStoreAccessMode(eISAccess_RDO_MAPITables);
     Load();

@@ -1,0 +1,150 @@
+// ObjectReader: reads folders object by object: the walk and the expansion that three access modes share.
+#include "modes/ObjectReader.h"
+
+#include "automation/Collection.h"
+#include "enumeration/FolderRows.h"
+#include "enumeration/WalkLimits.h"
+
+namespace foldertree {
+
+using automation::Collection;
+using automation::Deref;
+using automation::ObjectRef;
+using automation::Value;
+
+namespace {
+
+constexpr int32_t headerRow = 0;
+
+}  // namespace
+
+std::string ObjectReader::ReadText(const ObjectRef& object, automation::Member member) {
+    return Deref(object).Get(member).ToText();
+}
+
+bool ObjectReader::HasSubfolders(ObjectFolder& folder) {
+    folder.subfolders = Deref(folder.object).Get("Folders").ToObject();
+    if (folder.subfolders == nullptr) return false;
+    folder.subfolderCount = Collection(folder.subfolders).Count();
+    return folder.subfolderCount > 0;
+}
+
+std::string ObjectReader::KeyOf(const ObjectFolder& folder) const {
+    std::string key;
+    key.reserve(folder.storeID.size() + folder.entryID.size() + 2);
+    return key.append("S").append(folder.storeID).append("|").append(folder.entryID);
+}
+
+void ObjectReader::ReadStore(const ObjectRef& store) {
+    Guarded(shell_, mode_.storeLine, [&] { GetFolders_Store(store); });
+}
+
+void ObjectReader::GetFolders_Store(const ObjectRef& store) {
+    shell_.AdvanceProgress(1, -1);
+    const std::string name = ReadText(store, "Name");
+    const int32_t row = AppendStoreRow(shell_, mode_.storeRowKind, name);
+    const std::string storeID = ReadText(store, mode_.idMember);
+    shell_.grid.SetCellText(row, colStoreID, storeID);
+    SetStorePicture(shell_, row, IsHomeStore(store, storeID));
+    ObjectFolder root(RootFolder(store), storeID);
+    const Parent parent{storeID, root.entryID, name};
+    ForEachSubfolder(root, [&](const ObjectRef& child) { GetFolders_Folder(parent, child); });
+    shell_.AdvanceProgress(-1, 1);
+}
+
+bool ObjectReader::Parent::IsBelow(const std::string& id) const {
+    return !id.empty() && (entryID == id || (above != nullptr && above->IsBelow(id)));
+}
+
+void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& object) {
+    // A failed call costs this folder only; its siblings are still read.
+    Guarded(shell_, mode_.folderLine, [&] {
+        const int32_t level = parent.level + 1;
+        ObjectFolder folder(object, parent.storeID);
+        if (!ReadFolder(folder, Reading::Walk)) return;
+        const std::string path = parent.path + "\\" + folder.name;
+        // The marks of a folder without a row of its own fall on the header row, as they always have.
+        int32_t row = headerRow;
+        if (folder.hasRow) {
+            shell_.ShowPath(path);
+            row = AppendRow(shell_.grid);
+            FillRow(row, level, folder, path);
+        }
+        // A folder below itself would never end.
+        if (!HasSubfolders(folder) || parent.IsBelow(folder.entryID)) return;
+        if (!MayDescend(level)) {
+            MarkUnread(shell_, row);
+            return;
+        }
+        const Parent self{parent.storeID, folder.entryID, path, level, &parent};
+        ForEachSubfolder(folder, [&](const ObjectRef& child) { GetFolders_Folder(self, child); });
+    });
+}
+
+bool ObjectReader::MayDescend(int32_t level) const {
+    const int32_t limit = shell_.state.extendToLevel;
+    const bool within = mode_.readsAtLimit ? level <= limit : level < limit;
+    return (within || limit == 0) && level < deepestWalkLevel;
+}
+
+void ObjectReader::ExpandNode(int32_t row) {
+    RunExpansion(
+        shell_, view_, row, mode_.expandLine, [&](ExpandedRows& rows) { ReadChildren(rows); }, [&] { shell_.Yield(); });
+}
+
+void ObjectReader::ReadChildren(ExpandedRows& rows) {
+    const std::string storeID = shell_.grid.CellText(rows.Node(), colStoreID);
+    ObjectFolder folder(OpenFolder(shell_.grid.CellText(rows.Node(), colEntryID), storeID), storeID);
+    rows.RemovePlaceholder();
+    ForEachSubfolder(folder, [&](const ObjectRef& child) { ExpandChild(rows, child, storeID); });
+}
+
+void ObjectReader::ExpandChild(ExpandedRows& rows, const ObjectRef& object, const std::string& storeID) {
+    ObjectFolder folder(object, storeID);
+    if (!ReadFolder(folder, Reading::Expansion)) return;
+    const std::string path = shell_.grid.CellText(rows.Node(), colPath) + "\\" + folder.name;
+    shell_.ShowPath(path);
+    const int16_t level = rows.ChildLevel();
+    FillRow(rows.InsertChild(), level, folder, path);
+    rows.KeepChild();
+    if (HasSubfolders(folder)) rows.MarkChildUnread();
+}
+
+void ObjectReader::GetSubfolders(ObjectFolder& folder) {
+    if (folder.subfolders != nullptr) return;
+    folder.subfolders = Deref(folder.object).Get("Folders").RequireObject();
+    folder.subfolderCount = Collection(folder.subfolders).Count();
+}
+
+template <class Visit>
+void ObjectReader::ForEachSubfolder(ObjectFolder& folder, Visit&& visit) {
+    GetSubfolders(folder);
+    shell_.AdvanceProgress(folder.subfolderCount, -1);
+    const Collection subfolders(folder.subfolders);
+    const auto walk = mode_.walksByPosition ? subfolders.WalkByPosition(folder.subfolderCount) : subfolders.Walk();
+    Value child;
+    while (walk->Next(child)) {
+        visit(child.ToObject());
+        shell_.AdvanceProgress(-1, 1);
+        shell_.Yield();
+        if (shell_.state.cancel) return;
+    }
+}
+
+void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folder, const std::string& path) {
+    const std::string key = KeyOf(folder);
+    FillFolderRow(shell_, row, static_cast<int16_t>(level),
+                  {.name = folder.name,
+                   .storeID = folder.storeID,
+                   .entryID = folder.entryID,
+                   .entryIDShort = "",
+                   .path = path,
+                   .key = key,
+                   .sel = "False",
+                   .index = " ",
+                   .itemType = folder.itemType});
+    // A number can be typed only into a row that is ticked.
+    shell_.grid.SetCellFormat(CellSetting::BackColor, row, colIndex, colors::buttonFace);
+}
+
+}  // namespace foldertree

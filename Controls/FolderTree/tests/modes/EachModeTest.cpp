@@ -1,0 +1,363 @@
+// EachModeTest: what the modes that read object by object have in common.
+#include "enumeration/WalkLimits.h"
+#include "modes/ModeTest.h"
+
+namespace foldertree::testing {
+namespace {
+
+using automation::Error;
+using automation::ObjectRef;
+using automation::Value;
+using automation::testing::ScriptedObject;
+
+const Lines wholeMailbox{"  Inbox", "    Projects", "      Alpha", "    Zoo", "  People", "  Diary", "  To do"};
+
+TEST_P(EachMode, LevelZeroReadsEverything) {
+    LoadEach(0);
+    Lines expected{"Mailbox[Store]"};
+    expected.insert(expected.end(), wholeMailbox.begin(), wholeMailbox.end());
+    expected.insert(expected.end(), {"Archive[Store]", "  Old mail"});
+    if (GetParam() == eISAccess_Outlook) {
+        // There is no default store to put first, and a store's row is of the folders' kind.
+        expected = {"Archive", "  Old mail", "Mailbox"};
+        expected.insert(expected.end(), wholeMailbox.begin(), wholeMailbox.end());
+    }
+    EXPECT_EQ(Tree(), expected);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+    ExpectIdle();
+}
+
+TEST_P(EachMode, AStoreWithoutFoldersIsOneBoldRow) {
+    mail.stores = {{"Empty", "E1", true, {}}};
+    LoadEach();
+    ASSERT_EQ(NamesOf(Grid()), Lines{"Empty"});
+    for (int col = 0; col < Grid().ColCount(); ++col) {
+        EXPECT_TRUE(IsBold(Grid(), 1, col));
+        EXPECT_EQ(BackColor(Grid(), 1, col), colors::buttonFace);
+    }
+    EXPECT_EQ(Grid().RowOutlineLevel(1), 0);
+    EXPECT_TRUE(Grid().IsNode(1));
+    // 1 to begin with, one for the driver's step and one for the reader's.
+    EXPECT_EQ(host.highestMaximum, 3);
+    EXPECT_EQ(host.progressValue, 2);
+}
+
+TEST_P(EachMode, CellsOfAStoreRow) {
+    LoadEach();
+    EXPECT_EQ(Cell("Mailbox", colStoreID), "B2");
+    for (const int col : {colSel, colIndex, colIncomplete, colItemType, colEntryID, colEntryIDShort, colPath, colKey})
+        EXPECT_EQ(Cell("Mailbox", col), "") << col;
+}
+
+TEST_P(EachMode, CellsOfAFolderRow) {
+    LoadEach();
+    EXPECT_EQ(Cell("Projects", colRowKind), "Folder");
+    EXPECT_EQ(Cell("Projects", colSel), "False");
+    EXPECT_EQ(Cell("Projects", colIndex), " ");
+    EXPECT_EQ(Cell("Projects", colEntryID), "0011");
+    EXPECT_EQ(Cell("Projects", colItemType), "0");
+    const bool outlook = GetParam() == eISAccess_Outlook;
+    EXPECT_EQ(Cell("Projects", colStoreID), outlook ? "" : "B2");
+    EXPECT_EQ(Cell("Projects", colKey), outlook ? "0011" : "SB2|0011");
+    for (const int col : {colIncomplete, colEntryIDShort, colFolderRecID, colAddressListID})
+        EXPECT_EQ(Cell("Projects", col), "") << col;
+    EXPECT_EQ(Cell("People", colItemType), "2");
+    EXPECT_TRUE(Grid().IsNode(Row("Zoo")));
+    EXPECT_EQ(Grid().RowHeight(Row("Zoo")), 19 * 15);
+}
+
+TEST_P(EachMode, OnlyTheNumberCellOfAFolderIsButtonFaced) {
+    LoadEach();
+    const int32_t row = Row("Inbox");
+    for (int col = 0; col < Grid().ColCount(); ++col)
+        EXPECT_EQ(BackColor(Grid(), row, col), col == colIndex ? colors::buttonFace : colors::window) << col;
+}
+
+TEST_P(EachMode, PathsStartWithTheStoreName) {
+    LoadEach();
+    EXPECT_EQ(Cell("Inbox", colPath), "Mailbox\\Inbox");
+    EXPECT_EQ(Cell("Projects", colPath), "Mailbox\\Inbox\\Projects");
+    EXPECT_EQ(Cell("Alpha", colPath), "Mailbox\\Inbox\\Projects\\Alpha");
+}
+
+TEST_P(EachMode, PicturesFollowTypeAndDefaultFolders) {
+    LoadEach();
+    EXPECT_EQ(PictureOf(Grid(), Row("Inbox")), Picture::Inbox);
+    EXPECT_EQ(PictureOf(Grid(), Row("Projects")), Picture::Mail);
+    EXPECT_EQ(PictureOf(Grid(), Row("People")), Picture::Contact);
+    EXPECT_EQ(PictureOf(Grid(), Row("Diary")), Picture::Journal);
+    EXPECT_EQ(PictureOf(Grid(), Row("To do")), Picture::Task);
+}
+
+TEST_P(EachMode, OnlyTheDefaultStoreShowsTheHomePicture) {
+    LoadEach();
+    EXPECT_EQ(PictureOf(Grid(), Row("Archive")), Picture::FolderOpen);
+    EXPECT_EQ(PictureOf(Grid(), Row("Mailbox")), GetParam() == eISAccess_Outlook ? Picture::FolderOpen : Picture::Home);
+}
+
+TEST_P(EachMode, WithTwoHighlightsAMatchingFolderIsBoldAndGrey) {
+    control->SetHighlightContactFolders(true);
+    control->SetHighlightTaskFolders(true);
+    LoadEach();
+    EXPECT_TRUE(IsBold(Grid(), Row("People")));
+    EXPECT_EQ(ForeColor(Grid(), Row("People")), colors::buttonShadow);
+    EXPECT_FALSE(IsBold(Grid(), Row("Zoo")));
+    EXPECT_EQ(ForeColor(Grid(), Row("Zoo")), colors::buttonShadow);
+}
+
+TEST_P(EachMode, AFolderBeyondTheLimitCarriesAClosedPlaceholder) {
+    LoadEach(IsRdo() ? 1 : 2);
+    const int32_t projects = Row("Projects");
+    EXPECT_EQ(Cell("Projects", colIncomplete), "-1");
+    EXPECT_EQ(Grid().NodeState(projects), nodeCollapsed);
+    EXPECT_EQ(Grid().CellText(projects + 1, colRowKind), "Dummy");
+    EXPECT_EQ(Grid().RowOutlineLevel(projects + 1), 3);
+    EXPECT_EQ(Grid().NodeState(projects + 1), nodeCollapsed);
+    EXPECT_EQ(Cell("Zoo", colIncomplete), "");
+    EXPECT_EQ(Grid().CellText(Row("Zoo") + 1, colRowKind), "Folder") << "a folder without children has no placeholder";
+}
+
+TEST_P(EachMode, OpeningANodeInTheMiddleInsertsItsChildrenBelowIt) {
+    mail.stores = {
+        {"Mailbox",
+         "B2",
+         true,
+         {MailFolder("Top", "0001",
+                     {MailFolder("Node", "0002",
+                                 {MailFolder("A", "0003", {MailFolder("A1", "0004")}), MailFolder("B", "0005"),
+                                  MailFolder("C", "0006", {MailFolder("C1", "0007")})}),
+                      MailFolder("After", "0008")})}}};
+    LoadEach(IsRdo() ? 1 : 2);
+    Open("Node");
+    const std::string store = GetParam() == eISAccess_Outlook ? "Mailbox" : "Mailbox[Store]";
+    EXPECT_EQ(Tree(), (Lines{store, "  Top", "    Node", "      A[unread][closed]", "        [Dummy]", "      B",
+                             "      C[unread][closed]", "        [Dummy]", "    After"}));
+    EXPECT_EQ(Cell("A", colPath), "Mailbox\\Top\\Node\\A");
+    EXPECT_EQ(Cell("A", colSel), "False");
+    EXPECT_EQ(Cell("A", colIndex), " ");
+    EXPECT_EQ(Cell("A", colKey), GetParam() == eISAccess_Outlook ? "0003" : "SB2|0003");
+    EXPECT_EQ(BackColor(Grid(), Row("A"), colIndex), colors::buttonFace);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(host.TraceCount("Done."), 0u) << "only the table mode says so";
+    ExpectIdle();
+}
+
+TEST_P(EachMode, OpeningTheLastRowAppendsItsChildren) {
+    mail.stores = {
+        {"Mailbox",
+         "B2",
+         true,
+         {MailFolder("Top", "0001",
+                     {MailFolder("Last", "0002",
+                                 {MailFolder("A", "0003"), MailFolder("B", "0004", {MailFolder("B1", "0005")})})})}}};
+    LoadEach(IsRdo() ? 1 : 2);
+    Open("Last");
+    const Lines tree = Tree();
+    EXPECT_EQ(Lines(tree.begin() + 2, tree.end()),
+              (Lines{"    Last", "      A", "      B[unread][closed]", "        [Dummy]"}));
+}
+
+TEST_P(EachMode, ANodeIsReadOnce) {
+    LoadEach(IsRdo() ? 1 : 2);
+    Open("Projects");
+    const Lines tree = Tree();
+    mail.log->Clear();
+    Shut("Projects");
+    Open("Projects");
+    EXPECT_EQ(Tree(), tree);
+    EXPECT_EQ(mail.log->Lines(), Lines{});
+}
+
+TEST_P(EachMode, AnExpansionIgnoresTheLevelLimit) {
+    LoadEach(IsRdo() ? 1 : 2);
+    Open("Projects");
+    EXPECT_EQ(Cell("Projects", colIncomplete), "");
+    EXPECT_EQ(Grid().RowOutlineLevel(Row("Alpha")), 3);
+}
+
+TEST_P(EachMode, AnExpansionShowsTheSelectionInItsNewRows) {
+    LoadEach(IsRdo() ? 1 : 2);
+    const auto collection = NewCollection();
+    AddItem(*collection, HostItem(GetParam() == eISAccess_Outlook ? "" : "B2", "0021"));
+    control->SetSelection(collection);
+    Open("Projects");
+    EXPECT_TRUE(IsTicked(Grid(), Row("Alpha")));
+}
+
+TEST_P(EachMode, CancellingAnExpansionCountsAsRead) {
+    FolderNamed("Projects").children.push_back(MailFolder("Beta", "0022"));
+    LoadEach(IsRdo() ? 1 : 2);
+    host.onYield = [&](int) {
+        if (!host.paths.empty() && host.paths.back().ends_with("Alpha")) control->CancelLoad();
+    };
+    Open("Projects");
+    EXPECT_EQ(Cell("Projects", colIncomplete), "");
+    EXPECT_EQ(Grid().FindRow("Beta", 0, colName), -1);
+    EXPECT_EQ(Grid().CellText(Row("Alpha"), colRowKind), "Folder");
+    ExpectIdle();
+}
+
+TEST_P(EachMode, CancelStopsTheWalkAtTheNextSiblingOfEachLevel) {
+    host.onYield = [&](int) {
+        if (!host.paths.empty() && host.paths.back().ends_with("Alpha")) control->CancelLoad();
+    };
+    LoadEach();
+    EXPECT_EQ(Grid().FindRow("Zoo", 0, colName), -1);
+    EXPECT_EQ(Grid().FindRow("People", 0, colName), -1);
+    EXPECT_NE(Grid().FindRow("Alpha", 0, colName), -1);
+    ExpectIdle();
+}
+
+TEST_P(EachMode, AFailingFolderCostsOnlyItself) {
+    FolderNamed("Projects").adjust = [](ScriptedObject& folder) {
+        folder.Fails("Name", Error(0x80040305, "Too many open."));
+    };
+    LoadEach();
+    EXPECT_EQ(Grid().FindRow("Alpha", 0, colName), -1);
+    EXPECT_NE(Grid().FindRow("Zoo", 0, colName), -1);
+    const char* opening = GetParam() == eISAccess_RDO_Objects ? "GetFolders_Folder_RDOObj"
+                          : GetParam() == eISAccess_Outlook   ? "GetFolders_Folder_OOM"
+                                                              : "GetFolders_Folder_CDO";
+    EXPECT_EQ(host.ErrorLines(),
+              Lines{std::string("Error in ctlFolderTree.") + opening + " (?): [0x80040305] Too many open."});
+}
+
+TEST_P(EachMode, AFolderWhoseChildrenFailKeepsItsRow) {
+    FolderNamed("Projects").adjust = [](ScriptedObject& folder) {
+        folder.Fails("Folders", Error(0x80004005, "Offline."));
+    };
+    LoadEach();
+    EXPECT_EQ(Grid().RowOutlineLevel(Row("Projects")), 2);
+    EXPECT_NE(Grid().FindRow("Zoo", 0, colName), -1);
+    EXPECT_EQ(host.ErrorLines().size(), 1u);
+}
+
+TEST_P(EachMode, NothingInTheMiddleOfACollectionIsPassedOver) {
+    FolderNamed("Inbox").adjust = [](ScriptedObject& folder) {
+        auto children = std::make_shared<ScriptedObject>("Folders");
+        children->Items({Value(nullptr), Value(nullptr)});
+        folder.ReadOnly("Folders", Value(children));
+    };
+    LoadEach();
+    EXPECT_NE(Grid().FindRow("People", 0, colName), -1);
+    EXPECT_EQ(host.ErrorLines().size(), 2u);
+    EXPECT_NE(host.ErrorLines()[0].find("[0x5B]"), std::string::npos);
+}
+
+TEST_P(EachMode, AnExpansionThatCannotOpenItsFolderCanBeRepeated) {
+    LoadEach(IsRdo() ? 1 : 2);
+    const Lines before = Tree();
+    Grid().SetCellText(Row("Projects"), colEntryID, "0099");
+    host.ClearTrace();
+    Open("Projects");
+    EXPECT_EQ(Cell("Projects", colIncomplete), "-1");
+    const char* opening = GetParam() == eISAccess_RDO_Objects ? "ExpandNode_RDOObj"
+                          : GetParam() == eISAccess_Outlook   ? "ExpandNode_OOM"
+                                                              : "ExpandNode_CDO";
+    EXPECT_EQ(host.Trace(), Lines{std::string("Error in ctlFolderTree.") + opening + "(?): 0x8004010F] Not found."});
+    ExpectIdle();
+    Grid().SetCellText(Row("Projects"), colEntryID, "0011");
+    Shut("Projects");
+    EXPECT_EQ(Tree(), before);
+    Open("Projects");
+    EXPECT_NE(Grid().FindRow("Alpha", 0, colName), -1);
+}
+
+TEST_P(EachMode, AnExpansionThatFailsLaterKeepsItsRows) {
+    ModeFolder& projects = FolderNamed("Projects");
+    projects.children.push_back(MailFolder("Beta", "0022"));
+    projects.children.back().adjust = [](ScriptedObject& folder) { folder.Fails("Name", Error(0x80004005, "Gone.")); };
+    LoadEach(IsRdo() ? 1 : 2);
+    Open("Projects");
+    EXPECT_EQ(Cell("Projects", colIncomplete), "");
+    EXPECT_EQ(Grid().CellText(Row("Projects") + 1, colName), "Alpha");
+    EXPECT_EQ(Grid().CellText(Row("Projects") + 2, colName), "Zoo") << "no empty row is left";
+    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    ExpectIdle();
+}
+
+TEST_P(EachMode, AFolderBelowItselfIsNotReadAgain) {
+    FolderNamed("Alpha").children.push_back(MailFolder("Projects again", "0011", {MailFolder("Deep", "0021")}));
+    LoadEach();
+    EXPECT_NE(Grid().FindRow("Projects again", 0, colName), -1);
+    EXPECT_EQ(Grid().FindRow("Deep", 0, colName), -1);
+}
+
+TEST_P(EachMode, ADeepHierarchyIsReadUpToTheDeepestLevel) {
+    const auto nameOf = [](int32_t level) { return "F" + std::to_string(level); };
+    constexpr int32_t depth = deepestWalkLevel + 100;
+    ModeFolder chain = MailFolder(nameOf(depth), nameOf(depth));
+    for (int32_t level = depth - 1; level > 0; --level)
+        chain = MailFolder(nameOf(level), nameOf(level), {std::move(chain)});
+    mail.stores = {{"Mailbox", "B2", true, {std::move(chain)}}};
+    LoadEach();
+    EXPECT_EQ(Cell(nameOf(deepestWalkLevel), colIncomplete), "-1");
+    EXPECT_EQ(Grid().RowCount(), 1 + 1 + deepestWalkLevel + 1) << "header, store, folders, placeholder";
+}
+
+TEST_P(EachMode, ClosingTheControlAtAnyYieldEndsTheLoad) {
+    LoadEach();
+    const int yields = host.yields;
+    for (int stop = 1; stop <= yields; stop += 3) {
+        StartAnew();
+        Prepare(GetParam());
+        host.yields = 0;
+        host.closed = false;
+        host.callsAfterClose = 0;
+        host.onYield = [&](int yield) {
+            if (yield < stop || host.closed) return;
+            control->Close();
+            host.closed = true;
+        };
+        control->RefreshList();
+        EXPECT_EQ(host.callsAfterClose, 0) << "yield " << stop;
+        host.onYield = nullptr;
+        host.closed = false;
+    }
+}
+
+TEST_P(EachMode, ARefreshFromInsideAYieldIsTurnedAway) {
+    host.onYield = [&](int) { control->RefreshList(); };
+    LoadEach();
+    host.onYield = nullptr;
+    EXPECT_EQ(host.TraceCount("GetFolders: Refreshing view"), 1u);
+    EXPECT_EQ(Grid().RowCount(), 11);
+}
+
+TEST_P(EachMode, AnyMemberMayBeCalledFromInsideAYield) {
+    LoadEach();
+    const Lines tree = Tree();
+    ObjectRef collection;
+    bool show = false;
+    const std::vector<std::function<void()>> members{
+        [&] { control->SelectAll(); },
+        [&] { collection = control->Selection(); },
+        [&] { control->SetShowAddressBook(show = !show); },  // empties the grid
+        [&] { control->SelectByType(FTIMailItem, false); },
+        [&] { control->CollapseToSelection(); },
+        [&] { control->KillCollection(collection); },
+        [&] { control->SetExtendToLevel(0); },
+        [&] { control->SelectNone(); },
+        [&] { control->GetMsgItem("B2", "0011"); },
+        [&] { control->SetMultiSelect(show); },
+        [&] { Open(Grid().RowCount() - 1); },
+    };
+    for (size_t first = 0; first < members.size(); ++first) {
+        host.onYield = [&](int yield) { members[(first + static_cast<size_t>(yield)) % members.size()](); };
+        control->RefreshList();
+        host.onYield = nullptr;
+        ExpectIdle();
+    }
+    control->SetSelection(nullptr);
+    control->SetMultiSelect(true);
+    control->SetShowAddressBook(false);
+    collection = nullptr;
+    control->RefreshList();
+    EXPECT_EQ(Tree(), tree);
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, EachMode, ::testing::Values(eISAccess_RDO_Objects, eISAccess_Outlook, eISAccess_CDO),
+                         ModeName);
+
+}  // namespace
+}  // namespace foldertree::testing

@@ -1,0 +1,59 @@
+// MessageLookupTest: the item of a folder whose identifiers the host holds.
+#include "modes/ModeTest.h"
+
+namespace foldertree::testing {
+namespace {
+
+class MessageLookup : public ModeTest {};
+
+TEST_F(MessageLookup, AFolderThatIsNotTickedIsFound) {
+    LoadMode(eISAccess_RDO_Objects);
+    const ItemRef item = control->GetMsgItem("b2", "0011");
+    ASSERT_NE(item, nullptr);
+    EXPECT_EQ(item->Name(), "Projects");
+    EXPECT_EQ(item->Path(), "Mailbox\\Inbox\\Projects");
+    EXPECT_FALSE(item->Selected());
+    EXPECT_EQ(item->Index(), 0);
+}
+
+TEST_F(MessageLookup, TheIndexIsTheNumberInTheRow) {
+    control->SetAllowIndexing(true);
+    LoadMode(eISAccess_RDO_Objects);
+    Tick("Zoo");
+    Tick("Projects");
+    EXPECT_EQ(control->GetMsgItem("B2", "0011")->Index(), 2);
+}
+
+TEST_F(MessageLookup, TwoCallsGiveTwoObjectsOfEqualContents) {
+    LoadMode(eISAccess_RDO_Objects);
+    const ItemRef first = control->GetMsgItem("B2", "0011");
+    const ItemRef second = control->GetMsgItem("B2", "0011");
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->Key(), second->Key());
+    EXPECT_EQ(first->Path(), second->Path());
+    EXPECT_EQ(first->ItemType(), second->ItemType());
+}
+
+TEST_F(MessageLookup, AFolderThatIsNotReadYetGivesNothing) {
+    LoadMode(eISAccess_RDO_Objects, 1);
+    EXPECT_EQ(control->GetMsgItem("B2", "0021"), nullptr);
+    Open("Projects");
+    EXPECT_NE(control->GetMsgItem("B2", "0021"), nullptr);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+}
+
+TEST_F(MessageLookup, FoldersOfTheMailClientAreNotFound) {
+    LoadMode(eISAccess_Outlook);
+    EXPECT_EQ(control->GetMsgItem("", "0011"), nullptr) << "their rows have keys without a store";
+    EXPECT_EQ(control->GetMsgItem("B2", "0011"), nullptr);
+}
+
+TEST_F(MessageLookup, NothingIsSelected) {
+    LoadMode(eISAccess_RDO_Objects);
+    control->GetMsgItem("B2", "0011");
+    EXPECT_EQ(SelectedKeys(), Lines{});
+    EXPECT_EQ(host.changed, 0);
+}
+
+}  // namespace
+}  // namespace foldertree::testing

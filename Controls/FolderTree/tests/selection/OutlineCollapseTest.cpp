@@ -1,0 +1,148 @@
+// OutlineCollapseTest: folding the tree to what matters.
+#include "modes/ModeTest.h"
+
+namespace foldertree::testing {
+namespace {
+
+class OutlineCollapse : public ModeTest {
+  protected:
+    OutlineCollapse() {
+        mail.stores = {
+            {"Mailbox",
+             "B2",
+             true,
+             {MailFolder("A", "0001",
+                         {MailFolder("A1", "0002", {MailFolder("A11", "0003"), MailFolder("A12", "0004")}),
+                          MailFolder("A2", "0005", {MailFolder("A21", "0006")})}),
+              MailFolder("B", "0007", {TypedFolder("B1", "0008", 3, "IPF.Task"), MailFolder("B2", "0009")})}},
+            {"Other", "C3", false, {MailFolder("C", "0010", {MailFolder("C1", "0011")}), MailFolder("End", "0012")}}};
+        LoadMode(eISAccess_RDO_Objects);
+    }
+    /// The names of the rows that are collapsed.
+    Lines Closed() {
+        Lines names;
+        for (int32_t row = 1; row < Grid().RowCount(); ++row)
+            if (Grid().NodeState(row) == nodeCollapsed) names.push_back(Grid().CellText(row, colName));
+        return names;
+    }
+    void TickOnly(std::string_view name) { Grid().SetCellText(Row(name), colSel, "-1"); }
+    /// The walk as it is told, word for word: without a class, without a shared loop.
+    void Literally(const std::function<bool(int32_t)>& test) {
+        for (int32_t row = 1; row < Grid().RowCount(); ++row) {
+            int32_t finish = 0;
+            bool folded = false;
+            if (Grid().RowOutlineLevel(row) == 0) LiteralRecurse(row, finish, folded, test);
+        }
+    }
+    void LiteralRecurse(int32_t start, int32_t& finish, bool& folded, const std::function<bool(int32_t)>& test) {
+        bool fold = true;
+        const int base = Grid().RowOutlineLevel(start);
+        int32_t cur = start + 1;
+        finish = cur;
+        while (cur < Grid().RowCount() - 1) {
+            if (test(cur)) fold = false;
+            finish = cur;
+            if (Grid().RowOutlineLevel(cur) <= base) break;
+            int32_t f = 0;
+            bool c = false;
+            LiteralRecurse(cur, f, c, test);
+            if (!c) fold = false;
+            cur = f == cur ? cur + 1 : f;
+            finish = cur;
+        }
+        Grid().SetNodeState(start, fold ? nodeCollapsed : nodeExpanded);
+        folded = fold;
+    }
+};
+
+TEST_F(OutlineCollapse, AStoreWithoutTickedFoldersEndsCollapsed) {
+    control->CollapseToSelection();
+    EXPECT_EQ(Grid().NodeState(Row("Mailbox")), nodeCollapsed);
+    EXPECT_EQ(Grid().NodeState(Row("Other")), nodeCollapsed);
+}
+
+TEST_F(OutlineCollapse, TheAncestorsOfATickedFolderAreExpandedAndAllOtherBranchesCollapsed) {
+    TickOnly("A12");
+    control->CollapseToSelection();
+    EXPECT_EQ(Grid().NodeState(Row("Mailbox")), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(Row("A")), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(Row("A1")), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(Row("A2")), nodeCollapsed);
+    EXPECT_EQ(Grid().NodeState(Row("B")), nodeCollapsed);
+    EXPECT_EQ(Grid().NodeState(Row("Other")), nodeCollapsed);
+}
+
+TEST_F(OutlineCollapse, ARowWithoutDeeperRowsStaysOpenOnlyWhenTheNextRowIsTicked) {
+    TickOnly("A12");
+    control->CollapseToSelection();
+    EXPECT_EQ(Grid().NodeState(Row("A11")), nodeExpanded) << "the row right after it is ticked";
+    EXPECT_EQ(Grid().NodeState(Row("A12")), nodeCollapsed) << "its own tick does not count";
+}
+
+TEST_F(OutlineCollapse, ATickedRowRightBehindABranchKeepsItOpen) {
+    TickOnly("B");
+    control->CollapseToSelection();
+    EXPECT_EQ(Grid().NodeState(Row("A")), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(Row("A2")), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(Row("A1")), nodeCollapsed);
+}
+
+TEST_F(OutlineCollapse, TheLastRowOfTheGridIsNeverLookedAt) {
+    TickOnly("End");
+    control->CollapseToSelection();
+    EXPECT_EQ(Grid().NodeState(Row("Other")), nodeCollapsed);
+}
+
+TEST_F(OutlineCollapse, CollapseToTypeLeavesOnlyTheBranchesOfThatTypeOpen) {
+    control->CollapseToType(FTITaskItem);
+    EXPECT_EQ(Grid().NodeState(Row("Mailbox")), nodeExpanded);
+    // The task folder is the first one in its branch, so the row before it is the branch itself.
+    EXPECT_EQ(Grid().NodeState(Row("B")), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(Row("A")), nodeCollapsed);
+    EXPECT_EQ(Grid().NodeState(Row("A1")), nodeCollapsed);
+    EXPECT_EQ(Grid().NodeState(Row("Other")), nodeCollapsed);
+}
+
+TEST_F(OutlineCollapse, TicksSelectionAndRowsStayAsTheyAre) {
+    Tick("A12");
+    const Lines keys = SelectedKeys();
+    const Lines names = NamesOf(Grid());
+    host.changed = 0;
+    control->CollapseToSelection();
+    control->CollapseToType(FTITaskItem);
+    EXPECT_EQ(SelectedKeys(), keys);
+    EXPECT_EQ(NamesOf(Grid()), names);
+    EXPECT_EQ(host.changed, 0);
+}
+
+TEST_F(OutlineCollapse, AnEmptyTreeIsNoError) {
+    Grid().SetRowCount(1);
+    control->CollapseToSelection();
+    control->CollapseToType(FTIMailItem);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+}
+
+TEST_F(OutlineCollapse, EverySingleTickGivesWhatTheLiteralWalkGives) {
+    for (int32_t ticked = 1; ticked < Grid().RowCount(); ++ticked) {
+        Grid().SetCellText(ticked, colSel, "-1");
+        control->CollapseToSelection();
+        const Lines closed = Closed();
+        Literally([&](int32_t row) { return Grid().CellValue(row, colSel) != 0; });
+        EXPECT_EQ(closed, Closed()) << Grid().CellText(ticked, colName);
+        Grid().SetCellText(ticked, colSel, "0");
+    }
+}
+
+TEST_F(OutlineCollapse, ALongListOfFoldersIsFoldedQuickly) {
+    Grid().SetRowCount(1);
+    constexpr int32_t rows = 100000;
+    Grid().SetRowCount(1 + rows);
+    for (int32_t row = 2; row <= rows; ++row) Grid().SetRowOutlineLevel(row, 1);
+    Grid().SetCellText(rows / 2, colSel, "-1");
+    control->CollapseToSelection();
+    EXPECT_EQ(Grid().NodeState(1), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(rows / 2), nodeCollapsed);
+}
+
+}  // namespace
+}  // namespace foldertree::testing
