@@ -170,8 +170,7 @@ void RdoTabReader::ReadChildren(ExpandedRows& rows) {
     HierarchyTable table(shell_, "");
     table.Open(folder);
     while (const Value* row = table.NextRow()) {
-        // As in the walk, a row that cannot be read does not cost its siblings.
-        if (!Guarded(shell_, errorLines::expandNode, [&] { ExpandRow(rows, table, *row); })) rows.ChildFailed();
+        ExpandRow(rows, table, *row);
         shell_.AdvanceProgress(-1, 1);
         if (shell_.state.cancel) break;
     }
@@ -196,7 +195,12 @@ void RdoTabReader::ExpandRow(ExpandedRows& rows, HierarchyTable& table, const Va
     const TreeGrid& grid = shell_.grid;
     const int16_t level = rows.ChildLevel();
     ChildFolder child;
-    if (!table.ReadChild(tableRow, level, child)) return;
+    bool shown = false;
+    const bool read =
+        Guarded(shell_, errorLines::expandNode, [&] { shown = table.ReadChild(tableRow, level, child); });
+    // As in the walk, a row that makes no sense does not cost its siblings.
+    if (!read) rows.ChildFailed();
+    if (!shown) return;
     if (child.folderType != fkGeneric) {
         shell_.Trace("      Skipping folder, type is not fkGeneric");
         return;

@@ -18,7 +18,7 @@ void OrderedInsertion::RemoveCompleteItems() {
     const auto walk = items.Walk();
     Value value;
     for (int32_t position = 1; walk->Next(value); ++position)
-        if (const SelItem item(value); item && !item.Incomplete()) complete.push_back(position);
+        if (!SelItem(value).Incomplete()) complete.push_back(position);
     // From the back, so that the positions still to be removed stay what they are.
     for (auto position = complete.rbegin(); position != complete.rend(); ++position) items.Remove(*position);
     ReadIndexes();
@@ -30,8 +30,7 @@ void OrderedInsertion::ReadIndexes() {
     const auto walk = Collection(selection_.collection).Walk();
     Value value;
     while (walk->Next(value)) {
-        const SelItem item(value);
-        const int32_t index = item ? item.Index() : 0;
+        const int32_t index = SelItem(value).Index();
         highestUpTo_.push_back(highestUpTo_.empty() ? index : std::max(index, highestUpTo_.back()));
     }
 }

@@ -16,8 +16,7 @@ class SelItem {
     SelItem() = default;
     explicit SelItem(automation::ObjectRef object);
     explicit SelItem(ItemRef item) : SelItem(automation::ObjectRef(std::move(item))) {}
-    /// Null for an entry that is no object: nothing of the control's, so it is passed over.
-    explicit SelItem(const automation::Value& value) : SelItem(value.IsObject() ? value.ToObject() : nullptr) {}
+    explicit SelItem(const automation::Value& value) : SelItem(value.RequireObject()) {}
 
     explicit operator bool() const { return object_ != nullptr; }
     const automation::ObjectRef& Ref() const { return object_; }

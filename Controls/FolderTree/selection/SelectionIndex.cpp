@@ -16,7 +16,6 @@ SelectionIndex::SelectionIndex(SelectionSet& selection) : selection_(selection) 
     Value value;
     while (walk->Next(value)) {
         SelItem item(value);
-        if (!item) continue;
         std::string key = FoldCase(item.Key());
         items_.emplace(std::move(key), std::move(item));
     }
@@ -50,7 +49,7 @@ void SelectionIndex::Flush() {
     const auto walk = items.Walk();
     Value value;
     for (int32_t position = 1; walk->Next(value); ++position)
-        if (const SelItem item(value); item && removed_.contains(FoldCase(item.Key()))) positions.push_back(position);
+        if (removed_.contains(FoldCase(SelItem(value).Key()))) positions.push_back(position);
     // From the back, so that the positions still to be removed stay what they are.
     for (auto position = positions.rbegin(); position != positions.rend(); ++position) items.Remove(*position);
     removed_.clear();

@@ -33,8 +33,7 @@ bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
         const auto walk = items.Walk();
         Value value;
         for (int32_t position = 1; walk->Next(value); ++position) {
-            const SelItem item(value);
-            if (!item || !automation::EqualNoCase(item.Key(), key)) continue;
+            if (!automation::EqualNoCase(SelItem(value).Key(), key)) continue;
             items.Remove(position);
             removed = true;
             return;
@@ -49,8 +48,7 @@ int32_t SelectionSet::GetHighIndex() {
         if (collection == nullptr) return;
         const auto walk = Collection(collection).Walk();
         Value value;
-        while (walk->Next(value))
-            if (const SelItem item(value); item) high = std::max(high, item.Index());
+        while (walk->Next(value)) high = std::max(high, SelItem(value).Index());
     });
     return high;
 }

@@ -30,7 +30,6 @@ void SelectionView::ApplyCollection(std::span<const FoundRow> found) {
     Value value;
     for (size_t position = 0; walk->Next(value); ++position) {
         const SelItem item(value);
-        if (!item) continue;
         const bool known = item.Own() != nullptr && position < found.size() && found[position].item == item.Own();
         const int32_t row = known ? found[position].row : FindRowOf(item);
         if (row <= 0) continue;  // not in the tree, or the header row matched
@@ -114,7 +113,7 @@ void SelectionView::ReIndex() {
         while (walk->Next(value)) {
             const SelItem item(value);
             found.push_back({nullptr, -1});
-            if (!item || !item.Selected()) continue;
+            if (!item.Selected()) continue;
             item.SetIndex(n);
             const int32_t row = shell_.grid.FindRow(item.Key());
             if (row != -1) {

@@ -85,8 +85,6 @@ void TickEditing::TickAlone(int32_t row) {
 }
 
 void TickEditing::AfterNumber(int32_t row) {
-    // A number that no item can hold ends here, before the row's item is touched.
-    automation::RoundToLong(shell_.grid.CellValue(row, colIndex));
     const ItemRef item = selection_.CreateSelItemFromRow(row);
     const std::string key = item->Key();
     selection_.RemoveSelItemByKey(key);
@@ -97,7 +95,7 @@ void TickEditing::AfterNumber(int32_t row) {
     Value value;
     // Only a higher number is passed, so a number equal to an existing one lands behind that item.
     for (int32_t position = 1; !before && walk->Next(value); ++position)
-        if (const SelItem other(value); other && other.Index() > item->Index()) before = position;
+        if (SelItem(value).Index() > item->Index()) before = position;
     items.Add(item, key, before);
 
     view_.ReIndex();
