@@ -83,6 +83,18 @@ TEST_F(Editing, ANewTickIsAppendedWithTheNextNumber) {
     EXPECT_TRUE(ItemsOf(control->Selection())[0]->Selected());
 }
 
+TEST_F(Editing, ATickBehindTheLargestNumberThereIsEndsInAnErrorLine) {
+    Load();
+    Tick("People");
+    ItemsOf(control->Selection())[0]->SetIndex(2147483647);
+    host.ClearTrace();
+    Tick("Zoo");
+    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.fgd_AfterEdit("), 1u);
+    EXPECT_EQ(host.TraceCount("0x6] "), 1u);
+    EXPECT_EQ(SelectedKeys().size(), 2u) << "both ticks stand";
+    ExpectIdle();
+}
+
 TEST_F(Editing, AKnownItemKeepsItsNumber) {
     Load();
     for (const char* name : {"People", "Zoo"}) Tick(name);
