@@ -1,8 +1,10 @@
+# In-process COM servers.
+#
 # foldertree_add_com_server(target FILE name.ext SOURCES ... LIBS ...)
 #
-# An in-process COM server: a DLL of the given file name that exports the five entry points of ComServer.def and
-# defines automation::DescribeServer in one of its sources. All COM
-# servers of a build are listed in com-servers.txt of its folder, for whoever registers them.
+# A DLL of the given file name that exports the five entry points of ComServer.def and defines
+# automation::DescribeServer in one of its sources. All COM servers of a build are listed in com-servers.txt of its
+# folder, for whoever registers them.
 
 set_property(GLOBAL PROPERTY foldertree_com_servers "")
 

@@ -1,3 +1,5 @@
+# Static libraries with the project's rules.
+#
 # foldertree_add_library(name INCLUDE dir SOURCES ... [LIBS ...] [PRIVATE_LIBS ...])
 #
 # A static library with the project's rules: its include root is dir and nothing else, warnings are errors. Without

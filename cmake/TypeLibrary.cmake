@@ -1,3 +1,5 @@
+# Type libraries from interface descriptions.
+#
 # foldertree_add_typelib(target X.idl)
 #
 # Compiles the interface description with widl. Sources of target, and of whatever links it, may include the interface

@@ -8,7 +8,7 @@
 const char* const usage =
     "usage: foldertree-dump [--mode N] [--level N] [--expand PATH]... [--select KEY]... [--trace] STORE...\n"
     "  STORE          a PST file, a directory with a Maildir++ tree, or \"sample\"\n"
-    "  --mode N       access mode: 0 MAPI tables\n"
+    "  --mode N       access mode: 0 MAPI tables, 1 RDO objects (default 0)\n"
     "  --level N      deepest level that is read at once; 0 reads all (default 1)\n"
     "  --expand PATH  then open the folder with this path (column colPath)\n"
     "  --select KEY   tick the row with this key (column colKey)\n"

@@ -21,7 +21,6 @@ class ControlOleObject final : public ComPart<IOleObject> {
     explicit ControlOleObject(ControlObject& object);
 
     /// In HIMETRIC units, as the container last set it.
-    SIZEL Extent() const { return extent_; }
 
     STDMETHOD(SetClientSite)(IOleClientSite* site) override;
     STDMETHOD(GetClientSite)(IOleClientSite** site) override;

@@ -81,7 +81,6 @@ class ControlWindow : public Window {
     bool SetPointer(HWND under);
 
     ControlParts parts_;
-    std::function<void(bool)> focusHandler_;
     std::function<void()> goneHandler_;
     FrameClock clock_;
     bool timerRuns_ = false;
