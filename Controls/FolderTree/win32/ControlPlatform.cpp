@@ -53,6 +53,8 @@ void ControlPlatform::SetBusyPointer(bool busy) {
 }
 
 void ControlPlatform::ShowWaitPanel(bool visible) {
+    // Hiding the panel moves the focus, and the container may let go of the control when it hears of that.
+    const ControlObject::Use use(object_);
     if (window_ != nullptr) window_->ShowWaitPanel(visible);
 }
 
