@@ -70,8 +70,8 @@ void LoadAllFolders(benchmark::State& state) {
     state.counters["lines/row"] = lines / rows;
 }
 
-/// Items for rows spread over the whole tree, as a host hands them back: identifiers only. Of each `absentEach` one does
-/// not exist; 0 for none.
+/// Items for rows spread over the whole tree, as a host hands them back: identifiers only. Of each `absentEach` one
+/// does not exist; 0 for none.
 std::shared_ptr<automation::KeyedCollection> SavedSelection(ctlFolderTree& control, int32_t count, int32_t absentEach) {
     const TreeGrid& grid = control.Grid();
     const auto items = std::make_shared<automation::KeyedCollection>();
@@ -108,8 +108,12 @@ void ToggleOneOfAThousand(benchmark::State& state, const char* name, bool tick) 
     UntickAll(control);
 }
 
-void TickOneOfAThousand(benchmark::State& state) { ToggleOneOfAThousand(state, "tick", true); }
-void UntickOneOfAThousand(benchmark::State& state) { ToggleOneOfAThousand(state, "untick", false); }
+void TickOneOfAThousand(benchmark::State& state) {
+    ToggleOneOfAThousand(state, "tick", true);
+}
+void UntickOneOfAThousand(benchmark::State& state) {
+    ToggleOneOfAThousand(state, "untick", false);
+}
 
 void ApplyTenThousandItems(benchmark::State& state) {
     ctlFolderTree& control = *Loaded(state.range(0)).control;
@@ -123,7 +127,11 @@ void RefreshTenThousandTicked(benchmark::State& state) {
     ctlFolderTree& control = *Loaded(state.range(0)).control;
     control.SetSelection(SavedSelection(control, 10'000, 0));
     Measure(
-        state, "refresh", [&] { control.SetSelection(control.Selection()); return 0; },
+        state, "refresh",
+        [&] {
+            control.SetSelection(control.Selection());
+            return 0;
+        },
         [&](int) { benchmark::DoNotOptimize(control.Selection()); });
     UntickAll(control);
 }
@@ -154,8 +162,18 @@ BENCHMARK(LoadAllFolders)->Arg(small)->Arg(large)->Iterations(3)->UseManualTime(
 BENCHMARK(TickOneOfAThousand)->Arg(small)->Arg(large)->Iterations(20)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(UntickOneOfAThousand)->Arg(small)->Arg(large)->Iterations(20)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(ApplyTenThousandItems)->Arg(small)->Arg(large)->Iterations(5)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(RefreshTenThousandTicked)->Arg(small)->Arg(large)->Iterations(5)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(ExpandTenThousandChildren)->Arg(small)->Arg(large)->Iterations(2)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(RefreshTenThousandTicked)
+    ->Arg(small)
+    ->Arg(large)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(ExpandTenThousandChildren)
+    ->Arg(small)
+    ->Arg(large)
+    ->Iterations(2)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace foldertree::bench

@@ -1,4 +1,5 @@
-// MemoryMailbox: an RDO-shaped session over folders that exist only as numbers, so that a benchmark measures the control.
+// MemoryMailbox: an RDO-shaped session over folders that exist only as numbers, so that a benchmark measures the
+// control.
 #include "MemoryMailbox.h"
 
 #include <algorithm>
@@ -59,7 +60,8 @@ Value Identifier(const Place& place, size_t size, uint8_t flags) {
     Bytes id;
     id.items.resize(size);
     id.items[0] = flags;
-    uint64_t noise = static_cast<uint64_t>(place.number) * 0x9E3779B97F4A7C15ull + static_cast<uint64_t>(place.deep + 2);
+    uint64_t noise =
+        static_cast<uint64_t>(place.number) * 0x9E3779B97F4A7C15ull + static_cast<uint64_t>(place.deep + 2);
     const int32_t numbers[] = {place.store, place.number, place.deep};
     size_t at = 4;
     for (const int32_t number : numbers)
@@ -109,8 +111,8 @@ class Table : public TabledObject<Table> {
         for (int32_t index = 0; index < RowCount(); ++index) {
             const Place child = mailbox_->Child(folder_, index);
             automation::Array cells;
-            cells.items = {int32_t{1}, mailbox_->ChildCount(child) > 0, "IPF.Note", Name(child),
-                           Identifier(child, longIdBytes, 0), Identifier(child, shortIdBytes, 0xEF)};
+            cells.items = {int32_t{1},  mailbox_->ChildCount(child) > 0,   "IPF.Note",
+                           Name(child), Identifier(child, longIdBytes, 0), Identifier(child, shortIdBytes, 0xEF)};
             rows.items.emplace_back(std::move(cells));
         }
         return rows;
@@ -126,10 +128,11 @@ class Folders : public TabledObject<Folders> {
 
     static std::span<const MemberEntry<Folders>> Members() {
         static constexpr MemberEntry<Folders> members[] = {
-            {"Count",
-             [](Folders& self, const Arguments&) -> Value { return self.mailbox_->ChildCount(self.folder_); }},
+            {"Count", [](Folders& self, const Arguments&) -> Value { return self.mailbox_->ChildCount(self.folder_); }},
             {"MAPITable",
-             [](Folders& self, const Arguments&) -> Value { return std::make_shared<Table>(self.mailbox_, self.folder_); }},
+             [](Folders& self, const Arguments&) -> Value {
+                 return std::make_shared<Table>(self.mailbox_, self.folder_);
+             }},
         };
         return members;
     }
@@ -146,7 +149,9 @@ class Folder : public TabledObject<Folder> {
     static std::span<const MemberEntry<Folder>> Members() {
         static constexpr MemberEntry<Folder> members[] = {
             {"Folders",
-             [](Folder& self, const Arguments&) -> Value { return std::make_shared<Folders>(self.mailbox_, self.place_); }},
+             [](Folder& self, const Arguments&) -> Value {
+                 return std::make_shared<Folders>(self.mailbox_, self.place_);
+             }},
             {"EntryID", [](Folder&, const Arguments&) -> Value { return "00"; }},
         };
         return members;
@@ -209,7 +214,8 @@ class Session : public TabledObject<Session> {
 
     static std::span<const MemberEntry<Session>> Members() {
         static constexpr MemberEntry<Session> members[] = {
-            {"Stores", [](Session& self, const Arguments&) -> Value { return std::make_shared<Stores>(self.mailbox_); }},
+            {"Stores",
+             [](Session& self, const Arguments&) -> Value { return std::make_shared<Stores>(self.mailbox_); }},
             {"GetFolderFromID",
              [](Session& self, const Arguments& arguments) -> Value {
                  return std::make_shared<Folder>(self.mailbox_, PlaceOf(*arguments[0].AsText()));
@@ -234,6 +240,8 @@ automation::ObjectRef MakeMemorySession(const MailboxShape& shape) {
     return std::make_shared<Session>(std::make_shared<const Mailbox>(Mailbox{shape}));
 }
 
-std::string_view DeepFolderPath() { return "Mailbox - User 5\\Folder 0\\Folder 1"; }
+std::string_view DeepFolderPath() {
+    return "Mailbox - User 5\\Folder 0\\Folder 1";
+}
 
 }  // namespace foldertree::bench

@@ -1,4 +1,5 @@
-// MemoryMailbox: an RDO-shaped session over folders that exist only as numbers, so that a benchmark measures the control.
+// MemoryMailbox: an RDO-shaped session over folders that exist only as numbers, so that a benchmark measures the
+// control.
 #pragma once
 
 #include <cstdint>

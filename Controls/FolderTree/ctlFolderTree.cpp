@@ -141,7 +141,9 @@ ctlFolderTree::ctlFolderTree(ControlHost& host, automation::ObjectFactory& facto
     });
 }
 
-ctlFolderTree::~ctlFolderTree() { Close(); }
+ctlFolderTree::~ctlFolderTree() {
+    Close();
+}
 
 void ctlFolderTree::UserControl_InitProperties() {
     if (impl_->closing) return;
@@ -194,7 +196,9 @@ void ctlFolderTree::Close() {
     impl_->shell.Detach();
 }
 
-bool ctlFolderTree::Closed() const { return impl_->shell.Closed(); }
+bool ctlFolderTree::Closed() const {
+    return impl_->shell.Closed();
+}
 
 void ctlFolderTree::SetApplication(ObjectRef application) {
     EnterVoid(*this, *impl_, [&] { impl_->state.application = std::move(application); });
@@ -209,9 +213,8 @@ ObjectRef ctlFolderTree::CDOSession() {
 }
 
 void ctlFolderTree::SetFont(ObjectRef font) {
-    EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::font, [&] { impl_->shell.grid.SetFont(std::move(font)); });
-    });
+    EnterVoid(*this, *impl_,
+              [&] { Guarded(impl_->shell, errorLines::font, [&] { impl_->shell.grid.SetFont(std::move(font)); }); });
 }
 
 ObjectRef ctlFolderTree::Font() {
@@ -247,8 +250,8 @@ void ctlFolderTree::SetSelectedItem(ItemRef item) {
                 return;
             }
             // Put together here and not taken from the item's Key: an item without a store is not found.
-            const std::string key = item->IsAddressList() ? "L" + item->AddressListID()
-                                                          : "S" + item->StoreID() + "|" + item->EntryID();
+            const std::string key =
+                item->IsAddressList() ? "L" + item->AddressListID() : "S" + item->StoreID() + "|" + item->EntryID();
             const int32_t row = impl_->shell.grid.FindRow(key);
             if (row == -1) return;
             selection.selectedRow = row;
@@ -464,15 +467,21 @@ void ctlFolderTree::SetHighlightTaskFolders(bool highlight) {
     });
 }
 
-TreeGrid& ctlFolderTree::Grid() { return impl_->shell.grid; }
+TreeGrid& ctlFolderTree::Grid() {
+    return impl_->shell.grid;
+}
 
 void ctlFolderTree::cmdCancel_Click() {
     EnterVoid(*this, *impl_, [&] { impl_->driver.cmdCancel_Click(); });
 }
 
-void ctlFolderTree::CancelLoad() { impl_->state.cancel = true; }
+void ctlFolderTree::CancelLoad() {
+    impl_->state.cancel = true;
+}
 
-bool ctlFolderTree::Refreshing() const { return impl_->state.refreshing; }
+bool ctlFolderTree::Refreshing() const {
+    return impl_->state.refreshing;
+}
 
 void ctlFolderTree::fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) {
     EnterVoid(*this, *impl_, [&] { impl_->editing.fgd_BeforeEdit(row, col, cancel); });

@@ -16,9 +16,9 @@
 
 namespace foldertree {
 
-/// The control. It works in full without a window. No public member throws: an error ends in one trace line and a neutral
-/// result. Any member may be called from inside ControlHost::Yield(); the control keeps itself alive while a member runs.
-/// One thread only.
+/// The control. It works in full without a window. No public member throws: an error ends in one trace line and a
+/// neutral result. Any member may be called from inside ControlHost::Yield(); the control keeps itself alive while a
+/// member runs. One thread only.
 class ctlFolderTree : public GridEvents, public std::enable_shared_from_this<ctlFolderTree> {
   public:
     /// A new control, after its UserControl_Initialize. `host` and `factory` are not owned; see Close().
@@ -33,7 +33,8 @@ class ctlFolderTree : public GridEvents, public std::enable_shared_from_this<ctl
     /// (UserControl_Terminate), and lets go of host and factory. A load that runs further up the stack ends at its next
     /// step and touches nothing. Further public calls do nothing.
     void Close();
-    /// Closes when the last owner outside the control itself has let go; call after each release of an outside reference.
+    /// Closes when the last owner outside the control itself has let go; call after each release of an outside
+    /// reference.
     bool Closed() const;
 
     // Public members, in interface order

@@ -17,6 +17,8 @@ constexpr automation::MemberEntry<NOXMAPIUtils> members[] = {
 
 }  // namespace
 
-std::span<const automation::MemberEntry<NOXMAPIUtils>> NOXMAPIUtils::Members() { return members; }
+std::span<const automation::MemberEntry<NOXMAPIUtils>> NOXMAPIUtils::Members() {
+    return members;
+}
 
 }  // namespace noxmapi

@@ -7,8 +7,7 @@
 
 automation::ComServer automation::DescribeServer(HMODULE module) {
     constexpr CLSID utilsClass = {0x79bbc2e4, 0x9cb4, 0x4ec3, {0xa2, 0xbd, 0xa4, 0xda, 0xbd, 0xd4, 0x9a, 0xc6}};
-    return {module,
-            false,
-            {{utilsClass, L"NOXMAPI.NOXMAPIUtils", L"MAPI property reader",
-              [] { return ToCom(std::make_shared<noxmapi::NOXMAPIUtils>()); }}}};
+    return {module, false, {{utilsClass, L"NOXMAPI.NOXMAPIUtils", L"MAPI property reader", [] {
+                                 return ToCom(std::make_shared<noxmapi::NOXMAPIUtils>());
+                             }}}};
 }

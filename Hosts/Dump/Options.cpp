@@ -13,8 +13,8 @@ const char* const usage =
     "  --expand PATH  then open the folder with this path (column colPath)\n"
     "  --select KEY   tick the row with this key (column colKey)\n"
     "  --trace        write the control's trace lines to standard error\n"
-    "Prints the column names, then a line a row: outline level, node state, bold, back colour of the name cell and the\n"
-    "14 cells, separated by tabs; tab, line feed and backslash in a cell are written \\t, \\n and \\\\.\n";
+    "Prints the column names, then a line a row: outline level, node state, bold, back colour of the name cell and\n"
+    "the 14 cells, separated by tabs; tab, line feed and backslash in a cell are written \\t, \\n and \\\\.\n";
 
 namespace {
 

@@ -58,10 +58,17 @@ void Expand(ctlFolderTree& control, const std::string& path) {
 std::string Escaped(const std::string& text) {
     std::string escaped;
     for (const char c : text) switch (c) {
-            case '\t': escaped += "\\t"; break;
-            case '\n': escaped += "\\n"; break;
-            case '\\': escaped += "\\\\"; break;
-            default: escaped += c;
+            case '\t':
+                escaped += "\\t";
+                break;
+            case '\n':
+                escaped += "\\n";
+                break;
+            case '\\':
+                escaped += "\\\\";
+                break;
+            default:
+                escaped += c;
         }
     return escaped;
 }

@@ -12,8 +12,8 @@
 
 namespace foldertree {
 
-/// One child folder as its table row tells it. A cell that is missing, or holds an error or something unusable, leaves the
-/// default; `typeNames` says what the first four cells held.
+/// One child folder as its table row tells it. A cell that is missing, or holds an error or something unusable, leaves
+/// the default; `typeNames` says what the first four cells held.
 struct ChildFolder {
     int32_t folderType = 1;
     bool hasChildren = false;
@@ -41,8 +41,8 @@ class HierarchyTable {
     /// about 32 kB) is asked again. Valid until the next call.
     const automation::Value* NextRow();
 
-    /// Takes a row's cells up to the name, classifies the folder and traces what was read. False, without a further line,
-    /// for a class that stands for no item type: such a folder is not shown.
+    /// Takes a row's cells up to the name, classifies the folder and traces what was read. False, without a further
+    /// line, for a class that stands for no item type: such a folder is not shown.
     bool ReadChild(const automation::Value& row, int32_t level, ChildFolder& child);
     /// Takes the two identifiers and traces them.
     void ReadIdentifiers(const automation::Value& row, ChildFolder& child);

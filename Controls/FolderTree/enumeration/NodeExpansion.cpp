@@ -32,7 +32,9 @@ void ExpandedRows::MarkChildUnread() {
     ++last_;
 }
 
-void ExpandedRows::MarkRead() { shell_.grid.SetCellText(node_, colIncomplete, ""); }
+void ExpandedRows::MarkRead() {
+    shell_.grid.SetCellText(node_, colIncomplete, "");
+}
 
 void ExpandedRows::ChildFailed() {
     failed_ = true;

@@ -44,8 +44,8 @@ class ExpandedRows {
     bool retry_ = false;
 };
 
-/// Runs one expansion: wait panel and flags, `read(rows)` under the procedure's error line, the selection is shown in the
-/// new rows, and `finish()` before the panel goes.
+/// Runs one expansion: wait panel and flags, `read(rows)` under the procedure's error line, the selection is shown in
+/// the new rows, and `finish()` before the panel goes.
 template <class Read, class Finish>
 void RunExpansion(ControlShell& shell, SelectionView& view, int32_t node, const ErrorLine& line, Read&& read,
                   Finish&& finish) {
@@ -63,7 +63,8 @@ void RunExpansion(ControlShell& shell, SelectionView& view, int32_t node, const 
         view.ApplySelection();
         rows.MarkRead();
     };
-    // One error line is enough: when the host has emptied the tree meanwhile, the node is not there to be marked either.
+    // One error line is enough: when the host has emptied the tree meanwhile, the node is not there to be marked
+    // either.
     if (ended)
         Guarded(shell, line, conclude);
     else

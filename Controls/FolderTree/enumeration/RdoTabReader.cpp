@@ -17,9 +17,13 @@ void RdoTabReader::ReadDefaultFolders(DefaultFolderIDs& ids) {
     foldertree::ReadDefaultFolders(shell_.state.rdoSession, ids);
 }
 
-ObjectRef RdoTabReader::Stores() { return Deref(shell_.state.rdoSession).Get("Stores").RequireObject(); }
+ObjectRef RdoTabReader::Stores() {
+    return Deref(shell_.state.rdoSession).Get("Stores").RequireObject();
+}
 
-bool RdoTabReader::IsDefaultStore(const ObjectRef& store) { return Deref(store).Get("Default").ToBoolean(); }
+bool RdoTabReader::IsDefaultStore(const ObjectRef& store) {
+    return Deref(store).Get("Default").ToBoolean();
+}
 
 bool RdoTabReader::GetFolders_Store_RDOTab(const ObjectRef& store) {
     bool complete = false;
@@ -27,8 +31,8 @@ bool RdoTabReader::GetFolders_Store_RDOTab(const ObjectRef& store) {
         shell_.AdvanceProgress(1, -1);
         const std::string storeName = Deref(store).Get("Name").ToText();
         const std::string provider = ProviderName(store);
-        const int32_t row = AppendStoreRow(shell_, rowKind::store,
-                                           provider.empty() ? storeName : storeName + " (" + provider + ")");
+        const int32_t row =
+            AppendStoreRow(shell_, rowKind::store, provider.empty() ? storeName : storeName + " (" + provider + ")");
         StoreWalk walk;
         walk.storeID = Deref(store).Get("EntryID").ToText();
         shell_.grid.SetCellText(row, colStoreID, walk.storeID);
@@ -161,9 +165,8 @@ void RdoTabReader::ReadChildren(ExpandedRows& rows) {
     shell_.Trace("  Getting folder reference");
     std::string entryID = grid.CellText(node, colEntryID);
     if (entryID.empty()) entryID = grid.CellText(node, colEntryIDShort);
-    const ObjectRef folder = Deref(shell_.state.rdoSession)
-                                 .Get("GetFolderFromID", entryID, grid.CellText(node, colStoreID))
-                                 .RequireObject();
+    const ObjectRef folder =
+        Deref(shell_.state.rdoSession).Get("GetFolderFromID", entryID, grid.CellText(node, colStoreID)).RequireObject();
     shell_.Trace("  Removing 'expand' indicator");
     rows.RemovePlaceholder();
     shell_.Trace("  Insertion row is ", node);
@@ -196,8 +199,7 @@ void RdoTabReader::ExpandRow(ExpandedRows& rows, HierarchyTable& table, const Va
     const int16_t level = rows.ChildLevel();
     ChildFolder child;
     bool shown = false;
-    const bool read =
-        Guarded(shell_, errorLines::expandNode, [&] { shown = table.ReadChild(tableRow, level, child); });
+    const bool read = Guarded(shell_, errorLines::expandNode, [&] { shown = table.ReadChild(tableRow, level, child); });
     // As in the walk, a row that makes no sense does not cost its siblings.
     if (!read) rows.ChildFailed();
     if (!shown) return;

@@ -24,9 +24,14 @@ inline constexpr int32_t PR_IPM_DRAFTS_ENTRYID = 0x36D70102;           // PT_BIN
 inline constexpr int32_t fkGeneric = 1;
 
 /// Folder numbers of a CDO session's GetDefaultFolder.
-enum CdoDefaultFolder : int32_t { CdoDefaultFolderSentItems = 3, CdoDefaultFolderDeletedItems = 4, CdoDefaultFolderNotes = 7 };
+enum CdoDefaultFolder : int32_t {
+    CdoDefaultFolderSentItems = 3,
+    CdoDefaultFolderDeletedItems = 4,
+    CdoDefaultFolderNotes = 7
+};
 
-/// Identifiers of named properties of appointments, tasks and contacts, as CDO's Fields expects them. Kept for reference.
+/// Identifiers of named properties of appointments, tasks and contacts, as CDO's Fields expects them. Kept for
+/// reference.
 inline constexpr std::array<std::string_view, 24> namedPropertyIDs{
     "0x8700", "0x8712", "0x8706", "0x8705", "0x853A", "0x804F", "0x8050", "0x8051",
     "0x8052", "0x8084", "0x8083", "0x8082", "0x8085", "0x8094", "0x8093", "0x8092",
@@ -34,9 +39,8 @@ inline constexpr std::array<std::string_view, 24> namedPropertyIDs{
 
 /// The property sets that they belong to, in CDO's byte order. Kept for reference.
 inline constexpr std::array<std::string_view, 7> propertySetGUIDs{
-    "{0220060000000000C000000000000046}", "{0320060000000000C000000000000046}",
-    "{0420060000000000C000000000000046}", "{0820060000000000C000000000000046}",
-    "{2903020000000000C000000000000046}", "{0E20060000000000C000000000000046}",
+    "{0220060000000000C000000000000046}", "{0320060000000000C000000000000046}", "{0420060000000000C000000000000046}",
+    "{0820060000000000C000000000000046}", "{2903020000000000C000000000000046}", "{0E20060000000000C000000000000046}",
     "{0A20060000000000C000000000000046}"};
 
 }  // namespace foldertree

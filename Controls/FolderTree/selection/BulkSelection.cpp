@@ -75,7 +75,8 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
         SelectionIndex index(selection_);
         ForEachPickRow([&](int32_t row) {
             const std::string key = shell_.grid.CellText(row, colKey);
-            const bool matches = shell_.grid.CellValue(row, colItemType) == static_cast<double>(eType) && MayBePicked(row);
+            const bool matches =
+                shell_.grid.CellValue(row, colItemType) == static_cast<double>(eType) && MayBePicked(row);
             if (!matches) {
                 if (bAdditional) return;
                 index.Remove(key);

@@ -10,11 +10,12 @@ namespace foldertree {
 /// Whether rows of that item type are to stand out by the flags now set.
 bool IsHighlighted(const ControlState& state, double itemType);
 
-/// A row just written: for each flag that is set, bold when the type matches, else grey. With two flags on, a matching row
-/// is both.
+/// A row just written: for each flag that is set, bold when the type matches, else grey. With two flags on, a matching
+/// row is both.
 void HighlightNewRow(ControlShell& shell, int32_t row, int32_t itemType);
 
-/// Re-applies the flags to all rows: only bold, never the fore colour, and whatever the tick; store rows keep their bold.
+/// Re-applies the flags to all rows: only bold, never the fore colour, and whatever the tick; store rows keep their
+/// bold.
 void PerformHighlighting(ControlShell& shell);
 
 }  // namespace foldertree

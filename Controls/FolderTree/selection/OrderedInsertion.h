@@ -8,8 +8,9 @@
 
 namespace foldertree {
 
-/// Lives for one pass over the grid without a yield. It remembers the largest Index up to each position of the collection,
-/// so that "before the first item whose Index is not less than n" is a binary search instead of a walk over the collection.
+/// Lives for one pass over the grid without a yield. It remembers the largest Index up to each position of the
+/// collection, so that "before the first item whose Index is not less than n" is a binary search instead of a walk over
+/// the collection.
 class OrderedInsertion {
   public:
     explicit OrderedInsertion(SelectionSet& selection) : selection_(selection) {}

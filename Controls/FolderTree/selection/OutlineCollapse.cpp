@@ -40,9 +40,9 @@ class CollapseWalk {
             grid.SetNodeState(start, branch.folded ? nodeCollapsed : nodeExpanded);
         });
         if (error) {
-            automation::Error placed(error->Number(), error->Text() + " CUR: " + std::to_string(cur) + ", Start: " +
-                                                          std::to_string(start) + ", Finish: " + std::to_string(cur) +
-                                                          ", Level: " + std::to_string(level));
+            automation::Error placed(
+                error->Number(), error->Text() + " CUR: " + std::to_string(cur) + ", Start: " + std::to_string(start) +
+                                     ", Finish: " + std::to_string(cur) + ", Level: " + std::to_string(level));
             placed.SetLine(error->Line());
             shell_.TraceError(line_, placed);
         }

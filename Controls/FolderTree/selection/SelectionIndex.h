@@ -29,7 +29,7 @@ class SelectionIndex {
   private:
     SelectionSet& selection_;
     std::unordered_map<std::string, SelItem> items_;  ///< by case-folded key
-    std::unordered_set<std::string> removed_;          ///< case-folded keys of items to take out
+    std::unordered_set<std::string> removed_;         ///< case-folded keys of items to take out
 };
 
 }  // namespace foldertree

@@ -91,8 +91,8 @@ void SelectionView::MarkSelection(int32_t row) {
         const int last = grid.ColCount() - 1;
         const bool ticked = grid.CellValue(row, colSel) != 0;
         grid.SetCellFormat(CellSetting::BackColor, row, colName, row, last, ticked ? colors::ticked : colors::window);
-        // Bold is set from the first column but taken back only from the name on: the tick and number cells of a row that
-        // was ticked once stay bold.
+        // Bold is set from the first column but taken back only from the name on: the tick and number cells of a row
+        // that was ticked once stay bold.
         if (ticked)
             grid.SetCellFormat(CellSetting::Bold, row, colSel, row, last, true);
         else if (!IsHighlighted(shell_.state, grid.CellValue(row, colItemType)))

@@ -21,8 +21,8 @@ class SelectionView {
     void RefreshSelection();
     /// Paints one row according to its tick.
     void MarkSelection(int32_t row);
-    /// Numbers the ticked items 1, 2, … in collection order, writes the numbers into the grid, then applies the selection.
-    /// Does nothing at all without a collection, so that single-select can untick.
+    /// Numbers the ticked items 1, 2, … in collection order, writes the numbers into the grid, then applies the
+    /// selection. Does nothing at all without a collection, so that single-select can untick.
     void ReIndex();
 
   private:

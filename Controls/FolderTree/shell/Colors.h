@@ -8,11 +8,11 @@ namespace foldertree {
 using OleColor = uint32_t;
 
 namespace colors {
-inline constexpr OleColor ticked = 0x0000FFFF;            // yellow: a ticked row
-inline constexpr OleColor window = 0x80000005;            // the ordinary back colour
-inline constexpr OleColor buttonFace = 0x8000000F;        // a cell that may not be edited; a disabled control
-inline constexpr OleColor buttonShadow = 0x80000010;      // grey text
-inline constexpr OleColor buttonText = 0x80000012;        // the ordinary text colour
+inline constexpr OleColor ticked = 0x0000FFFF;        // yellow: a ticked row
+inline constexpr OleColor window = 0x80000005;        // the ordinary back colour
+inline constexpr OleColor buttonFace = 0x8000000F;    // a cell that may not be edited; a disabled control
+inline constexpr OleColor buttonShadow = 0x80000010;  // grey text
+inline constexpr OleColor buttonText = 0x80000012;    // the ordinary text colour
 }  // namespace colors
 
 }  // namespace foldertree

@@ -8,14 +8,14 @@
 namespace foldertree {
 
 /// Implemented once per platform: the Windows control, the console program, the tests. All calls come on the control's
-/// one thread. The host outlives the control or calls ctlFolderTree::Close() first; after Close() it is not called again.
-/// No method throws, except that CreateFont and AmbientFont may throw automation::Error.
+/// one thread. The host outlives the control or calls ctlFolderTree::Close() first; after Close() it is not called
+/// again. No method throws, except that CreateFont and AmbientFont may throw automation::Error.
 class ControlHost {
   public:
     virtual ~ControlHost() = default;
 
-    /// Lets the message loop handle what is waiting. Anything may happen inside: a press of Cancel, a call of any member
-    /// of the control, even Close().
+    /// Lets the message loop handle what is waiting. Anything may happen inside: a press of Cancel, a call of any
+    /// member of the control, even Close().
     virtual void Yield() = 0;
 
     virtual void SetBusyPointer(bool busy) = 0;

@@ -23,7 +23,9 @@ ControlShell::ControlShell(ControlHost& host, automation::ObjectFactory& factory
     grid.AddObserver(this);
 }
 
-ControlShell::~ControlShell() { grid.RemoveObserver(this); }
+ControlShell::~ControlShell() {
+    grid.RemoveObserver(this);
+}
 
 void ControlShell::Detach() {
     closed_ = true;

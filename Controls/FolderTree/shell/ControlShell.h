@@ -42,8 +42,8 @@ class ControlShell : private TreeGridObserver {
 
     /// Lets the message loop run once. Throws ControlClosed when the control is closed afterwards.
     void Yield();
-    /// Raise `Changed`, or tell the container of a changed property. Both throw ControlClosed like Yield: the host may do
-    /// anything in its handler.
+    /// Raise `Changed`, or tell the container of a changed property. Both throw ControlClosed like Yield: the host may
+    /// do anything in its handler.
     void RaiseChanged();
     void PropertyChanged(std::string_view name);
     /// For the other places from which the host can have been called.
@@ -85,8 +85,8 @@ class ControlShell : private TreeGridObserver {
 };
 
 /// The frame around a load or an expansion: clears the cancel flag, sets the refreshing and grid-busy flags, shows the
-/// wait panel with an empty path and the busy pointer; when it dies, takes all that back as it was. Ready() completes the
-/// start with the yield that lets the panel be drawn.
+/// wait panel with an empty path and the busy pointer; when it dies, takes all that back as it was. Ready() completes
+/// the start with the yield that lets the panel be drawn.
 class LoadScope {
   public:
     explicit LoadScope(ControlShell& shell);

@@ -52,8 +52,8 @@ struct ControlState {
     bool Indexing() const { return multiSelect && allowIndexing; }
 };
 
-/// Sets a flag for as long as it lives and then puts back the value that it found, so that a nested user of the flag does
-/// not unlock the outer one.
+/// Sets a flag for as long as it lives and then puts back the value that it found, so that a nested user of the flag
+/// does not unlock the outer one.
 class FlagSet {
   public:
     explicit FlagSet(bool& flag) : flag_(flag), found_(flag) { flag_ = true; }

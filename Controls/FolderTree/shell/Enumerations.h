@@ -5,8 +5,8 @@
 
 namespace foldertree {
 
-/// Kind of folder. The first eight values repeat the item types of the mail client's object model; the rest mark special
-/// default folders.
+/// Kind of folder. The first eight values repeat the item types of the mail client's object model; the rest mark
+/// special default folders.
 enum enuFTIItemType : int32_t {
     FTIUnknown = -1,
     FTIAppointmentItem = 1,

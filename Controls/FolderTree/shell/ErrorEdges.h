@@ -11,8 +11,8 @@
 
 namespace foldertree {
 
-/// Thrown at a yield after which the control is closed: whatever runs unwinds and touches nothing more. It is no error and
-/// passes through Guarded and Attempt up to the public member that the host called.
+/// Thrown at a yield after which the control is closed: whatever runs unwinds and touches nothing more. It is no error
+/// and passes through Guarded and Attempt up to the public member that the host called.
 struct ControlClosed {};
 
 /// Runs the body. Returns the error that ended it, or nothing.
@@ -30,8 +30,8 @@ std::optional<automation::Error> Attempt(Body&& body) {
     }
 }
 
-/// Runs the body of one of the control's procedures. An error writes the procedure's one trace line through `tracer` (its
-/// TraceError) and ends here. Returns whether the body ran to its end; what it stored until then stays.
+/// Runs the body of one of the control's procedures. An error writes the procedure's one trace line through `tracer`
+/// (its TraceError) and ends here. Returns whether the body ran to its end; what it stored until then stays.
 template <class Tracer, class Body>
 bool Guarded(Tracer& tracer, const ErrorLine& line, Body&& body) {
     const std::optional<automation::Error> error = Attempt(std::forward<Body>(body));

@@ -6,20 +6,20 @@
 namespace foldertree {
 
 enum GridColumn : int {
-    colSel = 0,            // selection check box
-    colIndex = 1,          // position in the selection order
-    colName = 2,           // display name, with the row's picture
-    colReserved = 3,       // written by nobody
-    colRowKind = 4,        // one of the row kinds below
-    colIncomplete = 5,     // "-1" on a folder row whose sub-folders were not read yet
-    colItemType = 6,       // enuFTIItemType as a number
-    colStoreID = 7,        // store entry identifier (hex)
-    colEntryID = 8,        // folder entry identifier, long form (hex)
-    colEntryIDShort = 9,   // folder entry identifier, short form (hex)
-    colFolderRecID = 10,   // host record number
-    colAddressListID = 11, // non-empty marks an address-list row
-    colPath = 12,          // folder path
-    colKey = 13,           // "S" & store & "|" & entry, or "L" & address list
+    colSel = 0,             // selection check box
+    colIndex = 1,           // position in the selection order
+    colName = 2,            // display name, with the row's picture
+    colReserved = 3,        // written by nobody
+    colRowKind = 4,         // one of the row kinds below
+    colIncomplete = 5,      // "-1" on a folder row whose sub-folders were not read yet
+    colItemType = 6,        // enuFTIItemType as a number
+    colStoreID = 7,         // store entry identifier (hex)
+    colEntryID = 8,         // folder entry identifier, long form (hex)
+    colEntryIDShort = 9,    // folder entry identifier, short form (hex)
+    colFolderRecID = 10,    // host record number
+    colAddressListID = 11,  // non-empty marks an address-list row
+    colPath = 12,           // folder path
+    colKey = 13,            // "S" & store & "|" & entry, or "L" & address list
     gridColumnCount = 14,
 };
 

@@ -23,27 +23,43 @@ enuFTIItemType DefaultFolderType(const DefaultFolderIDs& ids, std::string_view s
 
 Picture PictureOfType(enuFTIItemType eType) {
     switch (eType) {
-        case FTIMailItem: return picItemType[3].picture;
-        case FTIAppointmentItem: return picItemType[0].picture;
-        case FTIContactItem: return picItemType[1].picture;
-        case FTITaskItem: return picItemType[5].picture;
-        case FTIjournalItem: return picItemType[2].picture;
-        case FTINoteItem: return picItemType[4].picture;
+        case FTIMailItem:
+            return picItemType[3].picture;
+        case FTIAppointmentItem:
+            return picItemType[0].picture;
+        case FTIContactItem:
+            return picItemType[1].picture;
+        case FTITaskItem:
+            return picItemType[5].picture;
+        case FTIjournalItem:
+            return picItemType[2].picture;
+        case FTINoteItem:
+            return picItemType[4].picture;
         case FTIPostItem:
-        case FTIDistributionList: return picFolderClosed;
-        case FTITrashcan: return picItemType[6].picture;
-        case FTIInbox: return picItemType[7].picture;
-        case FTIOutbox: return picItemType[8].picture;
-        case FTISent: return picItemType[9].picture;
-        case FTIDraft: return picItemType[11].picture;
-        case FTIHome: return picItemType[10].picture;
-        default: return Picture::None;
+        case FTIDistributionList:
+            return picFolderClosed;
+        case FTITrashcan:
+            return picItemType[6].picture;
+        case FTIInbox:
+            return picItemType[7].picture;
+        case FTIOutbox:
+            return picItemType[8].picture;
+        case FTISent:
+            return picItemType[9].picture;
+        case FTIDraft:
+            return picItemType[11].picture;
+        case FTIHome:
+            return picItemType[10].picture;
+        default:
+            return Picture::None;
     }
 }
 
 }  // namespace
 
-void ShowIndexColumn(ControlShell& shell) { shell.grid.SetColHidden(colIndex, !shell.state.Indexing()); }
+void ShowIndexColumn(ControlShell& shell) {
+    shell.grid.SetColHidden(colIndex, !shell.state.Indexing());
+}
 
 void SetupGrid(ControlShell& shell) {
     Guarded(shell, errorLines::setupGrid, [&] {

@@ -6,8 +6,8 @@
 
 namespace foldertree {
 
-/// Reads every setting straight into the state, so that no setter's side effect runs, and the font into the grid. A value
-/// that cannot be read or converted becomes its default, with one error line; the rest is read all the same.
+/// Reads every setting straight into the state, so that no setter's side effect runs, and the font into the grid. A
+/// value that cannot be read or converted becomes its default, with one error line; the rest is read all the same.
 void ReadPersistedProperties(ControlShell& shell, PropertyBag& bag);
 
 /// Writes every setting that differs from its default.

@@ -40,7 +40,9 @@ constexpr automation::MemberEntry<Item> members[] = {
 
 }  // namespace
 
-std::span<const automation::MemberEntry<Item>> clsFolderTreeItem::Members() { return members; }
+std::span<const automation::MemberEntry<Item>> clsFolderTreeItem::Members() {
+    return members;
+}
 
 std::string clsFolderTreeItem::Key() const {
     if (isAddressList_) return "L" + addressListID_;

@@ -18,7 +18,8 @@ automation::Value GetFieldValue(const automation::ObjectRef& source, int32_t pro
 }
 
 std::string BytesToHex(const automation::Bytes& bytes) {
-    // The same digits as HexPadded of width 2, without a text for each byte: identifiers are read by the hundred thousand.
+    // The same digits as HexPadded of width 2, without a text for each byte: identifiers are read by the hundred
+    // thousand.
     static constexpr char digits[] = "0123456789ABCDEF";
     std::string hex(bytes.items.size() * 2, '0');
     size_t at = 0;
@@ -29,7 +30,9 @@ std::string BytesToHex(const automation::Bytes& bytes) {
     return hex;
 }
 
-std::string HexPadded(size_t width, uint32_t value) { return PadLeft(Hex(value), width, "0"); }
+std::string HexPadded(size_t width, uint32_t value) {
+    return PadLeft(Hex(value), width, "0");
+}
 
 std::string PadLeft(std::string_view text, size_t width, std::string_view pad) {
     const size_t count = automation::CharacterCount(text);
