@@ -1,0 +1,46 @@
+// LoadedControl: the whole control over the memory mailbox, on a platform that only counts.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "MemoryMailbox.h"
+#include "ctlFolderTree.h"
+#include "shell/QuietHost.h"
+
+namespace foldertree::bench {
+
+/// A platform without a screen that counts what the control does.
+class CountingHost : public QuietHost, public automation::ObjectFactory {
+  public:
+    void Yield() override { ++yields; }
+    void TraceLine(std::string_view line) override {
+        ++lines;
+        bytes += line.size();
+    }
+    automation::ObjectRef Create(std::string_view) override {
+        throw automation::VbError(automation::errors::cannotCreate);
+    }
+
+    int64_t yields = 0;
+    int64_t lines = 0;
+    size_t bytes = 0;
+};
+
+struct LoadedControl {
+    /// Reads the tree down to the level; 0 reads everything.
+    LoadedControl(const MailboxShape& shape, int32_t level);
+    ~LoadedControl() { control->Close(); }
+
+    CountingHost host;
+    std::shared_ptr<ctlFolderTree> control;
+};
+
+/// A control that is loaded once and used by several benchmarks, which put back what they change.
+LoadedControl& Loaded(int64_t folders);
+
+constexpr int64_t small = 100'000;
+constexpr int64_t large = 1'000'000;
+
+}  // namespace foldertree::bench
