@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "automation/Text.h"
-
 namespace automation {
 
 namespace {
@@ -73,9 +71,9 @@ void KeyedCollection::Add(Value item, const Value& key, const Value& before, con
 
     auto entry = std::make_unique<Entry>();
     entry->item = std::move(item);
-    if (const std::string* text = key.AsText()) entry->foldedKey = FoldCase(*text);
-    const bool keyed = !entry->foldedKey.empty();
-    if (keyed && !byKey_.emplace(entry->foldedKey, entry.get()).second) throw VbError(errors::duplicateKey);
+    if (const std::string* text = key.AsText()) entry->key = *text;
+    const bool keyed = !entry->key.empty();
+    if (keyed && !byKey_.emplace(entry->key, entry.get()).second) throw VbError(errors::duplicateKey);
     entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(place), std::move(entry));
 }
 
@@ -84,11 +82,11 @@ void KeyedCollection::Remove(const Value& index) {
     // The item may be the last reference to an object whose end calls back into this collection: take it out first.
     const std::unique_ptr<Entry> removed = std::move(*entry);
     entries_.erase(entry);
-    if (!removed->foldedKey.empty()) byKey_.erase(removed->foldedKey);
+    if (!removed->key.empty()) byKey_.erase(removed->key);
 }
 
 const KeyedCollection::Entry& KeyedCollection::FindKey(std::string_view key) const {
-    const auto found = byKey_.find(FoldCase(key));
+    const auto found = byKey_.find(key);
     if (found == byKey_.end()) throw VbError(errors::invalidCall);
     return *found->second;
 }

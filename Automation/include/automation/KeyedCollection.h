@@ -10,6 +10,7 @@
 
 #include "automation/Object.h"
 #include "automation/TabledObject.h"
+#include "automation/TextHash.h"
 
 namespace automation {
 
@@ -32,13 +33,14 @@ class KeyedCollection : public TabledObject<KeyedCollection> {
   private:
     struct Entry {
         Value item;
-        std::string foldedKey;  ///< empty when the entry has no key
+        std::string key;  ///< empty when the entry has no key
     };
     const Entry& FindKey(std::string_view key) const;
     size_t Position(const Value& index) const;  ///< 0-based
 
     std::deque<std::unique_ptr<Entry>> entries_;
-    std::unordered_map<std::string_view, Entry*> byKey_;  ///< its keys are the entries' own texts
+    std::unordered_map<std::string_view, Entry*, CaselessHash, CaselessEqual>
+        byKey_;  ///< its keys are the entries' own texts
 };
 
 }  // namespace automation

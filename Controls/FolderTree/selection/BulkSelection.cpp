@@ -91,9 +91,9 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
             }
         });
         index.Flush();
-        if (changed) view_.ReIndex();
+        const SelectionView::FoundRows found = changed ? view_.ReIndex() : SelectionView::FoundRows();
         if (!bAdditional) UntickRowsWithoutItem(index);
-        view_.ApplySelection();
+        view_.ApplySelection(found);
         selection_.dirty = true;
     });
 }

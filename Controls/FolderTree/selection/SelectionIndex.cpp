@@ -2,57 +2,82 @@
 #include "selection/SelectionIndex.h"
 
 #include "automation/Collection.h"
-#include "automation/Text.h"
+#include "automation/TextHash.h"
 
 namespace foldertree {
 
+using automation::CaselessHash;
 using automation::Collection;
-using automation::FoldCase;
 using automation::Value;
+
+bool SelectionIndex::Entry::HasKey(std::string_view key) const {
+    return item.Own() != nullptr ? item.Own()->HasKey(key) : automation::EqualNoCase(strangersKey, key);
+}
 
 SelectionIndex::SelectionIndex(SelectionSet& selection) : selection_(selection) {
     if (selection_.collection == nullptr) return;
     const auto walk = Collection(selection_.collection).Walk();
     Value value;
     while (walk->Next(value)) {
-        SelItem item(value);
-        std::string key = FoldCase(item.Key());
-        items_.emplace(std::move(key), std::move(item));
+        const SelItem item(value);
+        std::string key = item.Key();
+        const size_t hash = CaselessHash()(key);
+        Enter(item, std::move(key), hash);
     }
 }
 
+void SelectionIndex::Enter(const SelItem& item, std::string key, size_t hash) {
+    places_.Add(hash);
+    entries_.push_back({item, item.Own() != nullptr ? std::string() : std::move(key)});
+}
+
+const SelectionIndex::Entry* SelectionIndex::Entered(std::string_view key) const {
+    const Entry* entered = nullptr;
+    places_.Any(CaselessHash()(key), [&](uint32_t place) {
+        const Entry& entry = entries_[place];
+        if (entry.state == Entry::inCollection && entry.HasKey(key)) entered = &entry;
+        return entered != nullptr;
+    });
+    return entered;
+}
+
+bool SelectionIndex::IsLeaving(size_t hash) const {
+    return places_.Any(hash, [&](uint32_t place) { return entries_[place].state == Entry::leaving; });
+}
+
 SelItem SelectionIndex::Find(std::string_view key) const {
-    const auto found = items_.find(FoldCase(key));
-    return found == items_.end() ? SelItem() : found->second;
+    const Entry* entry = Entered(key);
+    return entry != nullptr ? entry->item : SelItem();
 }
 
 bool SelectionIndex::Remove(std::string_view key) {
-    std::string folded = FoldCase(key);
-    if (items_.erase(folded) == 0) return false;
-    removed_.insert(std::move(folded));
+    const Entry* entry = Entered(key);
+    if (entry == nullptr) return false;
+    entries_[static_cast<size_t>(entry - entries_.data())].state = Entry::leaving;
     return true;
 }
 
 void SelectionIndex::Add(const SelItem& item) {
-    const std::string key = item.Key();
-    std::string folded = FoldCase(key);
+    std::string key = item.Key();
+    const size_t hash = CaselessHash()(key);
     // The same key again after its removal: the old item must be gone before the new one can take its key.
-    if (removed_.contains(folded)) Flush();
+    if (IsLeaving(hash)) Flush();
     Collection(selection_.EnsureCollection()).Add(item.Ref(), key);
-    items_.emplace(std::move(folded), item);
+    Enter(item, std::move(key), hash);
 }
 
 void SelectionIndex::Flush() {
-    if (removed_.empty()) return;
-    const Collection items(selection_.collection);
     std::vector<int32_t> positions;
-    const auto walk = items.Walk();
-    Value value;
-    for (int32_t position = 1; walk->Next(value); ++position)
-        if (removed_.contains(FoldCase(SelItem(value).Key()))) positions.push_back(position);
+    int32_t position = 0;
+    for (Entry& entry : entries_) {
+        if (entry.state != Entry::gone) ++position;
+        if (entry.state != Entry::leaving) continue;
+        positions.push_back(position);
+        entry.state = Entry::gone;
+    }
     // From the back, so that the positions still to be removed stay what they are.
-    for (auto position = positions.rbegin(); position != positions.rend(); ++position) items.Remove(*position);
-    removed_.clear();
+    for (auto each = positions.rbegin(); each != positions.rend(); ++each)
+        Collection(selection_.collection).Remove(*each);
 }
 
 }  // namespace foldertree

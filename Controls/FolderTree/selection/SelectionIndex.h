@@ -1,13 +1,13 @@
 // SelectionIndex: finds the items of a selection collection by key for the length of one bulk operation.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
+#include "selection/HashPlaces.h"
 #include "selection/SelectionSet.h"
 
 namespace foldertree {
@@ -18,7 +18,7 @@ class SelectionIndex {
   public:
     explicit SelectionIndex(SelectionSet& selection);
 
-    /// The item under that key; a null one when there is none.
+    /// The first item with that key; a null one when there is none.
     SelItem Find(std::string_view key) const;
     bool Remove(std::string_view key);
     /// Adds at the end, under the item's own key.
@@ -27,9 +27,23 @@ class SelectionIndex {
     void Flush();
 
   private:
+    struct Entry {
+        SelItem item;
+        std::string
+            strangersKey;  ///< a stranger's key is an outside call, and asked for once; ours are made when needed
+        enum { inCollection, leaving, gone } state = inCollection;
+
+        bool HasKey(std::string_view key) const;
+    };
+
+    void Enter(const SelItem& item, std::string key, size_t hash);
+    /// The first item with that key that was not removed; null when there is none.
+    const Entry* Entered(std::string_view key) const;
+    bool IsLeaving(size_t hash) const;
+
     SelectionSet& selection_;
-    std::unordered_map<std::string, SelItem> items_;  ///< by case-folded key
-    std::unordered_set<std::string> removed_;         ///< case-folded keys of items to take out
+    std::vector<Entry> entries_;  ///< in the order of the collection, those that are gone between
+    HashPlaces places_;           ///< of the entries, by their keys
 };
 
 }  // namespace foldertree

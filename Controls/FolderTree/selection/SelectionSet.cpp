@@ -58,6 +58,12 @@ int32_t SelectionSet::NextIndex(int32_t high) {
     return high + 1;
 }
 
+const SharedText& SelectionSet::SharedStoreID(std::string_view storeID) {
+    if (lastStoreID_ == nullptr || *lastStoreID_ != storeID)
+        lastStoreID_ = std::make_shared<const std::string>(storeID);
+    return lastStoreID_;
+}
+
 ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
     const ItemRef item = std::make_shared<clsFolderTreeItem>();
     Guarded(shell_, errorLines::createSelItemFromRow, [&] {
@@ -65,7 +71,7 @@ ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
         const auto number = [&](int col) { return automation::RoundToLong(grid.CellValue(row, col)); };
         item->SetName(grid.CellText(row, colName));
         item->SetIndex(number(colIndex));
-        item->SetStoreID(grid.CellText(row, colStoreID));
+        item->SetStoreID(SharedStoreID(grid.CellView(row, colStoreID)));
         item->SetEntryID(grid.CellText(row, colEntryID));
         item->SetEntryIDShort(grid.CellText(row, colEntryIDShort));
         item->SetAddressListID(grid.CellText(row, colAddressListID));

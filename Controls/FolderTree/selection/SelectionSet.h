@@ -37,7 +37,11 @@ class SelectionSet {
     void KillCollection(automation::ObjectRef& oColl);
 
   private:
+    /// One text for all items that are made one after the other from rows of one store.
+    const SharedText& SharedStoreID(std::string_view storeID);
+
     ControlShell& shell_;
+    SharedText lastStoreID_;
 };
 
 }  // namespace foldertree

@@ -1,8 +1,6 @@
 // SelectionView: shows the selection in the tree, and reads it back from there.
 #include "selection/SelectionView.h"
 
-#include <vector>
-
 #include "automation/Collection.h"
 #include "automation/KeyedCollection.h"
 #include "automation/Text.h"
@@ -14,7 +12,7 @@ namespace foldertree {
 using automation::Collection;
 using automation::Value;
 
-void SelectionView::ApplySelection(std::span<const FoundRow> found) {
+void SelectionView::ApplySelection(const FoundRows& found) {
     Guarded(shell_, errorLines::applySelection, [&] {
         const FlagSet busy(shell_.state.gridBusy);
         if (!shell_.state.multiSelect)
@@ -25,7 +23,7 @@ void SelectionView::ApplySelection(std::span<const FoundRow> found) {
     });
 }
 
-void SelectionView::ApplyCollection(std::span<const FoundRow> found) {
+void SelectionView::ApplyCollection(const FoundRows& found) {
     const auto walk = Collection(selection_.collection).Walk();
     Value value;
     for (size_t position = 0; walk->Next(value); ++position) {
@@ -103,11 +101,11 @@ void SelectionView::MarkSelection(int32_t row) {
     });
 }
 
-void SelectionView::ReIndex() {
+SelectionView::FoundRows SelectionView::ReIndex() {
+    FoundRows found;
     Guarded(shell_, errorLines::reIndex, [&] {
         if (selection_.collection == nullptr) return;
         const auto walk = Collection(selection_.collection).Walk();
-        std::vector<FoundRow> found;
         int32_t n = 1;
         Value value;
         while (walk->Next(value)) {
@@ -124,8 +122,10 @@ void SelectionView::ReIndex() {
         }
         // A host's own collection runs host code when it is walked, and the rows may be others afterwards.
         const bool ours = dynamic_cast<automation::KeyedCollection*>(selection_.collection.get()) != nullptr;
-        ApplySelection(ours ? std::span<const FoundRow>(found) : std::span<const FoundRow>());
+        if (!ours) found.clear();
+        ApplySelection(found);
     });
+    return found;
 }
 
 void SelectionView::RefreshSelection() {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
+#include <vector>
 
 #include "selection/SelectionSet.h"
 #include "shell/ControlShell.h"
@@ -13,27 +13,29 @@ class SelectionView {
   public:
     SelectionView(ControlShell& shell, SelectionSet& selection) : shell_(shell), selection_(selection) {}
 
+    /// The row that an item was found in a moment ago; saves looking for each item again when all are renumbered.
+    struct FoundRow {
+        const clsFolderTreeItem* item;
+        int32_t row;
+    };
+    using FoundRows = std::vector<FoundRow>;  ///< in the order of the collection; may be shorter
+
     /// Ticks, numbers and paints the rows of the selection and completes host-made items from them. Items without a row
-    /// stay as they are; rows that are ticked without an item stay ticked.
-    void ApplySelection() { ApplySelection({}); }
+    /// stay as they are; rows that are ticked without an item stay ticked. `found` must be of now: rows that moved
+    /// since would be taken for others.
+    void ApplySelection(const FoundRows& found = {});
     /// Rebuilds the collection from the grid, ordered by the rows' numbers. Host-made items that the tree never matched
     /// stay.
     void RefreshSelection();
     /// Paints one row according to its tick.
     void MarkSelection(int32_t row);
     /// Numbers the ticked items 1, 2, … in collection order, writes the numbers into the grid, then applies the
-    /// selection. Does nothing at all without a collection, so that single-select can untick.
-    void ReIndex();
+    /// selection. Does nothing at all without a collection, so that single-select can untick. Returns where it found
+    /// the items; nothing when a host's own collection was walked, whose code may have changed the rows since.
+    FoundRows ReIndex();
 
   private:
-    /// The row that an item was found in a moment ago; saves the second look-up of each item when a tick renumbers all.
-    struct FoundRow {
-        const clsFolderTreeItem* item;
-        int32_t row;
-    };
-
-    void ApplySelection(std::span<const FoundRow> found);
-    void ApplyCollection(std::span<const FoundRow> found);
+    void ApplyCollection(const FoundRows& found);
     void ApplySingleItem();
     int32_t FindRowOf(const SelItem& item);
     void CompleteFromRow(clsFolderTreeItem& item, int32_t row);

@@ -5,6 +5,8 @@
 
 #include "automation/Error.h"
 #include "automation/Text.h"
+#include "automation/TextHash.h"
+#include "shell/KeyHash.h"
 
 namespace foldertree {
 
@@ -122,6 +124,7 @@ bool RowStore::SetText(RowId row, int col, std::string_view text) {
 
 bool RowStore::SetPooled(RowRecord& record, int col, std::string_view text) {
     TextPool::Id& cell = record.pooled[PlaceOf(col)];
+    if (pool_[cell] == text) return false;
     TextPool::Id& last = lastPooled_[PlaceOf(col)];
     // Most columns hold the same text row after row; one comparison then finds it, however long a store's identifier
     // is.
@@ -130,7 +133,6 @@ bool RowStore::SetPooled(RowRecord& record, int col, std::string_view text) {
         pool_.Release(last);
         last = found;
     }
-    if (cell == last) return false;
     KeepKey(record, col);
     pool_.Release(cell);
     pool_.AddReference(last);
@@ -212,7 +214,7 @@ uint32_t RowStore::HashOfKey(const RowRecord& record) const {
     if ((record.flags & keyIsDerived) != 0) {
         const std::optional<uint64_t> store = StoreOf(record).KeyPartHash();
         const std::string_view entry = EntryOf(record);
-        if (store && IsAscii(entry)) return Shorten(JoinKeyHash(*store, HashText(entry)));
+        if (store && automation::IsAscii(entry)) return Shorten(JoinKeyHash(*store, automation::HashText(entry)));
         return Shorten(HashKey(KeyOf(record)));
     }
     return Shorten(HashKey(ownTexts_.View(record.own[PlaceOf(colKey)])));

@@ -2,6 +2,7 @@
 #include "shell/TextPool.h"
 
 #include "automation/Text.h"
+#include "shell/KeyHash.h"
 
 namespace foldertree {
 
@@ -13,7 +14,7 @@ double NumberOfText(std::string_view text) {
 
 std::optional<uint64_t> PooledText::KeyPartHash() const {
     if (keyPart_ == unknown) {
-        keyPart_ = IsAscii(text_) && text_.find('|') == text_.npos ? usable : unusable;
+        keyPart_ = automation::IsAscii(text_) && text_.find('|') == text_.npos ? usable : unusable;
         if (keyPart_ == usable) keyPartHash_ = HashKeyStart("S" + text_);
     }
     if (keyPart_ == unusable) return std::nullopt;

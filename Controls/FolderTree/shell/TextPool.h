@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "automation/TextHash.h"
 #include "shell/InternTable.h"
-#include "shell/TextHash.h"
 
 namespace foldertree {
 
@@ -19,7 +19,7 @@ class PooledText {
   public:
     PooledText() = default;
     explicit PooledText(std::string_view text) : text_(text), number_(NumberOfText(text)) {}
-    static uint64_t Hash(std::string_view text) { return HashText(text); }
+    static uint64_t Hash(std::string_view text) { return automation::HashText(text); }
     bool operator==(std::string_view text) const { return text_ == text; }
 
     const std::string& Text() const { return text_; }

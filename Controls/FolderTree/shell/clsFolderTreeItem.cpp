@@ -1,8 +1,6 @@
 // clsFolderTreeItem: the record of one thing that the user can pick: a folder of a message store, or an address list.
 #include "shell/clsFolderTreeItem.h"
 
-#include <string_view>
-
 #include "automation/Text.h"
 
 namespace foldertree {
@@ -40,25 +38,36 @@ constexpr automation::MemberEntry<Item> members[] = {
 
 }  // namespace
 
+const SharedText clsFolderTreeItem::emptyText = std::make_shared<const std::string>();
+
 std::span<const automation::MemberEntry<Item>> clsFolderTreeItem::Members() {
     return members;
 }
 
 std::string clsFolderTreeItem::Key() const {
     if (isAddressList_) return "L" + addressListID_;
-    if (storeID_.empty()) return entryID_;
-    return FolderKey(storeID_, "", entryID_);
+    if (StoreID().empty()) return entryID_;
+    return FolderKey(StoreID(), "", entryID_);
+}
+
+bool clsFolderTreeItem::HasKey(std::string_view key) const {
+    const std::string& store = StoreID();
+    // Most keys are spelled the same, and need not be put together to tell.
+    const bool same = !isAddressList_ && !store.empty() && key.size() == store.size() + entryID_.size() + 2 &&
+                      key.front() == 'S' && key.substr(1, store.size()) == store && key[store.size() + 1] == '|' &&
+                      key.ends_with(entryID_);
+    return same || automation::EqualNoCase(Key(), key);
 }
 
 std::string clsFolderTreeItem::KeyShortEntryID() const {
     if (isAddressList_) return "L" + addressListID_;
-    return FolderKey(storeID_, "", entryIDShort_);
+    return FolderKey(StoreID(), "", entryIDShort_);
 }
 
 std::string clsFolderTreeItem::KeyAlternate() const {
     if (isAddressList_) return "L" + addressListID_;
     const std::string_view rest = std::string_view(entryID_).substr(automation::OffsetOfCharacter(entryID_, 2));
-    return FolderKey(storeID_, entryID_.starts_with("EF") ? "00" : "EF", rest);
+    return FolderKey(StoreID(), entryID_.starts_with("EF") ? "00" : "EF", rest);
 }
 
 void clsFolderTreeItem::SetEntryIDShort(std::string) {}

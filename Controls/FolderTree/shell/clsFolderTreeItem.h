@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "automation/TabledObject.h"
 #include "shell/Enumerations.h"
@@ -12,6 +13,7 @@ namespace foldertree {
 
 class clsFolderTreeItem;
 using ItemRef = std::shared_ptr<clsFolderTreeItem>;
+using SharedText = std::shared_ptr<const std::string>;
 
 /// To hosts (through automation) every member but Index is read-only; the setters are for the component's own code.
 /// Identifiers are upper-case hexadecimal text. Texts are UTF-8.
@@ -22,7 +24,7 @@ class clsFolderTreeItem : public automation::TabledObject<clsFolderTreeItem> {
     bool Incomplete() const { return incomplete_; }
     bool IsAddressList() const { return isAddressList_; }
     bool Selected() const { return selected_; }
-    const std::string& StoreID() const { return storeID_; }
+    const std::string& StoreID() const { return *storeID_; }
     const std::string& EntryID() const { return entryID_; }
     const std::string& AddressListID() const { return addressListID_; }
     const std::string& EntryIDShort() const { return entryIDShort_; }
@@ -34,6 +36,8 @@ class clsFolderTreeItem : public automation::TabledObject<clsFolderTreeItem> {
 
     // The computed keys; worked out from the fields on every call.
     std::string Key() const;
+    /// Whether the key is that one, without regard to case.
+    bool HasKey(std::string_view key) const;
     std::string KeyShortEntryID() const;
     /// The key under the other form of the entry identifier: the leading flags byte "EF" becomes "00", any other "EF".
     std::string KeyAlternate() const;
@@ -43,7 +47,9 @@ class clsFolderTreeItem : public automation::TabledObject<clsFolderTreeItem> {
     void SetIncomplete(bool incomplete) { incomplete_ = incomplete; }
     void SetIsAddressList(bool isAddressList) { isAddressList_ = isAddressList; }
     void SetSelected(bool selected) { selected_ = selected; }
-    void SetStoreID(std::string storeID) { storeID_ = std::move(storeID); }
+    void SetStoreID(std::string storeID) { SetStoreID(std::make_shared<const std::string>(std::move(storeID))); }
+    /// For many items of one store, whose identifier is by far their longest text. Not null.
+    void SetStoreID(SharedText storeID) { storeID_ = std::move(storeID); }
     void SetEntryID(std::string entryID) { entryID_ = std::move(entryID); }
     void SetAddressListID(std::string addressListID) { addressListID_ = std::move(addressListID); }
     /// Keeps the field's own value whatever is passed: an item has no short identifier, and the lookups by short key
@@ -55,7 +61,9 @@ class clsFolderTreeItem : public automation::TabledObject<clsFolderTreeItem> {
     void SetFolderRecID(int32_t folderRecID) { folderRecID_ = folderRecID; }
 
   private:
-    std::string storeID_;
+    static const SharedText emptyText;
+
+    SharedText storeID_ = emptyText;
     std::string entryID_;
     std::string entryIDShort_;
     std::string addressListID_;

@@ -160,5 +160,25 @@ TEST(FolderItem, TheEnumerationsHaveTheNumbersThatHostsStore) {
     EXPECT_EQ(eISAccess_CDO, 3);
 }
 
+TEST(FolderItem, KnowsItsKeyInAnyLetterCase) {
+    clsFolderTreeItem item;
+    item.SetStoreID("0A");
+    item.SetEntryID("EF01");
+    EXPECT_TRUE(item.HasKey("S0A|EF01"));
+    EXPECT_TRUE(item.HasKey("s0a|ef01"));
+    for (const char* other : {"", "S0A|EF02", "S0AXEF01", "X0A|EF01", "S0A|EF0", "S0A|EF011", "S0B|EF01"})
+        EXPECT_FALSE(item.HasKey(other)) << other;
+}
+
+TEST(FolderItem, AnAddressListDoesNotHaveTheKeyOfAFolder) {
+    clsFolderTreeItem item;
+    item.SetStoreID("0A");
+    item.SetEntryID("EF01");
+    item.SetAddressListID("77");
+    item.SetIsAddressList(true);
+    EXPECT_TRUE(item.HasKey("l77"));
+    EXPECT_FALSE(item.HasKey("S0A|EF01"));
+}
+
 }  // namespace
 }  // namespace foldertree

@@ -3,8 +3,8 @@
 
 #include "automation/Error.h"
 #include "automation/Text.h"
+#include "shell/KeyHash.h"
 #include "shell/TextArena.h"
-#include "shell/TextHash.h"
 #include "shell/TextPool.h"
 
 namespace foldertree {
@@ -93,7 +93,7 @@ TEST(NumberOfText, ReadsTrueInAnyCaseAsMinusOne) {
     EXPECT_EQ(NumberOfText("Truely"), 0);
 }
 
-TEST(TextHash, DoesNotSeeTheCaseOfAKey) {
+TEST(KeyHash, DoesNotSeeTheCaseOfAKey) {
     const std::string pairs[][2] = {
         {"", ""},
         {"S12|AB", "s12|ab"},
@@ -107,46 +107,10 @@ TEST(TextHash, DoesNotSeeTheCaseOfAKey) {
     }
 }
 
-TEST(TextHash, IsTheSameForAKeyInTwoParts) {
+TEST(KeyHash, IsTheSameForAKeyInTwoParts) {
     for (const size_t length : {0, 1, 7, 8, 31, 32, 33, 127, 128, 129, 528}) {
         const std::string store = "S" + std::string(length, 'a');
-        EXPECT_EQ(HashKey(store + "|0123456789"), JoinKeyHash(HashKeyStart(store), HashText("0123456789")));
-    }
-}
-
-TEST(TextHash, SeesEveryByteOfAShortOrLongText) {
-    for (const size_t length : {1, 3, 7, 8, 9, 15, 31, 32, 33, 63, 64, 100}) {
-        const std::string text(length, 'a');
-        for (size_t at = 0; at < length; ++at) {
-            std::string other = text;
-            other[at] = 'b';
-            EXPECT_NE(HashText(text), HashText(other)) << "byte " << at << " of " << length;
-        }
-    }
-}
-
-TEST(TextHash, SpreadsIdentifiersThatDifferInAFewDigits) {
-    std::vector<bool> seen(1 << 20);
-    int collisions = 0;
-    for (int each = 0; each < 100'000; ++each) {
-        const std::string text = std::string(80, '0') + std::to_string(1'000'000 + each);
-        const size_t place = HashText(text) % seen.size();
-        if (seen[place]) ++collisions;
-        seen[place] = true;
-    }
-    // Even spread: about 100,000 squared over twice 1,048,576.
-    EXPECT_LT(collisions, 5500);
-}
-
-TEST(TextHash, KnowsAsciiAtEveryPlace) {
-    for (size_t length = 0; length < 70; ++length) {
-        std::string text(length, 'z');
-        EXPECT_TRUE(IsAscii(text));
-        for (size_t at = 0; at < length; ++at) {
-            text[at] = '\x80';
-            EXPECT_FALSE(IsAscii(text));
-            text[at] = 'z';
-        }
+        EXPECT_EQ(HashKey(store + "|0123456789"), JoinKeyHash(HashKeyStart(store), automation::HashText("0123456789")));
     }
 }
 

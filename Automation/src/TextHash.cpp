@@ -1,12 +1,12 @@
 // TextHash: word-wise hashing, four words at a time.
-#include "shell/TextHash.h"
+#include "automation/TextHash.h"
 
 #include <bit>
 #include <cstring>
 
 #include "automation/Text.h"
 
-namespace foldertree {
+namespace automation {
 
 namespace {
 
@@ -24,29 +24,17 @@ uint64_t Step(uint64_t state, uint64_t word) {
     return std::rotl(state ^ (word & ~caseBits), 29) * multiplier;
 }
 
-/// Brings what the high bits know down into the low ones, which tables use.
-uint64_t Finish(uint64_t state) {
-    state = (state ^ (state >> 32)) * multiplier;
-    return state ^ (state >> 32);
-}
-
 uint64_t HashShort(std::string_view text) {
     uint64_t word = 0;
     if (!text.empty()) std::memcpy(&word, text.data(), text.size());
-    return Finish(Step(multiplier ^ (text.size() << 8), word));
-}
-
-uint64_t HashParts(std::string_view key) {
-    const size_t bar = key.find('|');
-    if (bar == key.npos) return HashText(key);
-    return JoinKeyHash(HashKeyStart(key.substr(0, bar)), HashText(key.substr(bar + 1)));
+    return MixHash(Step(multiplier ^ (text.size() << 8), word));
 }
 
 }  // namespace
 
-uint64_t HashKeyStart(std::string_view start) {
-    constexpr size_t enough = 128;
-    return HashText(start.size() > enough ? start.substr(start.size() - enough) : start);
+uint64_t MixHash(uint64_t state) {
+    state = (state ^ (state >> 32)) * multiplier;
+    return state ^ (state >> 32);
 }
 
 bool IsAscii(std::string_view text) {
@@ -73,19 +61,14 @@ uint64_t HashText(std::string_view text) {
             c = Step(c, Load(at + 16));
             d = Step(d, Load(at + 24));
         }
-        a = Finish(a ^ std::rotl(b, 16) ^ std::rotl(c, 32) ^ std::rotl(d, 48));
+        a = MixHash(a ^ std::rotl(b, 16) ^ std::rotl(c, 32) ^ std::rotl(d, 48));
     }
     for (; end - at >= 8; at += 8) a = Step(a, Load(at));
-    return Finish(Step(a, Load(end - 8)));  // the rest, together with bytes that were seen already
+    return MixHash(Step(a, Load(end - 8)));  // the rest, together with bytes that were seen already
 }
 
-uint64_t JoinKeyHash(uint64_t start, uint64_t rest) {
-    return Finish(std::rotl(start, 29) ^ rest);
+size_t CaselessHash::operator()(std::string_view text) const {
+    return static_cast<size_t>(IsAscii(text) ? HashText(text) : HashText(FoldCase(text)));
 }
 
-uint64_t HashKey(std::string_view key) {
-    if (IsAscii(key)) return HashParts(key);
-    return HashParts(automation::FoldCase(key));
-}
-
-}  // namespace foldertree
+}  // namespace automation

@@ -1,15 +1,10 @@
-// TextHash: hashes of texts for the grid's tables.
+// KeyHash: the hash of a row key, whole or from its two parts.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
 namespace foldertree {
-
-bool IsAscii(std::string_view text);
-
-/// A hash of the bytes that does not see the case of ASCII letters.
-uint64_t HashText(std::string_view text);
 
 /// The hash of a row key: equal for keys that are equal without regard to case, in all scripts.
 uint64_t HashKey(std::string_view key);
