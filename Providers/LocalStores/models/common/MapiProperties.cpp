@@ -1,5 +1,5 @@
 // MapiProperties: which member answers which tag.
-#include "models/rdo/MapiProperties.h"
+#include "models/common/MapiProperties.h"
 
 #include <string>
 
