@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <mutex>
+#include <thread>
 
 #include "localstores/OpenFailure.h"
 #include "model/FilePath.h"
@@ -19,6 +21,28 @@ bool SamePlace(const std::string& a, const std::string& b) {
     std::error_code ignored;
     return a == b || std::filesystem::equivalent(PathOf(a), PathOf(b), ignored);
 }
+
+/// A session is not shared between threads, since neither its objects nor its stores are.
+class SessionInUse {
+  public:
+    std::shared_ptr<Session> Get() const {
+        const std::lock_guard lock(mutex_);
+        return thread_ == std::this_thread::get_id() ? session_.lock() : nullptr;
+    }
+    void Offer(const std::shared_ptr<Session>& session) {
+        const std::lock_guard lock(mutex_);
+        if (!session_.expired()) return;
+        session_ = session;
+        thread_ = std::this_thread::get_id();
+    }
+
+  private:
+    mutable std::mutex mutex_;
+    std::weak_ptr<Session> session_;
+    std::thread::id thread_;
+};
+
+SessionInUse sessionInUse;
 
 void AppendWithChildren(std::vector<AddressListRef>& lists, const AddressListRef& list) {
     lists.push_back(list);
@@ -39,6 +63,13 @@ std::vector<AddressListRef> ChildrenOf(const AddressListRef& list) {
     return children;
 }
 
+std::shared_ptr<Session> Session::InUse() {
+    if (auto session = sessionInUse.Get()) return session;
+    auto session = std::make_shared<Session>();
+    session->Open("sample");
+    return session;
+}
+
 std::shared_ptr<Store> Session::Open(std::string_view path) {
     const StoreList opened = OpenStores(path);
     for (const auto& store : opened) {
@@ -50,6 +81,7 @@ std::shared_ptr<Store> Session::Open(std::string_view path) {
     const auto formerDefault = DefaultStore();
     stores_.insert(stores_.end(), opened.begin(), opened.end());
     SetDefault(formerDefault ? *formerDefault : *first);
+    sessionInUse.Offer(shared_from_this());
     return first;
 }
 

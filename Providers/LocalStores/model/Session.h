@@ -19,9 +19,13 @@ struct FolderInStore {
 using AddressListRef = std::shared_ptr<const AddressList>;
 std::vector<AddressListRef> ChildrenOf(const AddressListRef& list);
 
-/// One of the stores is the default one as soon as there is one.
-class Session {
+/// One of the stores is the default one as soon as there is one. Owned by shared pointers, used on one thread.
+class Session : public std::enable_shared_from_this<Session> {
   public:
+    /// What a program gets that asks for the mail that is there and names no path: the session in use on this thread,
+    /// which is the first one alive that opened a path; without one, a new session with the sample mailbox.
+    static std::shared_ptr<Session> InUse();
+
     /// Adds the stores of the path and returns the default one of them, or the first. What is open
     /// already is not added again. Throws automation::Error, also when another path holds a store of the same
     /// identifier.
