@@ -64,7 +64,11 @@ std::vector<AddressListRef> ChildrenOf(const AddressListRef& list) {
 }
 
 std::shared_ptr<Session> Session::InUse() {
-    if (auto session = sessionInUse.Get()) return session;
+    auto session = sessionInUse.Get();
+    return session ? session : OfSample();
+}
+
+std::shared_ptr<Session> Session::OfSample() {
     auto session = std::make_shared<Session>();
     session->Open("sample");
     return session;

@@ -25,6 +25,7 @@ class Session : public std::enable_shared_from_this<Session> {
     /// What a program gets that asks for the mail that is there and names no path: the session in use on this thread,
     /// which is the first one alive that opened a path; without one, a new session with the sample mailbox.
     static std::shared_ptr<Session> InUse();
+    static std::shared_ptr<Session> OfSample();
 
     /// Adds the stores of the path and returns the default one of them, or the first. What is open
     /// already is not added again. Throws automation::Error, also when another path holds a store of the same

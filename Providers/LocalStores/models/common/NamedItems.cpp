@@ -33,18 +33,20 @@ class ItemEnumerator : public automation::Enumerator {
 }  // namespace
 
 Value NamedItems::Item(const automation::Arguments& arguments) {
-    return ItemAt(PositionOf(Required(arguments, 0)));
+    const Value& index = Required(arguments, 0);
+    if (const auto position = Find(index)) return ItemAt(*position);
+    throw index.IsText() ? NotFound() : InvalidIndex();
 }
 
-size_t NamedItems::PositionOf(const Value& index) const {
+std::optional<size_t> NamedItems::Find(const Value& index) const {
     const size_t size = Size();
     if (const std::string* name = index.AsText()) {
         for (size_t position = 0; position < size; ++position)
             if (automation::EqualNoCase(NameAt(position), *name)) return position;
-        throw NotFound();
+        return std::nullopt;
     }
     const int32_t position = index.ToLong();
-    if (position < 1 || static_cast<size_t>(position) > size) throw InvalidIndex();
+    if (position < 1 || static_cast<size_t>(position) > size) return std::nullopt;
     return static_cast<size_t>(position) - 1;
 }
 

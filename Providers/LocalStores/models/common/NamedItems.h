@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "automation/TabledObject.h"
@@ -17,7 +18,8 @@ class NamedItems {
     virtual ~NamedItems() = default;
 
     virtual int32_t Count() const { return static_cast<int32_t>(Size()); }
-    /// By 1-based position or by name without regard to case. Throws what `PositionOf` throws.
+    /// By 1-based position or by name without regard to case. Throws DISP_E_BADINDEX beyond the ends and
+    /// MAPI_E_NOT_FOUND for a name that no item has.
     virtual automation::Value Item(const automation::Arguments& arguments);
     /// These move a cursor of the collection; Nothing beyond the ends.
     automation::Value GetFirst() { return MoveTo(1); }
@@ -30,8 +32,8 @@ class NamedItems {
     virtual automation::Value ItemAt(size_t position) const = 0;
 
   protected:
-    /// Throws DISP_E_BADINDEX beyond the ends and MAPI_E_NOT_FOUND for a name that no item has.
-    size_t PositionOf(const automation::Value& index) const;
+    /// The 0-based position; nothing when the index fits no item.
+    std::optional<size_t> Find(const automation::Value& index) const;
     /// The items in order, those that came or went meanwhile included; `self`, this collection, is kept alive.
     std::unique_ptr<automation::Enumerator> Walk(automation::ObjectRef self) const;
 
