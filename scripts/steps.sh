@@ -31,5 +31,6 @@ prepare_wine() {
     local servers
     mapfile -t servers <"$buildRoot/win64/com-servers.txt"
     wine_register "${servers[@]}"
+    wine_register_mapi_session "$buildRoot/win64/bin/LocalStores.dll"
     steps_done
 }

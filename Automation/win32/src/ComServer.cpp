@@ -3,6 +3,9 @@
 
 #include <unknwn.h>
 
+#include <algorithm>
+#include <string_view>
+
 #include "Registration.h"
 #include "automation_win32/ComBase.h"
 #include "automation_win32/ComError.h"
@@ -34,6 +37,17 @@ class ClassFactory final : public ComBase<IClassFactory> {
     std::function<ComPtr<IUnknown>()> make_;
 };
 
+std::vector<std::wstring> Words(const wchar_t* text) {
+    const std::wstring_view rest = text != nullptr ? text : L"";
+    std::vector<std::wstring> words;
+    for (size_t begin = 0; begin < rest.size();) {
+        const size_t end = std::min(rest.find(L' ', begin), rest.size());
+        if (end > begin) words.emplace_back(rest.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return words;
+}
+
 }  // namespace
 
 HRESULT ComServer::GetClassObject(REFCLSID clsid, REFIID iid, void** out) const noexcept {
@@ -50,9 +64,9 @@ HRESULT ComServer::CanUnloadNow() const noexcept {
     return ModuleIsUnused() ? S_OK : S_FALSE;
 }
 
-HRESULT ComServer::Register(RegistryScope scope) const noexcept {
+HRESULT ComServer::Register(RegistryScope scope, const std::vector<std::wstring>& options) const noexcept {
     const HRESULT result = ComBoundary([&] {
-        WriteServerKeys(*this, RegistryKey::Classes(scope == RegistryScope::User));
+        WriteServerKeys(*this, options, RegistryKey::Classes(scope == RegistryScope::User));
         return S_OK;
     });
     if (FAILED(result)) Unregister(scope);
@@ -67,9 +81,12 @@ HRESULT ComServer::Unregister(RegistryScope scope) const noexcept {
 }
 
 HRESULT ComServer::Install(BOOL install, const wchar_t* commandLine) const noexcept {
-    const bool user = commandLine != nullptr && _wcsicmp(commandLine, L"user") == 0;
-    const RegistryScope scope = user ? RegistryScope::User : RegistryScope::Machine;
-    return install ? Register(scope) : Unregister(scope);
+    return ComBoundary([&] {
+        std::vector<std::wstring> words = Words(commandLine);
+        const auto isUser = [](const std::wstring& word) { return _wcsicmp(word.c_str(), L"user") == 0; };
+        const RegistryScope scope = std::erase_if(words, isUser) > 0 ? RegistryScope::User : RegistryScope::Machine;
+        return install ? Register(scope, words) : Unregister(scope);
+    });
 }
 
 }  // namespace automation

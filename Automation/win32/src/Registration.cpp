@@ -4,6 +4,7 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 
@@ -161,13 +162,35 @@ std::optional<Library> LibraryOf(const ComServer& server, const std::wstring& pa
     return LoadLibraryOf(path);
 }
 
+bool IsWanted(const ServerClass& entry, const std::vector<std::wstring>& options) {
+    return entry.option.empty() || std::any_of(options.begin(), options.end(), [&](const std::wstring& option) {
+               return _wcsicmp(option.c_str(), entry.option.c_str()) == 0;
+           });
+}
+
+bool HoldsProgId(const ServerClass& entry, const RegistryKey& classes) {
+    return entry.option.empty() || classes.Read(entry.progId + L"\\CLSID", L"") == GuidText(entry.clsid);
+}
+
+/// Another maker may have registered the name where we write, or elsewhere, which the system knows.
+void ThrowIfTaken(const ServerClass& entry, const RegistryKey& classes) {
+    CLSID found;
+    if (FAILED(CLSIDFromProgID(entry.progId.c_str(), &found))) found = entry.clsid;
+    const bool takenHere = !classes.Read(entry.progId + L"\\CLSID", L"").empty() && !HoldsProgId(entry, classes);
+    if (takenHere || found != entry.clsid) Check(HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS));
+}
+
 }  // namespace
 
-void WriteServerKeys(const ComServer& server, const RegistryKey& classes) {
+void WriteServerKeys(const ComServer& server, const std::vector<std::wstring>& options, const RegistryKey& classes) {
     const std::wstring path = ModulePath(server.module);
     const std::optional<Library> library = LibraryOf(server, path);
     if (library) WriteLibrary(*library, path, classes);
-    for (const ServerClass& entry : server.classes) WriteClass(entry, path, library, classes);
+    for (const ServerClass& entry : server.classes) {
+        if (!IsWanted(entry, options)) continue;
+        if (!entry.option.empty()) ThrowIfTaken(entry, classes);
+        WriteClass(entry, path, library, classes);
+    }
 }
 
 void RemoveServerKeys(const ComServer& server, const RegistryKey& classes) {
@@ -181,7 +204,9 @@ void RemoveServerKeys(const ComServer& server, const RegistryKey& classes) {
         }
     };
     for (const ServerClass& entry : server.classes) {
-        attempt([&] { classes.RemoveTree(entry.progId); });
+        attempt([&] {
+            if (HoldsProgId(entry, classes)) classes.RemoveTree(entry.progId);
+        });
         attempt([&] { classes.RemoveTree(L"CLSID\\" + GuidText(entry.clsid)); });
     }
     attempt([&] {

@@ -6,8 +6,9 @@
 
 namespace automation {
 
-/// Both throw Error with the HRESULT of the failure.
-void WriteServerKeys(const ComServer& server, const RegistryKey& classes);
+/// Both throw Error with the HRESULT of the failure; ERROR_ALREADY_EXISTS when the ProgID of an optional class is
+/// taken.
+void WriteServerKeys(const ComServer& server, const std::vector<std::wstring>& options, const RegistryKey& classes);
 void RemoveServerKeys(const ComServer& server, const RegistryKey& classes);
 
 }  // namespace automation

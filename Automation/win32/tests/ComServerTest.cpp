@@ -183,5 +183,44 @@ TEST(ComServer, ARegistrationThatFailsLeavesNothingBehind) {
     EXPECT_EQ(UserKeys(), before);
 }
 
+/// A server with one more class, which stands in for somebody else's.
+ComServer ServerWithStandIn() {
+    ComServer server = Server();
+    ServerClass standIn = server.classes[0];
+    standIn.clsid.Data1 += 1;
+    standIn.progId = L"AutomationTest.Famous";
+    standIn.option = L"stand-in";
+    server.classes.push_back(standIn);
+    return server;
+}
+
+const std::wstring famousClassValue = L"AutomationTest.Famous\\CLSID";
+
+TEST(ComServer, AClassWithAnOptionIsRegisteredOnlyWhenItIsNamed) {
+    const ComServer server = ServerWithStandIn();
+    const Paths before = UserKeys();
+    ASSERT_EQ(server.Install(TRUE, L"user"), S_OK);
+    EXPECT_EQ(UserValue(famousClassValue), L"(missing)");
+    ASSERT_EQ(server.Install(TRUE, L"user other"), S_OK);
+    EXPECT_EQ(UserValue(famousClassValue), L"(missing)");
+    ASSERT_EQ(server.Install(TRUE, L"user Stand-In"), S_OK);
+    EXPECT_EQ(UserValue(famousClassValue), L"{5B8F0A54-6A5B-4B3E-9F0A-1F6C7F4F2C55}");
+    ASSERT_EQ(server.Install(FALSE, L"user"), S_OK);
+    EXPECT_EQ(UserKeys(), before);
+}
+
+TEST(ComServer, AStandInNeitherTakesNorRemovesTheNameOfAnInstalledClass) {
+    const ComServer server = ServerWithStandIn();
+    const Paths before = UserKeys();
+    const std::wstring key = L"Software\\Classes\\" + famousClassValue;
+    constexpr wchar_t owner[] = L"{11111111-2222-3333-4444-555555555555}";
+    ASSERT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, REG_SZ, owner, sizeof owner), ERROR_SUCCESS);
+    EXPECT_EQ(server.Install(TRUE, L"user stand-in"), HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS));
+    EXPECT_EQ(server.Install(FALSE, L"user"), S_OK);
+    EXPECT_EQ(UserValue(famousClassValue), owner);
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\AutomationTest.Famous");
+    EXPECT_EQ(UserKeys(), before);
+}
+
 }  // namespace
 }  // namespace automation

@@ -1,4 +1,4 @@
-// SampleFolders: the table.
+// SampleFolders: the tables.
 #include "sample/SampleFolders.h"
 
 namespace localstores {
@@ -102,6 +102,26 @@ const SampleFolder archive[] = {
     {1, "Old tasks",                        task},
     {1, "Search by sender",                 mail,          search},
 };
+
+const SampleList addressLists[] = {
+    {1, "All Address Lists"},
+    {2, "All Contacts"},
+    {2, "All Groups"},
+    {2, "All Rooms 🏢"},
+    {2, "Branch offices"},
+    {3, "Deutschland – Köln"},
+    {3, "Ελλάδα"},
+    {3, "Україна"},
+    {3, "日本"},
+    {4, "東京"},
+    {4, "大阪"},
+    {3, "ישראל"},
+    {1, "Global Address List",              AddressListRole::Global},
+    {1, "Personal address books"},
+    {2, "Contacts",                         AddressListRole::Personal},
+    {2, "Family 👨‍👩‍👧‍👦"},
+    {2, "\"Friends\" \\ neighbours"},
+};
 // clang-format on
 
 const SampleStore stores[] = {
@@ -114,6 +134,10 @@ const SampleStore stores[] = {
 
 std::span<const SampleStore> SampleStores() {
     return stores;
+}
+
+std::span<const SampleList> SampleAddressLists() {
+    return addressLists;
 }
 
 }  // namespace localstores

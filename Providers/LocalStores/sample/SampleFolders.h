@@ -1,4 +1,4 @@
-// SampleFolders: the table of stores and folders that the sample mailbox is made of.
+// SampleFolders: the tables of stores, folders and address lists that the sample mailbox is made of.
 #pragma once
 
 #include <optional>
@@ -25,6 +25,14 @@ struct SampleStore {
     std::span<const SampleFolder> folders;
 };
 
+/// One list of the address book; levels as in SampleFolder.
+struct SampleList {
+    size_t level;
+    const char* name;
+    AddressListRole role = AddressListRole::None;
+};
+
 std::span<const SampleStore> SampleStores();
+std::span<const SampleList> SampleAddressLists();
 
 }  // namespace localstores

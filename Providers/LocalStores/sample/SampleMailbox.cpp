@@ -1,4 +1,4 @@
-// SampleMailbox: from the table of folders to stores.
+// SampleMailbox: from the tables to stores.
 #include "sample/SampleMailbox.h"
 
 #include <algorithm>
@@ -38,7 +38,34 @@ std::unique_ptr<Folder> MakeRoot(const StoreUid& uid, Folder*& ipmRoot) {
     return root;
 }
 
-std::shared_ptr<Store> MakeStore(const SampleStore& sample, const Manners& manners) {
+struct Options {
+    Manners manners;
+    bool leavesAnswerForLists = true;
+};
+
+/// Takes the line and those below it that belong to it, and leaves `lines` behind them.
+AddressList TakeList(std::span<const SampleList>& lines, const std::string& parentPath, const Options& options) {
+    static const StoreUid uid = UidOfText("sample address book");
+    const SampleList& line = lines.front();
+    lines = lines.subspan(1);
+    const std::string path = parentPath + "\\" + line.name;
+    AddressList list;
+    list.name = line.name;
+    list.role = line.role;
+    list.id = MakeFolderId(uid, Fingerprint(path));
+    while (!lines.empty() && lines.front().level > line.level) list.children.push_back(TakeList(lines, path, options));
+    list.hasEntries = list.children.empty();
+    list.answersForLists = !list.children.empty() || options.leavesAnswerForLists;
+    return list;
+}
+
+std::vector<AddressList> MakeAddressBook(const Options& options) {
+    std::vector<AddressList> lists;
+    for (auto lines = SampleAddressLists(); !lines.empty();) lists.push_back(TakeList(lines, "", options));
+    return lists;
+}
+
+std::shared_ptr<Store> MakeStore(const SampleStore& sample, const Options& options) {
     const StoreUid uid = UidOfText(std::string("sample mailbox: ") + sample.name);
     StoreDescription store;
     store.name = sample.name;
@@ -47,7 +74,9 @@ std::shared_ptr<Store> MakeStore(const SampleStore& sample, const Manners& manne
     store.kind = sample.kind;
     store.isDefault = sample.isDefault;
     store.path = "sample";
-    store.manners = manners;
+    store.manners = options.manners;
+    // The address book is the server's: it comes with the mailbox.
+    if (sample.isDefault) store.addressLists = MakeAddressBook(options);
     store.root = MakeRoot(uid, store.ipmRoot);
 
     // The folders on the way to the present line, and their paths; a line belongs to the last folder of the level
@@ -77,22 +106,53 @@ int32_t OptionValue(std::string_view path, std::string_view text) {
     return number;
 }
 
+struct Option {
+    std::string_view name;
+    void (*set)(Options& options, std::string_view path, std::string_view value);
+};
+
+/// A switch has one value only.
+void Expect(std::string_view path, std::string_view value, std::string_view expected) {
+    if (value != expected) throw NoSuchStore(path, "an option's value is not \"" + std::string(expected) + "\"");
+}
+
+constexpr Option knownOptions[] = {
+    {"delay",
+     [](Options& options, std::string_view path, std::string_view value) {
+         options.manners.tableDelay = std::chrono::milliseconds(OptionValue(path, value));
+     }},
+    {"rows",
+     [](Options& options, std::string_view path, std::string_view value) {
+         // A table that gives nothing would have no end.
+         options.manners.rowsPerRead = std::max(OptionValue(path, value), 1);
+     }},
+    {"count",
+     [](Options& options, std::string_view path, std::string_view value) {
+         Expect(path, value, "unknown");
+         options.manners.countsFolders = false;
+     }},
+    {"lists",
+     [](Options& options, std::string_view path, std::string_view value) {
+         Expect(path, value, "refuse");
+         options.leavesAnswerForLists = false;
+     }},
+};
+
 /// "?delay=20&rows=5" after the name.
-Manners ReadOptions(std::string_view path) {
-    Manners manners;
+Options ReadOptions(std::string_view path) {
+    Options options;
     std::string_view rest = path.substr(name.size());
     while (!rest.empty()) {
         rest.remove_prefix(1);
-        const std::string_view option = rest.substr(0, rest.find('&'));
-        rest.remove_prefix(option.size());
-        if (option.starts_with("delay="))
-            manners.tableDelay = std::chrono::milliseconds(OptionValue(path, option.substr(6)));
-        else if (option.starts_with("rows="))
-            manners.rowsPerRead = std::max(OptionValue(path, option.substr(5)), 1);
-        else
-            throw NoSuchStore(path, "there is no such option");
+        const std::string_view text = rest.substr(0, rest.find('&'));
+        rest.remove_prefix(text.size());
+        const size_t equals = std::min(text.find('='), text.size());
+        const auto option = std::find_if(std::begin(knownOptions), std::end(knownOptions),
+                                         [&](const Option& known) { return known.name == text.substr(0, equals); });
+        if (option == std::end(knownOptions)) throw NoSuchStore(path, "there is no such option");
+        option->set(options, path, text.substr(std::min(equals + 1, text.size())));
     }
-    return manners;
+    return options;
 }
 
 }  // namespace
@@ -102,9 +162,9 @@ bool IsSamplePath(std::string_view path) {
 }
 
 StoreList SampleMailbox(std::string_view path) {
-    const Manners manners = ReadOptions(path);
+    const Options options = ReadOptions(path);
     StoreList stores;
-    for (const SampleStore& sample : SampleStores()) stores.push_back(MakeStore(sample, manners));
+    for (const SampleStore& sample : SampleStores()) stores.push_back(MakeStore(sample, options));
     return stores;
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <array>
 #include <string>
 
 #include "TestFiles.h"
@@ -21,8 +22,14 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr CLSID sessionClass = {0x081d4c38, 0xb346, 0x4303, {0xbb, 0x78, 0xf9, 0x5e, 0xea, 0x5c, 0xcf, 0x3e}};
-constexpr const wchar_t* userProgIdKey = L"Software\\Classes\\LocalStores.Session";
-constexpr const wchar_t* userClassKey = L"Software\\Classes\\CLSID\\{081D4C38-B346-4303-BB78-F95EEA5CCF3E}";
+constexpr CLSID applicationClass = {0x09ea0cb4, 0xc862, 0x435e, {0x86, 0x4f, 0x42, 0x76, 0xac, 0x09, 0x73, 0xb9}};
+constexpr CLSID cdoSessionClass = {0x64d4354c, 0x7510, 0x4d71, {0x85, 0x5d, 0x79, 0x17, 0xd2, 0xd0, 0xfd, 0xba}};
+constexpr CLSID mapiSessionClass = {0x242d0384, 0x4d98, 0x46e8, {0x97, 0x54, 0x28, 0x88, 0x50, 0x1a, 0x6b, 0x05}};
+const std::wstring userClasses = L"Software\\Classes\\";
+const std::wstring userProgIdKey = userClasses + L"LocalStores.Session";
+const std::wstring userClassKey = userClasses + L"CLSID\\{081D4C38-B346-4303-BB78-F95EEA5CCF3E}";
+const std::wstring userMapiSessionKey = userClasses + L"MAPI.Session";
+const std::wstring userMapiSessionClassKey = userClasses + L"CLSID\\{242D0384-4D98-46E8-9754-2888501A6B05}";
 
 class LocalStoresDll : public testing::Test {
   protected:
@@ -47,21 +54,22 @@ class LocalStoresDll : public testing::Test {
         return Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(clsid, iid, out);
     }
     HRESULT CanUnloadNow() { return Entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
-    HRESULT InstallForUser(bool install) {
-        return Entry<HRESULT(WINAPI*)(BOOL, const wchar_t*)>("DllInstall")(install, L"user");
+    HRESULT InstallForUser(bool install, const wchar_t* words = L"user") {
+        return Entry<HRESULT(WINAPI*)(BOOL, const wchar_t*)>("DllInstall")(install, words);
     }
 
-    ObjectRef NewSession() {
+    ObjectRef NewObject(REFCLSID clsid) {
         ComPtr<IClassFactory> factory;
-        ComPtr<IDispatch> session;
-        EXPECT_EQ(GetClassObject(sessionClass, IID_PPV_ARGS(factory.GetAddressOf())), S_OK);
-        EXPECT_EQ(factory->CreateInstance(nullptr, IID_PPV_ARGS(session.GetAddressOf())), S_OK);
-        return automation::FromCom(session.Get());
+        ComPtr<IDispatch> object;
+        EXPECT_EQ(GetClassObject(clsid, IID_PPV_ARGS(factory.GetAddressOf())), S_OK);
+        EXPECT_EQ(factory->CreateInstance(nullptr, IID_PPV_ARGS(object.GetAddressOf())), S_OK);
+        return automation::FromCom(object.Get());
     }
+    ObjectRef NewSession() { return NewObject(sessionClass); }
 
-    static bool KeyExists(const wchar_t* path) {
+    static bool KeyExists(const std::wstring& path) {
         HKEY key = nullptr;
-        if (RegOpenKeyExW(HKEY_CURRENT_USER, path, 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+        if (RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
         RegCloseKey(key);
         return true;
     }
@@ -113,6 +121,31 @@ TEST_F(LocalStoresDll, TablesGiveArraysOfRowsWithBytesAndErrors) {
     EXPECT_EQ(row->items.at(3).TypeName(), "Error");
 }
 
+TEST_F(LocalStoresDll, ShowsTheSampleMailboxInAllThreeModels) {
+    const auto stores = ElementsAre("Public Folders", "Mailbox - Alex Example", "Archive \"before 2022\"");
+    const ObjectRef application = NewObject(applicationClass);
+    const ObjectRef space = application->Get("GetNamespace", "MAPI").RequireObject();
+    EXPECT_THAT(NamesIn(space->Get("Folders").RequireObject()), stores);
+    for (const CLSID& clsid : {cdoSessionClass, mapiSessionClass}) {
+        const ObjectRef cdo = NewObject(clsid);
+        const std::array<automation::NamedArgument, 2> quietly{{{"ShowDialog", false}, {"NewSession", false}}};
+        cdo->CallNamed("Logon", quietly);
+        EXPECT_THAT(NamesIn(cdo->Get("InfoStores").RequireObject()), stores);
+        const ObjectRef inbox = cdo->Get("Inbox").RequireObject();
+        EXPECT_EQ(inbox->Get("Fields", 0x3613001E).RequireObject()->Get("Value").ToText(), "IPF.Note");
+        EXPECT_EQ(ErrorNumberOf([&] { inbox->Get("Fields", 0x66700102); }), automation::errors::mapiNotFound);
+    }
+}
+
+TEST_F(LocalStoresDll, ModelsOfOneThreadShareTheMailThatWasOpenedFirst) {
+    const TemporaryDirectory directory;
+    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    const ObjectRef session = NewSession();
+    session->Get("Open", directory.Utf8());
+    const ObjectRef space = NewObject(applicationClass)->Get("GetNamespace", "MAPI").RequireObject();
+    EXPECT_EQ(space->Get("Folders").RequireObject()->Get("Count").ToLong(), 1);
+}
+
 TEST_F(LocalStoresDll, ErrorsComeThroughWithNumberAndText) {
     const ObjectRef session = NewSession();
     EXPECT_EQ(ErrorNumberOf([&] { session->Get("Open", "nowhere.pst"); }), automation::errors::mapiNotFound);
@@ -156,6 +189,20 @@ TEST_F(LocalStoresDll, RegistersForTheUserAndLeavesNothingBehind) {
     ASSERT_EQ(InstallForUser(false), S_OK);
     EXPECT_FALSE(KeyExists(userProgIdKey));
     EXPECT_FALSE(KeyExists(userClassKey));
+}
+
+TEST_F(LocalStoresDll, TakesTheNameOfTheCdoLibraryOnlyWhenAsked) {
+    ASSERT_EQ(InstallForUser(true), S_OK);
+    EXPECT_FALSE(KeyExists(userMapiSessionKey));
+    EXPECT_FALSE(KeyExists(userMapiSessionClassKey));
+    ASSERT_EQ(InstallForUser(true, L" MAPI-Session  user "), S_OK);
+    EXPECT_TRUE(KeyExists(userMapiSessionKey));
+    CLSID clsid;
+    ASSERT_EQ(CLSIDFromProgID(L"MAPI.Session", &clsid), S_OK);
+    EXPECT_EQ(clsid, mapiSessionClass);
+    ASSERT_EQ(InstallForUser(false), S_OK);
+    EXPECT_FALSE(KeyExists(userMapiSessionKey));
+    EXPECT_FALSE(KeyExists(userMapiSessionClassKey));
 }
 
 }  // namespace

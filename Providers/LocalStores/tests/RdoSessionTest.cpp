@@ -184,14 +184,14 @@ TEST_F(RdoSession, AnotherSessionsMapiObjectCannotBeShared) {
     EXPECT_EQ(ErrorNumberOf([&] { session_->Put("MAPIOBJECT", session_); }), errors::mapiNoSupport);
 }
 
-TEST_F(RdoSession, AddressBookIsEmpty) {
-    const ObjectRef book = Object(session_, "AddressBook");
+TEST_F(RdoSession, AddressBookOfNoStoresIsEmpty) {
+    const ObjectRef book = Object(MakeRdoSession(), "AddressBook");
     const ObjectRef lists = Object(book, "AddressLists");
     EXPECT_EQ(lists->Get("Count").ToLong(), 0);
     EXPECT_THAT(NamesIn(lists), ElementsAre());
     EXPECT_EQ(lists->Get("GetFirst").ToObject(), nullptr);
     EXPECT_EQ(ErrorNumberOf([&] { book->Get("GAL"); }), errors::mapiNotFound);
-    EXPECT_EQ(ErrorNumberOf([&] { session_->Get("GetAddressListFromID", "00"); }), errors::mapiNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { book->Get("GetAddressListFromID", "00"); }), errors::mapiNotFound);
 }
 
 TEST_F(RdoSession, ObjectsKeepWhatTheyNeedAlive) {

@@ -19,6 +19,9 @@ struct ServerClass {
     std::function<ComPtr<IUnknown>()> make;  ///< a new object; may throw Error
     DWORD miscStatus = 0;                    ///< OLEMISC flags of a control; 0: the class is no control
     WORD toolbarBitmap = 0;                  ///< resource number of a control's 16x15 bitmap; 0: none
+    /// A class with an option is registered only by an Install that names it: its ProgID is another maker's, whom we
+    /// stand in for. What that maker registered is never overwritten and never removed.
+    std::wstring option = {};
 };
 
 /// Whose registry keys: those of all users (needs the rights to write there) or of the current one.
@@ -36,11 +39,12 @@ struct ComServer {
     HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out) const noexcept;
     HRESULT CanUnloadNow() const noexcept;
     /// Writes ProgID, CLSID, InprocServer32 (apartment threading), Programmable, TypeLib and Interface keys. What
-    /// failed half way is taken out again.
-    HRESULT Register(RegistryScope scope) const noexcept;
+    /// failed half way is taken out again. Of the classes with an option only those in `options` are written.
+    HRESULT Register(RegistryScope scope, const std::vector<std::wstring>& options = {}) const noexcept;
     /// Removes everything that Register wrote; keys that are not there are no failure.
     HRESULT Unregister(RegistryScope scope) const noexcept;
-    /// `commandLine` "user" is per user, anything else per machine.
+    /// `commandLine` is a list of words in any letter case, separated by blanks: "user" is per user, otherwise it is
+    /// per machine; each other word is an option.
     HRESULT Install(BOOL install, const wchar_t* commandLine) const noexcept;
 };
 

@@ -13,8 +13,10 @@ using StoreList = std::vector<std::shared_ptr<Store>>;
 
 /// `path` (UTF-8) is "sample" for the built-in sample mailbox, a directory that holds a Maildir++ tree, or a PST file.
 /// "sample?delay=20&rows=5" is a sample mailbox on a slow server: every read of table rows takes 20 ms and gives at
-/// most 5 rows; either option can stand alone. At least one store comes back. Throws automation::Error, whose text
-/// names the path, when there is nothing to read or when it is damaged.
+/// most 5 rows. "count=unknown": a CDO session counts 0x7FFFFFFF folders everywhere. "lists=refuse": an address list
+/// that holds no others answers MAPI_E_NO_SUPPORT when it is asked for them. Each option can stand alone. At least one
+/// store comes back. Throws automation::Error, whose text names the path, when there is nothing to read or when it is
+/// damaged.
 StoreList OpenStores(std::string_view path);
 
 }  // namespace localstores

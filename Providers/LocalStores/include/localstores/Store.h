@@ -8,7 +8,9 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
+#include "localstores/AddressList.h"
 #include "localstores/Folder.h"
 
 namespace localstores {
@@ -34,6 +36,7 @@ enum class DefaultFolder {
 struct Manners {
     std::chrono::milliseconds tableDelay{0};                    ///< each read of table rows waits so long
     int32_t rowsPerRead = std::numeric_limits<int32_t>::max();  ///< one read of table rows gives no more
+    bool countsFolders = true;                                  ///< false: a CDO session cannot count them
 };
 
 struct StoreDescription {
@@ -46,6 +49,7 @@ struct StoreDescription {
     std::unique_ptr<Folder> root;  ///< everything, also what users never see
     Folder* ipmRoot = nullptr;     ///< the folder below which the user's own folders stand; in the tree of `root`
     std::map<DefaultFolder, Folder*> defaultFolders;  ///< in the tree of `root`
+    std::vector<AddressList> addressLists;            ///< most stores bring none
     Manners manners;
 };
 
@@ -65,6 +69,7 @@ class Store {
     const Manners& HowItAnswers() const { return description_.manners; }
     const Folder& Root() const { return *description_.root; }
     const Folder& IpmRoot() const { return *description_.ipmRoot; }
+    const std::vector<AddressList>& AddressLists() const { return description_.addressLists; }
 
     /// Null when the store has no such folder.
     const Folder* Default(DefaultFolder which) const;

@@ -7,10 +7,10 @@
 #include <utility>
 
 #include "automation/Text.h"
-#include "models/rdo/MapiErrors.h"
-#include "models/rdo/MapiProperties.h"
-#include "models/rdo/RdoArguments.h"
-#include "models/rdo/RdoMember.h"
+#include "models/common/CallArguments.h"
+#include "models/common/MapiErrors.h"
+#include "models/common/MapiProperties.h"
+#include "models/common/MemberFunctions.h"
 
 namespace localstores {
 

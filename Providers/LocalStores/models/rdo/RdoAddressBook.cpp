@@ -1,10 +1,10 @@
-// RdoAddressBook: nothing to find.
+// RdoAddressBook: the members of the address book.
 #include "models/rdo/RdoAddressBook.h"
 
-#include "models/rdo/MapiErrors.h"
-#include "models/rdo/RdoArguments.h"
-#include "models/rdo/RdoCollection.h"
-#include "models/rdo/RdoMember.h"
+#include "models/common/CallArguments.h"
+#include "models/common/MapiErrors.h"
+#include "models/common/MemberFunctions.h"
+#include "models/rdo/RdoAddressLists.h"
 
 namespace localstores {
 
@@ -15,42 +15,36 @@ std::span<const automation::MemberEntry<RdoAddressBook>> RdoAddressBook::Members
     using Self = RdoAddressBook;
     static constexpr automation::MemberEntry<Self> members[] = {
         {"AddressLists", Handler<&Self::AddressLists>, nullptr, 1, "ShallowTraversal"},
-        {"DefaultAddressList", Handler<&Self::MissingList>},
-        {"PAB", Handler<&Self::MissingList>},
-        {"GAL", Handler<&Self::MissingList>},
-        {"GetAddressListFromID", Handler<&Self::MissingList>, nullptr, 2, "EntryID Flags"},
+        {"DefaultAddressList", Handler<&Self::GlobalList>},
+        {"PAB", Handler<&Self::PersonalList>},
+        {"GAL", Handler<&Self::GlobalList>},
+        {"GetAddressListFromID", Handler<&Self::GetAddressListFromId>, nullptr, 2, "EntryID Flags"},
+        {"Session", Handler<&Self::SessionMember>},
     };
     return members;
 }
 
-Value RdoAddressBook::AddressLists(const Arguments&) const {
-    return std::make_shared<RdoAddressLists>();
+Value RdoAddressBook::AddressLists(const Arguments& arguments) const {
+    const bool shallow = !arguments.Has(0) || arguments[0].ToBoolean();
+    const Session& session = session_->Stores();
+    return std::make_shared<RdoAddressLists>(session_, shallow ? session.AddressLists() : session.AllAddressLists());
 }
 
-Value RdoAddressBook::MissingList(const Arguments&) const {
-    throw NotFound();
+Value RdoAddressBook::GlobalList() const {
+    return Made(session_->Stores().FindAddressList(AddressListRole::Global));
 }
 
-std::span<const automation::MemberEntry<RdoAddressLists>> RdoAddressLists::Members() {
-    using Self = RdoAddressLists;
-    static constexpr automation::MemberEntry<Self> members[] = {
-        {"_Item", Handler<&Self::Item>, nullptr, 1, "Index"},
-        {"Count", Handler<&Self::Count>},
-        {"GetFirst", Handler<&Self::GetNone>},
-        {"GetNext", Handler<&Self::GetNone>},
-        {"Item", Handler<&Self::Item>, nullptr, 1, "Index"},
-    };
-    return members;
+Value RdoAddressBook::PersonalList() const {
+    return Made(session_->Stores().FindAddressList(AddressListRole::Personal));
 }
 
-std::unique_ptr<automation::Enumerator> RdoAddressLists::NewEnum() {
-    return std::make_unique<PositionEnumerator>(0, [](size_t) { return Value(); });
+Value RdoAddressBook::GetAddressListFromId(const Arguments& arguments) const {
+    return Made(session_->Stores().FindAddressList(IdOf(Required(arguments, 0))));
 }
 
-Value RdoAddressLists::Item(const Arguments& arguments) const {
-    static const std::string none;
-    PositionOf(Required(arguments, 0), 0, [](size_t) -> const std::string& { return none; });
-    throw NotFound();
+Value RdoAddressBook::Made(const AddressListRef& list) const {
+    if (!list) throw NotFound();
+    return std::make_shared<RdoAddressList>(session_, list);
 }
 
 }  // namespace localstores

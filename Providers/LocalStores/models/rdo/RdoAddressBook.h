@@ -1,30 +1,30 @@
-// RdoAddressBook: the address book of local stores, which have no address lists.
+// RdoAddressBook: the address book of a session.
 #pragma once
 
-#include "automation/TabledObject.h"
+#include "models/rdo/RdoSessionObject.h"
 
 namespace localstores {
 
-/// Members: `AddressLists(ShallowTraversal?)`, an empty collection; `DefaultAddressList`, `PAB`, `GAL` and
-/// `GetAddressListFromID` find nothing.
+/// Members: `AddressLists(ShallowTraversal?)`, the top lists, or with False all lists of the book in one collection;
+/// `GAL` and `DefaultAddressList`, the global list; `PAB`, the personal one; `GetAddressListFromID(EntryID)`;
+/// `Session`.
 class RdoAddressBook : public automation::TabledObject<RdoAddressBook> {
   public:
+    explicit RdoAddressBook(RdoSessionRef session) : session_(std::move(session)) {}
+
     static std::span<const automation::MemberEntry<RdoAddressBook>> Members();
 
     automation::Value AddressLists(const automation::Arguments& arguments) const;
-    automation::Value MissingList(const automation::Arguments& arguments) const;
-};
+    automation::Value GlobalList() const;
+    automation::Value PersonalList() const;
+    automation::Value GetAddressListFromId(const automation::Arguments& arguments) const;
+    automation::Value SessionMember() const { return session_; }
 
-/// Members: `Count`, `Item(Index)`, `_Item` (default), `_NewEnum`, `GetFirst`, `GetNext`.
-class RdoAddressLists : public automation::TabledObject<RdoAddressLists> {
-  public:
-    static constexpr bool hasDefaultMember = true;
-    static std::span<const automation::MemberEntry<RdoAddressLists>> Members();
-    std::unique_ptr<automation::Enumerator> NewEnum() override;
+  private:
+    /// Throws MAPI_E_NOT_FOUND when there is none.
+    automation::Value Made(const AddressListRef& list) const;
 
-    int32_t Count() const { return 0; }
-    automation::Value Item(const automation::Arguments& arguments) const;
-    automation::Value GetNone() const { return nullptr; }
+    RdoSessionRef session_;
 };
 
 }  // namespace localstores

@@ -1,12 +1,12 @@
 // RdoFolder: the members of a folder.
 #include "models/rdo/RdoFolder.h"
 
-#include "models/rdo/ItemTypes.h"
-#include "models/rdo/MapiErrors.h"
-#include "models/rdo/MapiProperties.h"
-#include "models/rdo/RdoArguments.h"
+#include "models/common/CallArguments.h"
+#include "models/common/ItemTypes.h"
+#include "models/common/MapiErrors.h"
+#include "models/common/MapiProperties.h"
+#include "models/common/MemberFunctions.h"
 #include "models/rdo/RdoFolders.h"
-#include "models/rdo/RdoMember.h"
 #include "models/rdo/RdoStore.h"
 
 namespace localstores {

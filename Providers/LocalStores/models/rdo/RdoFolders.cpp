@@ -1,18 +1,13 @@
 // RdoFolders: the members of the collection.
 #include "models/rdo/RdoFolders.h"
 
-#include <algorithm>
-
-#include "models/rdo/MapiProperties.h"
+#include "models/common/MapiProperties.h"
+#include "models/common/MemberFunctions.h"
 #include "models/rdo/MapiTable.h"
-#include "models/rdo/RdoArguments.h"
-#include "models/rdo/RdoCollection.h"
 #include "models/rdo/RdoFolder.h"
-#include "models/rdo/RdoMember.h"
 
 namespace localstores {
 
-using automation::Arguments;
 using automation::Value;
 
 std::span<const automation::MemberEntry<RdoFolders>> RdoFolders::Members() {
@@ -31,25 +26,8 @@ std::span<const automation::MemberEntry<RdoFolders>> RdoFolders::Members() {
     return members;
 }
 
-std::unique_ptr<automation::Enumerator> RdoFolders::NewEnum() {
-    const Folder& parent = parent_;
-    return std::make_unique<PositionEnumerator>(
-        parent.children.size(), [session = session_, store = store_, &parent](size_t position) {
-            return Value(std::make_shared<RdoFolder>(session, store, *parent.children[position]));
-        });
-}
-
-Value RdoFolders::Item(const Arguments& arguments) const {
-    const auto& children = parent_.children;
-    const size_t position = PositionOf(Required(arguments, 0), children.size(),
-                                       [&](size_t i) -> const std::string& { return children[i]->name; });
-    return std::make_shared<RdoFolder>(session_, store_, *children[position]);
-}
-
-Value RdoFolders::MoveTo(int32_t position) {
-    position_ = std::clamp(position, 0, Count() + 1);
-    if (position_ < 1 || position_ > Count()) return nullptr;
-    return std::make_shared<RdoFolder>(session_, store_, *parent_.children[static_cast<size_t>(position_) - 1]);
+Value RdoFolders::ItemAt(size_t position) const {
+    return std::make_shared<RdoFolder>(session_, store_, *parent_.children[position]);
 }
 
 Value RdoFolders::Table() const {

@@ -2,11 +2,11 @@
 #include "models/rdo/RdoSessionObject.h"
 
 #include "localstores/RdoSession.h"
-#include "models/rdo/MapiErrors.h"
+#include "models/common/CallArguments.h"
+#include "models/common/MapiErrors.h"
+#include "models/common/MemberFunctions.h"
 #include "models/rdo/RdoAddressBook.h"
-#include "models/rdo/RdoArguments.h"
 #include "models/rdo/RdoFolder.h"
-#include "models/rdo/RdoMember.h"
 #include "models/rdo/RdoStore.h"
 #include "models/rdo/RdoStores.h"
 
@@ -45,7 +45,7 @@ RdoSessionRef RdoSessionObject::Self() {
 }
 
 Value RdoSessionObject::Open(const Arguments& arguments) {
-    const auto store = session_.Open(Required(arguments, 0).ToText());
+    const auto store = session_->Open(Required(arguments, 0).ToText());
     loggedOn_ = true;
     return std::make_shared<RdoStore>(Self(), store);
 }
@@ -55,36 +55,30 @@ Value RdoSessionObject::StoresMember() {
 }
 
 Value RdoSessionObject::AddressBook() {
-    return std::make_shared<RdoAddressBook>();
+    return std::make_shared<RdoAddressBook>(Self());
 }
 
 Value RdoSessionObject::GetDefaultFolder(const Arguments& arguments) {
-    const auto store = session_.DefaultStore();
-    if (!store) throw NotFound();
-    return RdoStore(Self(), store).GetDefaultFolder(arguments);
+    return Made(session_->Default(static_cast<DefaultFolder>(Required(arguments, 0).ToLong())));
 }
 
 Value RdoSessionObject::GetFolderFromId(const Arguments& arguments) {
-    const EntryId id = IdOf(Required(arguments, 0));
-    const bool anyStore = !arguments.Has(1) || arguments[1].IsEmpty() || arguments[1].ToText().empty();
-    const std::shared_ptr<Store> wanted = anyStore ? nullptr : session_.Find(IdOf(arguments[1]));
-    if (!anyStore && !wanted) throw NotFound();
-    for (const auto& store : session_.Stores()) {
-        if (wanted && store != wanted) continue;
-        if (const Folder* folder = store->Find(id)) return std::make_shared<RdoFolder>(Self(), store, *folder);
-    }
-    throw NotFound();
+    return Made(FindFolder(*session_, arguments));
+}
+
+Value RdoSessionObject::Made(const FolderInStore& found) {
+    if (found.folder == nullptr) throw NotFound();
+    return std::make_shared<RdoFolder>(Self(), found.store, *found.folder);
 }
 
 Value RdoSessionObject::GetStoreFromId(const Arguments& arguments) {
-    const auto store = session_.Find(IdOf(Required(arguments, 0)));
+    const auto store = session_->Find(IdOf(Required(arguments, 0)));
     if (!store) throw NotFound();
     return std::make_shared<RdoStore>(Self(), store);
 }
 
 Value RdoSessionObject::GetAddressListFromId(const Arguments& arguments) {
-    IdOf(Required(arguments, 0));
-    throw NotFound();
+    return RdoAddressBook(Self()).GetAddressListFromId(arguments);
 }
 
 bool RdoSessionObject::CompareEntryIds(const Arguments& arguments) const {
@@ -97,7 +91,7 @@ void RdoSessionObject::Logon(const Arguments&) {
 }
 
 void RdoSessionObject::Logoff() {
-    session_.Close();
+    session_ = std::make_shared<Session>();
     loggedOn_ = false;
 }
 

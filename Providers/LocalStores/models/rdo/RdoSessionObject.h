@@ -15,7 +15,7 @@ class RdoSessionObject : public automation::TabledObject<RdoSessionObject> {
   public:
     static std::span<const automation::MemberEntry<RdoSessionObject>> Members();
 
-    Session& Stores() { return session_; }
+    Session& Stores() { return *session_; }
 
     automation::Value Open(const automation::Arguments& arguments);
     automation::Value StoresMember();
@@ -34,8 +34,10 @@ class RdoSessionObject : public automation::TabledObject<RdoSessionObject> {
 
   private:
     std::shared_ptr<RdoSessionObject> Self();
+    /// Throws MAPI_E_NOT_FOUND when nothing was found.
+    automation::Value Made(const FolderInStore& found);
 
-    Session session_;
+    std::shared_ptr<Session> session_ = std::make_shared<Session>();
     bool loggedOn_ = false;
 };
 

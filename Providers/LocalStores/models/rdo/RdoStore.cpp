@@ -1,11 +1,11 @@
 // RdoStore: the members of a store.
 #include "models/rdo/RdoStore.h"
 
-#include "models/rdo/MapiErrors.h"
-#include "models/rdo/MapiProperties.h"
-#include "models/rdo/RdoArguments.h"
+#include "models/common/CallArguments.h"
+#include "models/common/MapiErrors.h"
+#include "models/common/MapiProperties.h"
+#include "models/common/MemberFunctions.h"
 #include "models/rdo/RdoFolder.h"
-#include "models/rdo/RdoMember.h"
 
 namespace localstores {
 

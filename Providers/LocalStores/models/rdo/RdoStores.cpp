@@ -1,12 +1,11 @@
 // RdoStores: the members of the collection.
 #include "models/rdo/RdoStores.h"
 
-#include "models/rdo/MapiErrors.h"
-#include "models/rdo/MapiProperties.h"
+#include "models/common/CallArguments.h"
+#include "models/common/MapiErrors.h"
+#include "models/common/MapiProperties.h"
+#include "models/common/MemberFunctions.h"
 #include "models/rdo/MapiTable.h"
-#include "models/rdo/RdoArguments.h"
-#include "models/rdo/RdoCollection.h"
-#include "models/rdo/RdoMember.h"
 #include "models/rdo/RdoStore.h"
 
 namespace localstores {
@@ -28,23 +27,16 @@ std::span<const automation::MemberEntry<RdoStores>> RdoStores::Members() {
     return members;
 }
 
-std::unique_ptr<automation::Enumerator> RdoStores::NewEnum() {
-    return std::make_unique<PositionEnumerator>(
-        session_->Stores().Stores().size(),
-        [session = session_, stores = session_->Stores().Stores()](size_t position) {
-            return Value(std::make_shared<RdoStore>(session, stores[position]));
-        });
+size_t RdoStores::Size() const {
+    return session_->Stores().Stores().size();
 }
 
-int32_t RdoStores::Count() const {
-    return static_cast<int32_t>(session_->Stores().Stores().size());
+const std::string& RdoStores::NameAt(size_t position) const {
+    return session_->Stores().Stores()[position]->Name();
 }
 
-Value RdoStores::Item(const Arguments& arguments) const {
-    const StoreList& stores = session_->Stores().Stores();
-    const size_t position = PositionOf(Required(arguments, 0), stores.size(),
-                                       [&](size_t i) -> const std::string& { return stores[i]->Name(); });
-    return std::make_shared<RdoStore>(session_, stores[position]);
+Value RdoStores::ItemAt(size_t position) const {
+    return std::make_shared<RdoStore>(session_, session_->Stores().Stores()[position]);
 }
 
 Value RdoStores::DefaultStore() const {

@@ -1,5 +1,5 @@
 // MapiProperties: which member answers which tag.
-#include "models/rdo/MapiProperties.h"
+#include "models/common/MapiProperties.h"
 
 #include <string>
 
@@ -30,7 +30,43 @@ std::optional<Value> OptionalText(const std::optional<std::string>& text) {
     return *text;
 }
 
+struct RoleTag {
+    uint32_t tag;
+    DefaultFolder role;
+};
+
+/// The inbox and the root know where these folders are.
+constexpr RoleTag roleTags[] = {
+    {tags::ipmAppointmentEntryId, DefaultFolder::Calendar}, {tags::ipmContactEntryId, DefaultFolder::Contacts},
+    {tags::ipmJournalEntryId, DefaultFolder::Journal},      {tags::ipmNoteEntryId, DefaultFolder::Notes},
+    {tags::ipmTaskEntryId, DefaultFolder::Tasks},           {tags::ipmDraftsEntryId, DefaultFolder::Drafts},
+};
+
+std::optional<Value> IdOfRole(const Store& store, const Folder& folder, uint32_t tag) {
+    if (&folder != &store.Root() && &folder != store.Default(DefaultFolder::Inbox)) return std::nullopt;
+    for (const RoleTag& each : roleTags)
+        if (each.tag == tag) return IdOfFolder(store.Default(each.role));
+    return std::nullopt;
+}
+
 }  // namespace
+
+std::span<const uint32_t> StoreTags() {
+    static constexpr uint32_t all[] = {tags::storeEntryId,      tags::objectType,       tags::entryId,
+                                       tags::displayName,       tags::providerDisplay,  tags::defaultStore,
+                                       tags::ipmSubtreeEntryId, tags::ipmOutboxEntryId, tags::ipmWastebasketEntryId,
+                                       tags::ipmSentMailEntryId};
+    return all;
+}
+
+std::span<const uint32_t> FolderTags() {
+    static constexpr uint32_t all[] = {tags::parentEntryId,     tags::storeEntryId,      tags::objectType,
+                                       tags::entryId,           tags::displayName,       tags::folderType,
+                                       tags::subfolders,        tags::containerClass,    tags::ipmAppointmentEntryId,
+                                       tags::ipmContactEntryId, tags::ipmJournalEntryId, tags::ipmNoteEntryId,
+                                       tags::ipmTaskEntryId,    tags::ipmDraftsEntryId};
+    return all;
+}
 
 std::optional<Value> StoreProperty(const Store& store, uint32_t tag) {
     switch (WithUnicodeText(tag)) {
@@ -79,7 +115,7 @@ std::optional<Value> FolderProperty(const Store& store, const Folder& folder, ui
         case tags::containerClass:
             return OptionalText(folder.containerClass);
         default:
-            return std::nullopt;
+            return IdOfRole(store, folder, tag);
     }
 }
 

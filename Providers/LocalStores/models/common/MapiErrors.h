@@ -1,4 +1,4 @@
-// MapiErrors: the errors that the members of an RDO session raise.
+// MapiErrors: the errors that the members of the object models raise.
 #pragma once
 
 #include "automation/Error.h"

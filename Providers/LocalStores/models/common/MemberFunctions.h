@@ -1,4 +1,4 @@
-// RdoMember: puts ordinary member functions into a table of automation members.
+// MemberFunctions: puts ordinary member functions into a table of automation members.
 #pragma once
 
 #include <type_traits>

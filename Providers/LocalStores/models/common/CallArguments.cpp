@@ -1,10 +1,10 @@
-// RdoArguments: the conversions.
-#include "models/rdo/RdoArguments.h"
+// CallArguments: the conversions.
+#include "models/common/CallArguments.h"
 
 #include <charconv>
 #include <string>
 
-#include "models/rdo/MapiErrors.h"
+#include "models/common/MapiErrors.h"
 
 namespace localstores {
 
@@ -22,6 +22,15 @@ EntryId IdOf(const Value& value) {
     const auto id = FromHex(value.ToText());
     if (!id || id->empty()) throw InvalidEntryId();
     return *id;
+}
+
+FolderInStore FindFolder(const Session& session, const Arguments& arguments) {
+    const EntryId id = IdOf(Required(arguments, 0));
+    const bool anyStore = !arguments.Has(1) || arguments[1].IsEmpty() || arguments[1].ToText().empty();
+    if (anyStore) return session.FindFolder(id);
+    const auto store = session.Find(IdOf(arguments[1]));
+    if (!store) return {};
+    return {store, store->Find(id)};
 }
 
 uint32_t TagOf(const Value& value) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 
 #include "automation/Value.h"
 #include "localstores/Store.h"
@@ -26,11 +27,21 @@ inline constexpr uint32_t ipmSentMailEntryId = 0x35E40102;
 inline constexpr uint32_t folderType = 0x36010003;
 inline constexpr uint32_t subfolders = 0x360A000B;
 inline constexpr uint32_t containerClass = 0x3613001F;
+inline constexpr uint32_t ipmAppointmentEntryId = 0x36D00102;
+inline constexpr uint32_t ipmContactEntryId = 0x36D10102;
+inline constexpr uint32_t ipmJournalEntryId = 0x36D20102;
+inline constexpr uint32_t ipmNoteEntryId = 0x36D30102;
+inline constexpr uint32_t ipmTaskEntryId = 0x36D40102;
+inline constexpr uint32_t ipmDraftsEntryId = 0x36D70102;
 inline constexpr uint32_t longTermEntryIdFromTable = 0x66700102;
 }  // namespace tags
 
 /// A table gives the short form of an identifier where the object itself gives the long one.
 enum class IdForm { Short, Long };
+
+/// The tags of all properties that such an object can have, without those of table rows alone.
+std::span<const uint32_t> StoreTags();
+std::span<const uint32_t> FolderTags();
 
 /// Nothing when the object lacks the property or has it as another type.
 std::optional<automation::Value> StoreProperty(const Store& store, uint32_t tag);

@@ -1,5 +1,5 @@
 // MapiErrors: numbers and texts.
-#include "models/rdo/MapiErrors.h"
+#include "models/common/MapiErrors.h"
 
 namespace localstores {
 

@@ -1,5 +1,5 @@
 // ItemTypes: the table.
-#include "models/rdo/ItemTypes.h"
+#include "models/common/ItemTypes.h"
 
 #include "automation/Text.h"
 
