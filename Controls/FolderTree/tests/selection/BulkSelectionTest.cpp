@@ -90,6 +90,21 @@ TEST_F(BulkSelection, SelectAllTicksNoStoreHeadingPlaceholderOrUnpickableRow) {
     EXPECT_EQ(host.changed, 0);
 }
 
+TEST_F(BulkSelection, RowsThatAreNothingToPickAreKnownByTheirKindInAnyLetterCase) {
+    for (const char* kind : {"STORE", "store", "Header", "hEADER", "DUMMY", "dummy"}) {
+        // Not by their colour: its first cell is that of an ordinary folder.
+        Grid().SetCellText(Row("People"), colRowKind, kind);
+        control->SelectAll();
+        EXPECT_FALSE(IsTicked(Grid(), Row("People"))) << kind;
+        control->SelectByType(FTIContactItem, false);
+        EXPECT_EQ(TickedNames(), Lines{}) << kind;
+        Grid().SetCellText(Row("People"), colSel, "-1");
+        control->SelectNone();
+        EXPECT_EQ(TickedNames(), Lines{"People"}) << kind << ": its tick is not the selection's";
+        Grid().SetCellText(Row("People"), colSel, "");
+    }
+}
+
 TEST_F(BulkSelection, SelectAllPassesOverTheStoreRowsOfTheMailClientToo) {
     LoadMode(eISAccess_Outlook);
     control->SelectAll();
