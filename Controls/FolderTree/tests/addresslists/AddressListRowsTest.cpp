@@ -7,6 +7,7 @@ namespace foldertree::testing {
 namespace {
 
 using automation::Error;
+using automation::testing::ScriptedObject;
 
 constexpr uint32_t noSupport = 0x80040102;
 const std::string noSupportLine = "', error 0x80040102 encountered. AddressList scan is intentionally cancelled.";
@@ -188,6 +189,23 @@ TEST_F(AddressLists, ACancelBeforeTheFirstListLeavesTheHeadingAlone) {
     };
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>"}));
+}
+
+TEST_F(AddressLists, ACancelInsideAListLeavesTheListsAfterItOut) {
+    const auto cancelWhenRead = [this](ScriptedObject& list) {
+        const automation::Value id = list.Held(list.HasMember("ID") ? "ID" : "EntryID");
+        list.Method(list.HasMember("ID") ? "ID" : "EntryID", [this, id](const automation::Invocation&) {
+            control->CancelLoad();
+            return id;
+        });
+    };
+    mail.addressLists[0].lists[0].adjust = cancelWhenRead;
+    LoadMode(eISAccess_RDO_Objects);
+    EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global", "Europe"}));
+    mail.addressLists[0].adjust = cancelWhenRead;
+    LoadMode(eISAccess_CDO);
+    EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global"}));
+    EXPECT_EQ(host.ErrorLines(), Lines{});
 }
 
 class FailingBook : public EachMode {

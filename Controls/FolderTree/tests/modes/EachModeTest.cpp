@@ -316,6 +316,42 @@ TEST_P(EachMode, ClosingTheControlAtAnyYieldEndsTheLoad) {
     }
 }
 
+TEST_P(EachMode, TheBarGrowsByTheSubfoldersOfEachFolderAndAdvancesAfterEach) {
+    LoadEach();
+    // Two steps a store, the driver's and the reader's; the roots have 4 and 1 subfolders, Inbox 2 and Projects 1.
+    const double steps = 2 * 2 + 4 + 1 + 2 + 1;
+    EXPECT_EQ(host.highestMaximum, 1 + steps);
+    EXPECT_EQ(host.progressValue, steps);
+}
+
+TEST_P(EachMode, EachFolderYieldsAtItsPathAtItsStepAndOnceMore) {
+    LoadEach();
+    // Once when the panel appears; with each store at the driver's two steps, the reader's two and its count.
+    constexpr int started = 1 + 2 * 5;
+    EXPECT_EQ(host.yields, started + 8 * 3 + 2) << "8 folders; 2 of them have a count of their own";
+    EXPECT_EQ(host.paths.size(), 1u + 8u);
+}
+
+TEST_P(EachMode, AnExpansionHasAnEmptyBarAndAPanelOfItsOwn) {
+    FolderNamed("Projects").children.push_back(MailFolder("Beta", "0022"));
+    LoadEach(IsRdo() ? 1 : 2);
+    const int shown = host.panelShown;
+    host.paths.clear();
+    std::vector<std::pair<double, double>> bar;
+    host.onYield = [&](int) {
+        EXPECT_TRUE(host.panelVisible);
+        bar.emplace_back(host.progressMaximum, host.progressValue);
+    };
+    Open("Projects");
+    EXPECT_EQ(host.panelShown, shown + 1);
+    EXPECT_EQ(host.paths, (Lines{"", "Mailbox\\Inbox\\Projects\\Alpha", "Mailbox\\Inbox\\Projects\\Beta"}));
+    // The panel appears over what the last load left; then the count, and per child path, step and one more; the end.
+    bar.erase(bar.begin());
+    EXPECT_EQ(bar,
+              (std::vector<std::pair<double, double>>{{3, 0}, {3, 0}, {3, 1}, {3, 1}, {3, 1}, {3, 2}, {3, 2}, {3, 2}}));
+    ExpectIdle();
+}
+
 TEST_P(EachMode, ARefreshFromInsideAYieldIsTurnedAway) {
     host.onYield = [&](int) { control->RefreshList(); };
     LoadEach();
