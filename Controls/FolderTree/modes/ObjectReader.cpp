@@ -70,12 +70,13 @@ void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& obje
             row = AppendRow(shell_.grid);
             FillRow(row, level, folder, path);
         }
-        // A folder below itself would never end.
-        if (!HasSubfolders(folder) || parent.IsBelow(folder.entryID)) return;
+        if (!HasSubfolders(folder)) return;
         if (!MayDescend(level)) {
             MarkUnread(shell_, row);
             return;
         }
+        // A folder below itself would never end.
+        if (parent.IsBelow(folder.entryID)) return;
         const Parent self{parent.storeID, folder.entryID, path, level, &parent};
         ForEachSubfolder(folder, [&](const ObjectRef& child) { GetFolders_Folder(self, child); });
     });

@@ -283,6 +283,14 @@ TEST_P(EachMode, AFolderBelowItselfIsNotReadAgain) {
     EXPECT_EQ(Grid().FindRow("Deep", 0, colName), -1);
 }
 
+TEST_P(EachMode, AFolderBelowItselfCanStillBeOpenedBeyondTheLimit) {
+    FolderNamed("Projects").children = {MailFolder("Projects again", "0011", {MailFolder("Deep", "0021")})};
+    LoadEach(IsRdo() ? 2 : 3);
+    EXPECT_EQ(Cell("Projects again", colIncomplete), "-1");
+    Open("Projects again");
+    EXPECT_EQ(Cell("Projects again", colIncomplete), "");
+}
+
 TEST_P(EachMode, ADeepHierarchyIsReadUpToTheDeepestLevel) {
     const auto nameOf = [](int32_t level) { return "F" + std::to_string(level); };
     constexpr int32_t depth = deepestWalkLevel + 100;
