@@ -66,8 +66,8 @@ void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& obje
         // The marks of a folder without a row of its own fall on the header row, as they always have.
         int32_t row = headerRow;
         if (folder.hasRow) {
-            shell_.ShowPath(path);
             row = AppendRow(shell_.grid);
+            shell_.ShowPath(path);
             FillRow(row, level, folder, path);
         }
         if (!HasSubfolders(folder)) return;
@@ -104,9 +104,10 @@ void ObjectReader::ExpandChild(ExpandedRows& rows, const ObjectRef& object, cons
     ObjectFolder folder(object, storeID);
     if (!ReadFolder(folder, Reading::Expansion)) return;
     const std::string path = shell_.grid.CellText(rows.Node(), colPath) + "\\" + folder.name;
-    shell_.ShowPath(path);
     const int16_t level = rows.ChildLevel();
-    FillRow(rows.InsertChild(), level, folder, path);
+    const int32_t row = rows.InsertChild();
+    shell_.ShowPath(path);
+    FillRow(row, level, folder, path);
     rows.KeepChild();
     if (HasSubfolders(folder)) rows.MarkChildUnread();
 }

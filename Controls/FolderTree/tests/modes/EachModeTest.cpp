@@ -360,6 +360,33 @@ TEST_P(EachMode, AnExpansionHasAnEmptyBarAndAPanelOfItsOwn) {
     ExpectIdle();
 }
 
+TEST_P(EachMode, AFoldersRowStandsEmptyWhileItsPathComesUp) {
+    int emptyRows = -1;
+    host.onYield = [&](int) {
+        if (emptyRows >= 0 || host.paths.empty() || !host.paths.back().ends_with("Alpha")) return;
+        emptyRows = 0;
+        for (int32_t row = 1; row < Grid().RowCount(); ++row) emptyRows += Grid().CellText(row, colRowKind).empty();
+    };
+    LoadEach();
+    EXPECT_EQ(emptyRows, 1) << "in a walk";
+    LoadEach(IsRdo() ? 1 : 2);
+    host.paths.clear();
+    emptyRows = -1;
+    Open("Projects");
+    EXPECT_EQ(emptyRows, 1) << "in an expansion";
+}
+
+TEST_P(EachMode, ATreeEmptiedWhileAFoldersPathComesUpIsToldInOneLineAFolder) {
+    host.onYield = [&](int) {
+        if (!host.paths.empty() && host.paths.back().ends_with("Zoo") && Grid().RowCount() > 3)
+            control->SetShowAddressBook(!control->ShowAddressBook());
+    };
+    LoadEach();
+    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(NamesOf(Grid())[0], "People") << "what follows is read";
+    ExpectIdle();
+}
+
 TEST_P(EachMode, ARefreshFromInsideAYieldIsTurnedAway) {
     host.onYield = [&](int) { control->RefreshList(); };
     LoadEach();
