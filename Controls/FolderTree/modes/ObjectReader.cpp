@@ -29,12 +29,6 @@ bool ObjectReader::HasSubfolders(ObjectFolder& folder) {
     return folder.subfolderCount > 0;
 }
 
-std::string ObjectReader::KeyOf(const ObjectFolder& folder) const {
-    std::string key;
-    key.reserve(folder.storeID.size() + folder.entryID.size() + 2);
-    return key.append("S").append(folder.storeID).append("|").append(folder.entryID);
-}
-
 void ObjectReader::ReadStore(const ObjectRef& store) {
     Guarded(shell_, mode_.storeLine, [&] { GetFolders_Store(store); });
 }
@@ -137,7 +131,7 @@ void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folde
     const std::string key = KeyOf(folder);
     FillFolderRow(shell_, row, static_cast<int16_t>(level),
                   {.name = folder.name,
-                   .storeID = folder.storeID,
+                   .storeID = mode_.rowsNameTheirStore ? std::string_view(folder.storeID) : std::string_view(),
                    .entryID = folder.entryID,
                    .entryIDShort = "",
                    .path = path,
@@ -147,6 +141,13 @@ void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folde
                    .itemType = folder.itemType});
     // A number can be typed only into a row that is ticked.
     shell_.grid.SetCellFormat(CellSetting::BackColor, row, colIndex, colors::buttonFace);
+}
+
+std::string ObjectReader::KeyOf(const ObjectFolder& folder) const {
+    if (!mode_.rowsNameTheirStore) return folder.entryID;
+    std::string key;
+    key.reserve(folder.storeID.size() + folder.entryID.size() + 2);
+    return key.append("S").append(folder.storeID).append("|").append(folder.entryID);
 }
 
 }  // namespace foldertree
