@@ -1,6 +1,7 @@
 // AddressListRowsTest: the address book's lists below their heading.
 #include <algorithm>
 
+#include "enumeration/WalkLimits.h"
 #include "modes/ModeTest.h"
 
 namespace foldertree::testing {
@@ -173,6 +174,16 @@ TEST_F(AddressLists, AListInsideItselfIsNotScannedAgain) {
     LoadMode(eISAccess_RDO_Objects);
     const Lines tree = Tree();
     EXPECT_EQ(Lines(tree.end() - 2, tree.end()), (Lines{"  Contacts[AdList]", "    Contacts[AdList]"}));
+}
+
+TEST_F(AddressLists, ADeepNestIsScannedToTheDeepestLevelOfAWalk) {
+    ModeAddressList chain = AddressList("innermost", "L");
+    for (int32_t level = deepestWalkLevel + 50; level > 0; --level)
+        chain = AddressList("list", std::to_string(level), {std::move(chain)});
+    mail.addressLists = {std::move(chain)};
+    LoadMode(eISAccess_RDO_Objects);
+    EXPECT_EQ(Grid().RowOutlineLevel(Grid().RowCount() - 1), deepestWalkLevel);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
 }
 
 TEST_F(AddressLists, ACancelInTheStoresLeavesThemOut) {

@@ -283,6 +283,14 @@ TEST_P(EachMode, AFolderBelowItselfIsNotReadAgain) {
     EXPECT_EQ(Grid().FindRow("Deep", 0, colName), -1);
 }
 
+TEST_P(EachMode, FoldersWithoutAnIdentifierAreNotTakenForOneAnother) {
+    FolderNamed("Projects").id = "";
+    FolderNamed("Alpha").id = "";
+    FolderNamed("Alpha").children = {MailFolder("Deep", "")};
+    LoadEach();
+    EXPECT_EQ(Cell("Deep", colPath), "Mailbox\\Inbox\\Projects\\Alpha\\Deep");
+}
+
 TEST_P(EachMode, AFolderBelowItselfCanStillBeOpenedBeyondTheLimit) {
     FolderNamed("Projects").children = {MailFolder("Projects again", "0011", {MailFolder("Deep", "0021")})};
     LoadEach(IsRdo() ? 2 : 3);
