@@ -8,8 +8,9 @@
 
 namespace foldertree {
 
-/// One access mode. The driver is handed the readers and names no mode. Unless said otherwise members may throw
-/// automation::Error, which ends the refresh with the driver's error line.
+/// One access mode; docs/architecture.md has a table of how they differ. The driver is handed the readers and names no
+/// mode. Unless said otherwise members may throw automation::Error, which ends the refresh with the driver's error
+/// line.
 class StoreReader {
   public:
     virtual ~StoreReader() = default;

@@ -19,6 +19,8 @@ namespace {
 
 constexpr ObjectMode mode{.storeRowKind = rowKind::store,
                           .idMember = "ID",
+                          .defaultStoreFirst = true,
+                          .rowsNameTheirStore = true,
                           .readsAtLimit = false,
                           .walksByPosition = false,
                           .storeLine = errorLines::storeCDO,

@@ -18,7 +18,6 @@ class CdoReader : public ObjectReader {
     void ReadDefaultFolders(DefaultFolderIDs& ids) override;
     bool Begin() override;
     automation::ObjectRef Stores() override;
-    bool DefaultStoreFirst() const override { return true; }
     bool IsDefaultStore(const automation::ObjectRef& store) override;
     void TraceStore() override {}
 

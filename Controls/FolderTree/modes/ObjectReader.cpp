@@ -29,12 +29,6 @@ bool ObjectReader::HasSubfolders(ObjectFolder& folder) {
     return folder.subfolderCount > 0;
 }
 
-std::string ObjectReader::KeyOf(const ObjectFolder& folder) const {
-    std::string key;
-    key.reserve(folder.storeID.size() + folder.entryID.size() + 2);
-    return key.append("S").append(folder.storeID).append("|").append(folder.entryID);
-}
-
 void ObjectReader::ReadStore(const ObjectRef& store) {
     Guarded(shell_, mode_.storeLine, [&] { GetFolders_Store(store); });
 }
@@ -66,16 +60,17 @@ void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& obje
         // The marks of a folder without a row of its own fall on the header row, as they always have.
         int32_t row = headerRow;
         if (folder.hasRow) {
-            shell_.ShowPath(path);
             row = AppendRow(shell_.grid);
+            shell_.ShowPath(path);
             FillRow(row, level, folder, path);
         }
-        // A folder below itself would never end.
-        if (!HasSubfolders(folder) || parent.IsBelow(folder.entryID)) return;
+        if (!HasSubfolders(folder)) return;
         if (!MayDescend(level)) {
             MarkUnread(shell_, row);
             return;
         }
+        // A folder below itself would never end.
+        if (parent.IsBelow(folder.entryID)) return;
         const Parent self{parent.storeID, folder.entryID, path, level, &parent};
         ForEachSubfolder(folder, [&](const ObjectRef& child) { GetFolders_Folder(self, child); });
     });
@@ -103,9 +98,10 @@ void ObjectReader::ExpandChild(ExpandedRows& rows, const ObjectRef& object, cons
     ObjectFolder folder(object, storeID);
     if (!ReadFolder(folder, Reading::Expansion)) return;
     const std::string path = shell_.grid.CellText(rows.Node(), colPath) + "\\" + folder.name;
-    shell_.ShowPath(path);
     const int16_t level = rows.ChildLevel();
-    FillRow(rows.InsertChild(), level, folder, path);
+    const int32_t row = rows.InsertChild();
+    shell_.ShowPath(path);
+    FillRow(row, level, folder, path);
     rows.KeepChild();
     if (HasSubfolders(folder)) rows.MarkChildUnread();
 }
@@ -135,7 +131,7 @@ void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folde
     const std::string key = KeyOf(folder);
     FillFolderRow(shell_, row, static_cast<int16_t>(level),
                   {.name = folder.name,
-                   .storeID = folder.storeID,
+                   .storeID = mode_.rowsNameTheirStore ? std::string_view(folder.storeID) : std::string_view(),
                    .entryID = folder.entryID,
                    .entryIDShort = "",
                    .path = path,
@@ -145,6 +141,13 @@ void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folde
                    .itemType = folder.itemType});
     // A number can be typed only into a row that is ticked.
     shell_.grid.SetCellFormat(CellSetting::BackColor, row, colIndex, colors::buttonFace);
+}
+
+std::string ObjectReader::KeyOf(const ObjectFolder& folder) const {
+    if (!mode_.rowsNameTheirStore) return folder.entryID;
+    std::string key;
+    key.reserve(folder.storeID.size() + folder.entryID.size() + 2);
+    return key.append("S").append(folder.storeID).append("|").append(folder.entryID);
 }
 
 }  // namespace foldertree

@@ -17,6 +17,8 @@ namespace foldertree {
 struct ObjectMode {
     std::string_view storeRowKind;
     std::string_view idMember;  ///< of stores and folders
+    bool defaultStoreFirst;     ///< else the stores stay in the session's order
+    bool rowsNameTheirStore;    ///< in colStoreID and in the key; else the folder's identifier alone is the key
     bool readsAtLimit;          ///< a folder at the level limit itself still has its children read
     bool walksByPosition;       ///< collections are walked by position, not by their enumeration
     ErrorLine storeLine;
@@ -48,6 +50,7 @@ class ObjectReader : public StoreReader {
     ObjectReader(ControlShell& shell, SelectionView& view, const ObjectMode& mode)
         : shell_(shell), view_(view), mode_(mode) {}
 
+    bool DefaultStoreFirst() const final { return mode_.defaultStoreFirst; }
     bool WalksByPosition() const final { return mode_.walksByPosition; }
     void ReadStore(const automation::ObjectRef& store) final;
     void ExpandNode(int32_t row) final;
@@ -65,7 +68,6 @@ class ObjectReader : public StoreReader {
     virtual bool ReadFolder(ObjectFolder& folder, Reading reading) = 0;
     /// By default a folder has subfolders when it has a collection of them that is not empty.
     virtual bool HasSubfolders(ObjectFolder& folder);
-    virtual std::string KeyOf(const ObjectFolder& folder) const;
 
     static std::string ReadText(const automation::ObjectRef& object, automation::Member member);
 
@@ -97,6 +99,7 @@ class ObjectReader : public StoreReader {
     template <class Visit>
     void ForEachSubfolder(ObjectFolder& folder, Visit&& visit);
     void FillRow(int32_t row, int32_t level, const ObjectFolder& folder, const std::string& path);
+    std::string KeyOf(const ObjectFolder& folder) const;
 
     SelectionView& view_;
     const ObjectMode& mode_;

@@ -12,6 +12,8 @@ namespace {
 
 constexpr ObjectMode mode{.storeRowKind = rowKind::folder,
                           .idMember = "EntryID",
+                          .defaultStoreFirst = false,
+                          .rowsNameTheirStore = false,
                           .readsAtLimit = false,
                           .walksByPosition = true,
                           .storeLine = errorLines::storeOOM,
@@ -45,7 +47,6 @@ ObjectRef OutlookReader::OpenFolder(const std::string& entryID, const std::strin
 
 bool OutlookReader::ReadFolder(ObjectFolder& folder, Reading) {
     automation::Object& object = Deref(folder.object);
-    folder.storeID.clear();
     folder.name = object.Get("Name").ToText();
     folder.entryID = object.Get("EntryID").ToText();
     folder.itemType = object.Get("DefaultItemType").ToLong();

@@ -13,7 +13,6 @@ class OutlookReader : public ObjectReader {
     void ReadDefaultFolders(DefaultFolderIDs& ids) override;
     bool Begin() override;
     automation::ObjectRef Stores() override;
-    bool DefaultStoreFirst() const override { return false; }
     bool IsDefaultStore(const automation::ObjectRef&) override { return false; }
     void TraceStore() override {}
 
@@ -24,8 +23,6 @@ class OutlookReader : public ObjectReader {
     automation::ObjectRef RootFolder(const automation::ObjectRef& store) override { return store; }
     automation::ObjectRef OpenFolder(const std::string& entryID, const std::string& storeID) override;
     bool ReadFolder(ObjectFolder& folder, Reading reading) override;
-    /// Rows of this mode know no store.
-    std::string KeyOf(const ObjectFolder& folder) const override { return folder.entryID; }
 
     automation::ObjectRef Namespace();
 };

@@ -14,6 +14,8 @@ namespace {
 
 constexpr ObjectMode mode{.storeRowKind = rowKind::store,
                           .idMember = "EntryID",
+                          .defaultStoreFirst = true,
+                          .rowsNameTheirStore = true,
                           .readsAtLimit = true,
                           .walksByPosition = false,
                           .storeLine = errorLines::storeRDOObj,

@@ -12,7 +12,6 @@ class RdoObjReader : public ObjectReader {
     void ReadDefaultFolders(DefaultFolderIDs& ids) override;
     bool Begin() override { return true; }
     automation::ObjectRef Stores() override;
-    bool DefaultStoreFirst() const override { return true; }
     bool IsDefaultStore(const automation::ObjectRef& store) override;
     void TraceStore() override { shell_.Trace("GetFolders: GetFolders: Mode: RDO_Obj"); }
 

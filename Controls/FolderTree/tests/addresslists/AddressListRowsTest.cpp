@@ -1,12 +1,14 @@
 // AddressListRowsTest: the address book's lists below their heading.
 #include <algorithm>
 
+#include "enumeration/WalkLimits.h"
 #include "modes/ModeTest.h"
 
 namespace foldertree::testing {
 namespace {
 
 using automation::Error;
+using automation::testing::ScriptedObject;
 
 constexpr uint32_t noSupport = 0x80040102;
 const std::string noSupportLine = "', error 0x80040102 encountered. AddressList scan is intentionally cancelled.";
@@ -174,6 +176,16 @@ TEST_F(AddressLists, AListInsideItselfIsNotScannedAgain) {
     EXPECT_EQ(Lines(tree.end() - 2, tree.end()), (Lines{"  Contacts[AdList]", "    Contacts[AdList]"}));
 }
 
+TEST_F(AddressLists, ADeepNestIsScannedToTheDeepestLevelOfAWalk) {
+    ModeAddressList chain = AddressList("innermost", "L");
+    for (int32_t level = deepestWalkLevel + 50; level > 0; --level)
+        chain = AddressList("list", std::to_string(level), {std::move(chain)});
+    mail.addressLists = {std::move(chain)};
+    LoadMode(eISAccess_RDO_Objects);
+    EXPECT_EQ(Grid().RowOutlineLevel(Grid().RowCount() - 1), deepestWalkLevel);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+}
+
 TEST_F(AddressLists, ACancelInTheStoresLeavesThemOut) {
     host.onYield = [&](int) {
         if (!host.paths.empty() && host.paths.back().ends_with("Inbox")) control->CancelLoad();
@@ -188,6 +200,23 @@ TEST_F(AddressLists, ACancelBeforeTheFirstListLeavesTheHeadingAlone) {
     };
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>"}));
+}
+
+TEST_F(AddressLists, ACancelInsideAListLeavesTheListsAfterItOut) {
+    const auto cancelWhenRead = [this](ScriptedObject& list) {
+        const automation::Value id = list.Held(list.HasMember("ID") ? "ID" : "EntryID");
+        list.Method(list.HasMember("ID") ? "ID" : "EntryID", [this, id](const automation::Invocation&) {
+            control->CancelLoad();
+            return id;
+        });
+    };
+    mail.addressLists[0].lists[0].adjust = cancelWhenRead;
+    LoadMode(eISAccess_RDO_Objects);
+    EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global", "Europe"}));
+    mail.addressLists[0].adjust = cancelWhenRead;
+    LoadMode(eISAccess_CDO);
+    EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global"}));
+    EXPECT_EQ(host.ErrorLines(), Lines{});
 }
 
 class FailingBook : public EachMode {

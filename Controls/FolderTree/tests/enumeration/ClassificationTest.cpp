@@ -2,6 +2,9 @@
 #include "enumeration/Classification.h"
 
 #include "enumeration/DefaultFolders.h"
+#include "modes/CdoReader.h"
+#include "modes/OutlookReader.h"
+#include "shell/GridSetup.h"
 #include "support/ControlTest.h"
 
 namespace foldertree::testing {
@@ -99,6 +102,22 @@ TEST_F(DefaultFolders, OutlookModeWithoutAnApplicationReadsNone) {
     EXPECT_EQ(host.Trace(), Lines{});
     control->SetRDOSessionRef(mailbox.Session());
     EXPECT_EQ(mailbox.log->Count(), 0u) << "the other mode's session is not asked";
+}
+
+TEST_F(DefaultFolders, AreAllUnknownWithoutAnApplicationOrASessionSoFoldersShowTheirTypes) {
+    ControlShell shell(host, factory);
+    SelectionSet selection(shell);
+    SelectionView view(shell, selection);
+    OutlookReader outlook(shell, view);
+    CdoReader cdo(shell, view);
+    DefaultFolderIDs& ids = shell.state.defaultFolders;
+    for (StoreReader* reader : {static_cast<StoreReader*>(&outlook), static_cast<StoreReader*>(&cdo)}) {
+        reader->ReadDefaultFolders(ids);
+        EXPECT_EQ(ids.inbox + ids.drafts + ids.outbox + ids.deletedItems + ids.sentItems + ids.notes + ids.defaultStore,
+                  "");
+        EXPECT_EQ(GetIcon(shell, FTIMailItem, "0001"), Picture::Mail);
+        EXPECT_EQ(GetIcon(shell, FTIMailItem, ""), Picture::Mail);
+    }
 }
 
 TEST_F(DefaultFolders, CdoModeWithoutASessionReadsNoneSoFoldersShowTheirTypes) {

@@ -55,6 +55,8 @@ TEST_F(Expansion, ANodeWhoseMarkIsZeroIsNotRead) {
     for (const char* mark : {"", "0", "abc"}) {
         Grid().SetCellText(Row("A"), colIncomplete, mark);
         Open("A");
+        EXPECT_EQ(Grid().NodeState(Row("A")), nodeExpanded) << "the node was asked to open";
+        Grid().SetNodeState(Row("A"), nodeCollapsed);
     }
     EXPECT_EQ(host.TraceCount("Getting folder reference"), 0u);
 }

@@ -73,18 +73,23 @@ TEST_F(Refresh, TheSelectionIsAppliedEvenWhenNothingCouldBeRead) {
 }
 
 TEST_F(Refresh, AnUnknownModeGivesAnEmptyTreeAndThenTheAddressLists) {
-    Load();
-    control->SetInfoStoreAccessMode(static_cast<enuInfoStoreAccessMode>(4));
     control->SetShowAddressBook(true);
+    Load();
+    ASSERT_GT(control->ListCount(), 1);
+    control->SetInfoStoreAccessMode(static_cast<enuInfoStoreAccessMode>(4));
     host.ClearTrace();
     control->RefreshList();
     EXPECT_EQ(host.Trace(),
               (Lines{"GetFolders: Refreshing view", "GetFolders: Adding address book(s)", "GetFolders: Done"}));
+    EXPECT_EQ(Tree(), Lines{"<address lists>[Header]"});
     ExpectIdle();
 }
 
 TEST_F(Refresh, NegativeAndHugeModesAreUnknownToo) {
     for (const int32_t mode : {-1, 5, 0x7FFFFFFF}) {
+        control->SetInfoStoreAccessMode(eISAccess_RDO_MAPITables);
+        Load();
+        ASSERT_GT(control->ListCount(), 0);
         control->SetInfoStoreAccessMode(static_cast<enuInfoStoreAccessMode>(mode));
         control->RefreshList();
         EXPECT_EQ(control->ListCount(), 0);

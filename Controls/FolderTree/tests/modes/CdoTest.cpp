@@ -118,6 +118,14 @@ TEST_F(Cdo, OnlyTheStoreWithTheDefaultIdentifierShowsTheHomePicture) {
     EXPECT_EQ(PictureOf(Grid(), Row("Public")), Picture::FolderOpen);
 }
 
+TEST_F(Cdo, TheHomePictureFollowsTheIdentifierAndTheOrderTheFlag) {
+    mail.defaultStoreID = "A1";
+    LoadCdo();
+    EXPECT_EQ(NamesOf(Grid()).front(), "Mailbox");
+    EXPECT_EQ(PictureOf(Grid(), Row("Mailbox")), Picture::FolderOpen);
+    EXPECT_EQ(PictureOf(Grid(), Row("Archive")), Picture::Home);
+}
+
 TEST_F(Cdo, LevelOneShowsTheTopLevelFoldersWithPlaceholders) {
     LoadCdo(1);
     EXPECT_EQ(Tree(), (Lines{"Mailbox[Store]", "  Inbox[unread][closed]", "    [Dummy]", "  People", "  Diary",

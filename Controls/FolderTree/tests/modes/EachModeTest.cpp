@@ -283,6 +283,22 @@ TEST_P(EachMode, AFolderBelowItselfIsNotReadAgain) {
     EXPECT_EQ(Grid().FindRow("Deep", 0, colName), -1);
 }
 
+TEST_P(EachMode, FoldersWithoutAnIdentifierAreNotTakenForOneAnother) {
+    FolderNamed("Projects").id = "";
+    FolderNamed("Alpha").id = "";
+    FolderNamed("Alpha").children = {MailFolder("Deep", "")};
+    LoadEach();
+    EXPECT_EQ(Cell("Deep", colPath), "Mailbox\\Inbox\\Projects\\Alpha\\Deep");
+}
+
+TEST_P(EachMode, AFolderBelowItselfCanStillBeOpenedBeyondTheLimit) {
+    FolderNamed("Projects").children = {MailFolder("Projects again", "0011", {MailFolder("Deep", "0021")})};
+    LoadEach(IsRdo() ? 2 : 3);
+    EXPECT_EQ(Cell("Projects again", colIncomplete), "-1");
+    Open("Projects again");
+    EXPECT_EQ(Cell("Projects again", colIncomplete), "");
+}
+
 TEST_P(EachMode, ADeepHierarchyIsReadUpToTheDeepestLevel) {
     const auto nameOf = [](int32_t level) { return "F" + std::to_string(level); };
     constexpr int32_t depth = deepestWalkLevel + 100;
@@ -314,6 +330,69 @@ TEST_P(EachMode, ClosingTheControlAtAnyYieldEndsTheLoad) {
         host.onYield = nullptr;
         host.closed = false;
     }
+}
+
+TEST_P(EachMode, TheBarGrowsByTheSubfoldersOfEachFolderAndAdvancesAfterEach) {
+    LoadEach();
+    // Two steps a store, the driver's and the reader's; the roots have 4 and 1 subfolders, Inbox 2 and Projects 1.
+    const double steps = 2 * 2 + 4 + 1 + 2 + 1;
+    EXPECT_EQ(host.highestMaximum, 1 + steps);
+    EXPECT_EQ(host.progressValue, steps);
+}
+
+TEST_P(EachMode, EachFolderYieldsAtItsPathAtItsStepAndOnceMore) {
+    LoadEach();
+    // Once when the panel appears; with each store at the driver's two steps, the reader's two and its count.
+    constexpr int started = 1 + 2 * 5;
+    EXPECT_EQ(host.yields, started + 8 * 3 + 2) << "8 folders; 2 of them have a count of their own";
+    EXPECT_EQ(host.paths.size(), 1u + 8u);
+}
+
+TEST_P(EachMode, AnExpansionHasAnEmptyBarAndAPanelOfItsOwn) {
+    FolderNamed("Projects").children.push_back(MailFolder("Beta", "0022"));
+    LoadEach(IsRdo() ? 1 : 2);
+    const int shown = host.panelShown;
+    host.paths.clear();
+    std::vector<std::pair<double, double>> bar;
+    host.onYield = [&](int) {
+        EXPECT_TRUE(host.panelVisible);
+        bar.emplace_back(host.progressMaximum, host.progressValue);
+    };
+    Open("Projects");
+    EXPECT_EQ(host.panelShown, shown + 1);
+    EXPECT_EQ(host.paths, (Lines{"", "Mailbox\\Inbox\\Projects\\Alpha", "Mailbox\\Inbox\\Projects\\Beta"}));
+    // The panel appears over what the last load left; then the count, and per child path, step and one more; the end.
+    bar.erase(bar.begin());
+    EXPECT_EQ(bar,
+              (std::vector<std::pair<double, double>>{{3, 0}, {3, 0}, {3, 1}, {3, 1}, {3, 1}, {3, 2}, {3, 2}, {3, 2}}));
+    ExpectIdle();
+}
+
+TEST_P(EachMode, AFoldersRowStandsEmptyWhileItsPathComesUp) {
+    int emptyRows = -1;
+    host.onYield = [&](int) {
+        if (emptyRows >= 0 || host.paths.empty() || !host.paths.back().ends_with("Alpha")) return;
+        emptyRows = 0;
+        for (int32_t row = 1; row < Grid().RowCount(); ++row) emptyRows += Grid().CellText(row, colRowKind).empty();
+    };
+    LoadEach();
+    EXPECT_EQ(emptyRows, 1) << "in a walk";
+    LoadEach(IsRdo() ? 1 : 2);
+    host.paths.clear();
+    emptyRows = -1;
+    Open("Projects");
+    EXPECT_EQ(emptyRows, 1) << "in an expansion";
+}
+
+TEST_P(EachMode, ATreeEmptiedWhileAFoldersPathComesUpIsToldInOneLineAFolder) {
+    host.onYield = [&](int) {
+        if (!host.paths.empty() && host.paths.back().ends_with("Zoo") && Grid().RowCount() > 3)
+            control->SetShowAddressBook(!control->ShowAddressBook());
+    };
+    LoadEach();
+    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(NamesOf(Grid())[0], "People") << "what follows is read";
+    ExpectIdle();
 }
 
 TEST_P(EachMode, ARefreshFromInsideAYieldIsTurnedAway) {

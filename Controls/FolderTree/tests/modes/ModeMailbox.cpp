@@ -68,11 +68,11 @@ ScriptedRef FolderObject(const SessionRef& session, const ModeStore& store, cons
     object->ReadOnly("Name", folder.name);
     object->ReadOnly(session->model == Model::Cdo ? "ID" : "EntryID", folder.id);
     if (session->model == Model::Cdo) object->ReadOnly("StoreID", store.id);
-    if (session->model != Model::Cdo) object->ReadOnly("DefaultItemType", folder.itemType);
-    if (session->model == Model::Rdo) {
-        object->ReadOnly("FolderKind", folder.kind);
+    if (session->model != Model::Cdo) {
+        object->ReadOnly("DefaultItemType", folder.itemType);
         object->ReadOnly("DefaultMessageClass", folder.messageClass);
     }
+    if (session->model == Model::Rdo) object->ReadOnly("FolderKind", folder.kind);
     if (session->model != Model::Outlook)
         object->Method("Fields", [session, &folder](const Invocation& call) { return Field(session, folder, call); });
     object->Method("Folders",
@@ -173,6 +173,7 @@ ObjectRef ListObject(const SessionRef& session, const ModeAddressList& list) {
     object->ReadOnly("Name", list.name);
     object->ReadOnly(session->model == Model::Cdo ? "ID" : "EntryID", list.id);
     object->Method("AddressLists", [session, &list](const Invocation&) { return ChildLists(session, list); });
+    if (list.adjust) list.adjust(*object);
     return object;
 }
 
@@ -196,8 +197,9 @@ ObjectRef Inbox(const SessionRef& session) {
 }
 
 Value DefaultStore(const SessionRef& session) {
+    const std::optional<std::string>& id = session->data.defaultStoreID;
     for (const ModeStore& store : session->data.stores)
-        if (store.isDefault) return StoreObject(session, store);
+        if (id ? store.id == *id : store.isDefault) return StoreObject(session, store);
     throw NotFound();
 }
 

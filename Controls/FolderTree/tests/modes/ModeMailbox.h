@@ -45,6 +45,8 @@ struct ModeAddressList {
     std::optional<automation::Error> countError;    ///< its child lists cannot be counted
     std::optional<automation::Error> deliverError;  ///< they can be counted but not got
     bool containsItself = false;
+    /// Changes the list's object before it is handed out.
+    std::function<void(automation::testing::ScriptedObject& list)> adjust;
 };
 
 ModeAddressList AddressList(std::string name, std::string id, std::vector<ModeAddressList> lists = {});
@@ -56,6 +58,8 @@ class ModeMailbox {
     std::vector<ModeStore> stores;
     std::vector<ModeAddressList> addressLists;
     std::string inboxID = "0001";
+    /// What the CDO session calls its default store; by default the first one that has the flag.
+    std::optional<std::string> defaultStoreID;
     std::shared_ptr<automation::testing::CallLog> log = std::make_shared<automation::testing::CallLog>();
 
     std::shared_ptr<automation::testing::ScriptedObject> RdoSession() const;

@@ -37,8 +37,8 @@ TEST_F(Outlook, SearchAndConfigurationFoldersAreListedLikeAnyOther) {
     FolderNamed("Zoo").kind = 2;
     FolderNamed("Projects").messageClass = "IPM.Configuration";
     LoadOutlook();
-    EXPECT_NE(Grid().FindRow("Zoo", 0, colName), -1);
-    EXPECT_NE(Grid().FindRow("Projects", 0, colName), -1);
+    EXPECT_EQ(Cell("Zoo", colRowKind), "Folder");
+    EXPECT_EQ(Cell("Projects", colItemType), "0");
 }
 
 TEST_F(Outlook, CollectionsAreReadByPosition) {

@@ -78,6 +78,10 @@ TEST_F(BulkSelection, SelectNoneInSingleSelectForgetsTheItem) {
     control->SelectNone();
     EXPECT_EQ(control->SelectedItem(), nullptr);
     EXPECT_EQ(TickedNames(), Lines{});
+    control->RefreshList();
+    EXPECT_EQ(TickedNames(), Lines{}) << "nor does it come back";
+    control->SetSelectedItem(HostItem("B2", "7777"));
+    EXPECT_EQ(control->SelectedItem(), nullptr) << "the row is forgotten too";
 }
 
 TEST_F(BulkSelection, SelectAllTicksNoStoreHeadingPlaceholderOrUnpickableRow) {
@@ -90,6 +94,21 @@ TEST_F(BulkSelection, SelectAllTicksNoStoreHeadingPlaceholderOrUnpickableRow) {
     EXPECT_EQ(host.changed, 0);
 }
 
+TEST_F(BulkSelection, RowsThatAreNothingToPickAreKnownByTheirKindInAnyLetterCase) {
+    for (const char* kind : {"STORE", "store", "Header", "hEADER", "DUMMY", "dummy"}) {
+        // Not by their colour: its first cell is that of an ordinary folder.
+        Grid().SetCellText(Row("People"), colRowKind, kind);
+        control->SelectAll();
+        EXPECT_FALSE(IsTicked(Grid(), Row("People"))) << kind;
+        control->SelectByType(FTIContactItem, false);
+        EXPECT_EQ(TickedNames(), Lines{}) << kind;
+        Grid().SetCellText(Row("People"), colSel, "-1");
+        control->SelectNone();
+        EXPECT_EQ(TickedNames(), Lines{"People"}) << kind << ": its tick is not the selection's";
+        Grid().SetCellText(Row("People"), colSel, "");
+    }
+}
+
 TEST_F(BulkSelection, SelectAllPassesOverTheStoreRowsOfTheMailClientToo) {
     LoadMode(eISAccess_Outlook);
     control->SelectAll();
@@ -99,6 +118,7 @@ TEST_F(BulkSelection, SelectAllPassesOverTheStoreRowsOfTheMailClientToo) {
 
 TEST_F(BulkSelection, SelectAllKeepsThePlaceOfItemsThatAreThere) {
     const auto collection = HandOver({HostItem("B2", "0004"), HostItem("B2", "7777")});
+    ItemsOf(collection)[0]->SetSelected(false);
     control->SelectAll();
     const Lines keys = KeysOf(collection);
     ASSERT_EQ(keys.size(), 9u);
@@ -112,6 +132,8 @@ TEST_F(BulkSelection, SelectAllDoesNothingInSingleSelect) {
     SelectSingle("Zoo");
     control->SelectAll();
     EXPECT_EQ(TickedNames(), Lines{"Zoo"});
+    EXPECT_EQ(control->Selection(), nullptr);
+    EXPECT_EQ(Cell("People", colIndex), " ");
 }
 
 TEST_F(BulkSelection, SelectByTypeLeavesOnlyThatTypePicked) {
@@ -163,6 +185,13 @@ TEST_F(BulkSelection, SelectByTypeKeepsTheNumberOfAnItemThatIsSelected) {
     control->SelectByType(FTIContactItem, true);
     EXPECT_EQ(Cell("Diary", colIndex), "1");
     EXPECT_EQ(Cell("People", colIndex), "2");
+}
+
+TEST_F(BulkSelection, SelectByTypeThatFindsNothingNewStillShowsTheSelection) {
+    Tick("Zoo");
+    Grid().SetCellText(Row("Zoo"), colSel, "0");
+    control->SelectByType(FTIAppointmentItem, true);
+    EXPECT_EQ(TickedNames(), Lines{"Zoo"});
 }
 
 TEST_F(BulkSelection, SelectByTypeMailPicksAddressListsToo) {

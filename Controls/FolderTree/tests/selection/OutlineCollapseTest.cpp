@@ -26,6 +26,16 @@ class OutlineCollapse : public ModeTest {
         return names;
     }
     void TickOnly(std::string_view name) { Grid().SetCellText(Row(name), colSel, "-1"); }
+    void CloseEveryRow() {
+        for (int32_t row = 1; row < Grid().RowCount(); ++row) Grid().SetNodeState(row, nodeCollapsed);
+    }
+    /// The names of the rows that are expanded, leaves too; without the last row, which is never looked at.
+    Lines Opened() {
+        Lines names;
+        for (int32_t row = 1; row < Grid().RowCount() - 1; ++row)
+            if (Grid().NodeState(row) == nodeExpanded) names.push_back(Grid().CellText(row, colName));
+        return names;
+    }
     /// The walk as it is told, word for word: without a class, without a shared loop.
     void Literally(const std::function<bool(int32_t)>& test) {
         for (int32_t row = 1; row < Grid().RowCount(); ++row) {
@@ -63,13 +73,12 @@ TEST_F(OutlineCollapse, AStoreWithoutTickedFoldersEndsCollapsed) {
 
 TEST_F(OutlineCollapse, TheAncestorsOfATickedFolderAreExpandedAndAllOtherBranchesCollapsed) {
     TickOnly("A12");
+    const Lines wanted{"Mailbox", "A", "A1", "A11"};  // the last one because the row behind it is ticked
     control->CollapseToSelection();
-    EXPECT_EQ(Grid().NodeState(Row("Mailbox")), nodeExpanded);
-    EXPECT_EQ(Grid().NodeState(Row("A")), nodeExpanded);
-    EXPECT_EQ(Grid().NodeState(Row("A1")), nodeExpanded);
-    EXPECT_EQ(Grid().NodeState(Row("A2")), nodeCollapsed);
-    EXPECT_EQ(Grid().NodeState(Row("B")), nodeCollapsed);
-    EXPECT_EQ(Grid().NodeState(Row("Other")), nodeCollapsed);
+    EXPECT_EQ(Opened(), wanted) << "of an open tree";
+    CloseEveryRow();
+    control->CollapseToSelection();
+    EXPECT_EQ(Opened(), wanted) << "of a closed tree";
 }
 
 TEST_F(OutlineCollapse, ARowWithoutDeeperRowsStaysOpenOnlyWhenTheNextRowIsTicked) {
@@ -94,13 +103,13 @@ TEST_F(OutlineCollapse, TheLastRowOfTheGridIsNeverLookedAt) {
 }
 
 TEST_F(OutlineCollapse, CollapseToTypeLeavesOnlyTheBranchesOfThatTypeOpen) {
-    control->CollapseToType(FTITaskItem);
-    EXPECT_EQ(Grid().NodeState(Row("Mailbox")), nodeExpanded);
     // The task folder is the first one in its branch, so the row before it is the branch itself.
-    EXPECT_EQ(Grid().NodeState(Row("B")), nodeExpanded);
-    EXPECT_EQ(Grid().NodeState(Row("A")), nodeCollapsed);
-    EXPECT_EQ(Grid().NodeState(Row("A1")), nodeCollapsed);
-    EXPECT_EQ(Grid().NodeState(Row("Other")), nodeCollapsed);
+    const Lines wanted{"Mailbox", "B"};
+    control->CollapseToType(FTITaskItem);
+    EXPECT_EQ(Opened(), wanted) << "of an open tree";
+    CloseEveryRow();
+    control->CollapseToType(FTITaskItem);
+    EXPECT_EQ(Opened(), wanted) << "of a closed tree";
 }
 
 TEST_F(OutlineCollapse, TicksSelectionAndRowsStayAsTheyAre) {
@@ -113,6 +122,52 @@ TEST_F(OutlineCollapse, TicksSelectionAndRowsStayAsTheyAre) {
     EXPECT_EQ(SelectedKeys(), keys);
     EXPECT_EQ(NamesOf(Grid()), names);
     EXPECT_EQ(host.changed, 0);
+}
+
+/// A view of the grid that fails when one row opens or closes.
+class FailingView : public TreeGridObserver {
+  public:
+    explicit FailingView(int32_t row) : row_(row) {}
+    void RowsInserted(int32_t, int32_t) override {}
+    void RowsRemoved(int32_t, int32_t) override {}
+    void RowsChanged(int32_t, int32_t) override {}
+    void OutlineChanged(int32_t row) override {
+        if (row == row_) throw automation::Error(0x80004005, "No view.");
+    }
+    void ColumnsChanged() override {}
+    void AppearanceChanged() override {}
+    void CurrentRowChanged() override {}
+
+  private:
+    int32_t row_;
+};
+
+TEST_F(OutlineCollapse, AnErrorTellsWhereTheWalkStoodAndCostsItsRowOnly) {
+    const std::string place = "_Recurse(?): 0x80004005] No view. CUR: 6, Start: 3, Finish: 6, Level: 2";
+    ASSERT_EQ(Row("A1"), 3);
+    FailingView view(Row("A1"));
+    Grid().AddObserver(&view);
+    control->CollapseToSelection();
+    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToSelection" + place});
+    EXPECT_EQ(Opened(), Lines{}) << "the other rows are folded";
+    Grid().RemoveObserver(&view);
+
+    Grid().SetNodeState(Row("A1"), nodeExpanded);
+    host.ClearTrace();
+    Grid().AddObserver(&view);
+    control->CollapseToType(FTIContactItem);
+    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToType" + place});
+    Grid().RemoveObserver(&view);
+}
+
+TEST_F(OutlineCollapse, AnErrorAtARowThatHasNothingBehindItTellsTheNextRow) {
+    FailingView view(Row("C1"));
+    Grid().AddObserver(&view);
+    control->CollapseToSelection();
+    ASSERT_EQ(Row("C1"), 13);
+    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToSelection_Recurse(?): 0x80004005] No view. "
+                                       "CUR: 14, Start: 13, Finish: 14, Level: 2"});
+    Grid().RemoveObserver(&view);
 }
 
 TEST_F(OutlineCollapse, AnEmptyTreeIsNoError) {
