@@ -1,0 +1,126 @@
+// ReferenceTest: the control and its literal version live through the same random sequences of events.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "reference/Comparison.h"
+#include "reference/LiteralControl.h"
+#include "reference/ProductControl.h"
+
+namespace foldertree::reference {
+namespace {
+
+struct Options {
+    int64_t events = 20000;
+    uint32_t seed = 1;
+    int length = 200;
+    double seconds = 15;  ///< stop after that long; 0 for never
+    std::string replay;
+};
+Options options;
+
+std::unique_ptr<ControlFace> MakeLiteralControl(ControlHost& host, automation::ObjectFactory& factory) {
+    return std::make_unique<LiteralControl>(host, factory);
+}
+
+/// The same as the literal control, but for one thing: it also numbers items that are not ticked.
+class WrongControl : public LiteralControl {
+  public:
+    using LiteralControl::LiteralControl;
+    void ReIndex() override {
+        LiteralControl::ReIndex();
+        if (grid.RowCount() > 3 && grid.CellText(3, colIndex) == "2") grid.SetCellText(3, colIndex, "02");
+    }
+};
+
+std::unique_ptr<ControlFace> MakeWrongControl(ControlHost& host, automation::ObjectFactory& factory) {
+    return std::make_unique<WrongControl>(host, factory);
+}
+
+Comparison WithLiteral() {
+    return Comparison(MakeProductControl, MakeLiteralControl);
+}
+
+std::string Report(const Comparison& comparison, const Sequence& sequence) {
+    const Sequence small = comparison.Shrink(sequence);
+    const auto finding = comparison.Run(small);
+    return "reference_tests --replay=\"" + Write(small) + "\"\n" + (finding ? finding->text : "(no longer)");
+}
+
+TEST(Reference, RandomSequencesGiveTheSameInBothControls) {
+    const Comparison comparison = WithLiteral();
+    const auto start = std::chrono::steady_clock::now();
+    const auto elapsed = [&] {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    int64_t events = 0;
+    uint32_t seed = options.seed;
+    for (; events < options.events && (options.seconds <= 0 || elapsed() < options.seconds); ++seed) {
+        std::mt19937 random(seed);
+        const Sequence sequence = RandomSequence(random, options.length);
+        events += static_cast<int64_t>(sequence.size());
+        if (comparison.Run(sequence)) FAIL() << "seed " << seed << "\n" << Report(comparison, sequence);
+    }
+    std::cout << events << " events, seeds " << options.seed << " to " << seed - 1 << ", " << elapsed() << " s\n";
+}
+
+TEST(Reference, APlantedDifferenceIsFoundAndCutDown) {
+    const Comparison comparison(MakeLiteralControl, MakeWrongControl);
+    for (uint32_t seed = 1; seed < 200; ++seed) {
+        std::mt19937 random(seed);
+        const Sequence sequence = RandomSequence(random, 200);
+        if (!comparison.Run(sequence)) continue;
+        const Sequence small = comparison.Shrink(sequence);
+        EXPECT_TRUE(comparison.Run(small));
+        EXPECT_LE(small.size(), 6u) << Write(small);
+        EXPECT_EQ(Read(Write(small)), small);
+        return;
+    }
+    FAIL() << "no sequence has found it";
+}
+
+TEST(Reference, TheGivenSequenceGivesTheSameInBothControls) {
+    if (options.replay.empty()) GTEST_SKIP() << "no --replay";
+    if (const auto finding = WithLiteral().Run(Read(options.replay)))
+        FAIL() << "after " << finding->events << " events\n" << finding->text;
+}
+
+bool Takes(const std::string& argument, const std::string& name, std::string& value) {
+    if (!argument.starts_with(name)) return false;
+    value = argument.substr(name.size());
+    return true;
+}
+
+}  // namespace
+
+bool ReadOption(const std::string& argument) {
+    std::string value;
+    if (Takes(argument, "--events=", value)) {
+        options.events = std::stoll(value);
+        options.seconds = 0;
+    } else if (Takes(argument, "--seed=", value)) {
+        options.seed = static_cast<uint32_t>(std::stoul(value));
+    } else if (Takes(argument, "--length=", value)) {
+        options.length = std::stoi(value);
+    } else if (Takes(argument, "--replay=", value)) {
+        options.replay = value;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+}  // namespace foldertree::reference
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    for (int i = 1; i < argc; ++i) {
+        if (foldertree::reference::ReadOption(argv[i])) continue;
+        std::cerr << "usage: reference_tests [--events=N] [--seed=S] [--length=L] [--replay=SEQUENCE]\n";
+        return EXIT_FAILURE;
+    }
+    return RUN_ALL_TESTS();
+}
