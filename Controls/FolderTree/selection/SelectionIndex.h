@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "selection/SelectionSet.h"
@@ -18,8 +17,9 @@ class SelectionIndex {
   public:
     explicit SelectionIndex(SelectionSet& selection);
 
-    /// The item under that key; a null one when there is none.
+    /// The first item with that key; a null one when there is none.
     SelItem Find(std::string_view key) const;
+    /// Takes out the first item with that key. A host may have filed a second one under a key of its own; that stays.
     bool Remove(std::string_view key);
     /// Adds at the end, under the item's own key.
     void Add(const SelItem& item);
@@ -27,9 +27,17 @@ class SelectionIndex {
     void Flush();
 
   private:
+    /// The items of one key, in collection order. More than one is rare, so the others have their place only then.
+    struct Items {
+        SelItem first;
+        std::vector<SelItem> others;
+    };
+
+    void File(std::string foldedKey, SelItem item);
+
     SelectionSet& selection_;
-    std::unordered_map<std::string, SelItem> items_;  ///< by case-folded key
-    std::unordered_set<std::string> removed_;         ///< case-folded keys of items to take out
+    std::unordered_map<std::string, Items> items_;     ///< by case-folded key
+    std::unordered_map<std::string, size_t> removed_;  ///< how many items of a case-folded key are to be taken out
 };
 
 }  // namespace foldertree

@@ -10,6 +10,10 @@
 #include "reference/LiteralControl.h"
 #include "reference/ProductControl.h"
 
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/common_interface_defs.h>
+#endif
+
 namespace foldertree::reference {
 namespace {
 
@@ -26,19 +30,29 @@ std::unique_ptr<ControlFace> MakeLiteralControl(ControlHost& host, automation::O
     return std::make_unique<LiteralControl>(host, factory);
 }
 
-/// The same as the literal control, but for one thing: it also numbers items that are not ticked.
+/// The same as the literal control, but for one thing: it writes the number of the second pick with two digits.
 class WrongControl : public LiteralControl {
   public:
     using LiteralControl::LiteralControl;
     void ReIndex() override {
         LiteralControl::ReIndex();
-        if (grid.RowCount() > 3 && grid.CellText(3, colIndex) == "2") grid.SetCellText(3, colIndex, "02");
+        for (int32_t row = 1; row < grid.RowCount(); ++row)
+            if (grid.CellText(row, colIndex) == "2") grid.SetCellText(row, colIndex, "02");
     }
 };
 
 std::unique_ptr<ControlFace> MakeWrongControl(ControlHost& host, automation::ObjectFactory& factory) {
     return std::make_unique<WrongControl>(host, factory);
 }
+
+/// What runs now: a sanitizer that ends the program says which sequence it was.
+Sequence running;
+
+#if defined(__SANITIZE_ADDRESS__)
+void TellSequence() {
+    std::cerr << "reference_tests --replay=\"" << Write(running) << "\"\n";
+}
+#endif
 
 Comparison WithLiteral() {
     return Comparison(MakeProductControl, MakeLiteralControl);
@@ -60,7 +74,7 @@ TEST(Reference, RandomSequencesGiveTheSameInBothControls) {
     uint32_t seed = options.seed;
     for (; events < options.events && (options.seconds <= 0 || elapsed() < options.seconds); ++seed) {
         std::mt19937 random(seed);
-        const Sequence sequence = RandomSequence(random, options.length);
+        const Sequence sequence = running = RandomSequence(random, options.length);
         events += static_cast<int64_t>(sequence.size());
         if (comparison.Run(sequence)) FAIL() << "seed " << seed << "\n" << Report(comparison, sequence);
     }
@@ -84,7 +98,8 @@ TEST(Reference, APlantedDifferenceIsFoundAndCutDown) {
 
 TEST(Reference, TheGivenSequenceGivesTheSameInBothControls) {
     if (options.replay.empty()) GTEST_SKIP() << "no --replay";
-    if (const auto finding = WithLiteral().Run(Read(options.replay)))
+    running = Read(options.replay);
+    if (const auto finding = WithLiteral().Run(running))
         FAIL() << "after " << finding->events << " events\n" << finding->text;
 }
 
@@ -95,6 +110,12 @@ bool Takes(const std::string& argument, const std::string& name, std::string& va
 }
 
 }  // namespace
+
+void TellSequenceOnDeath() {
+#if defined(__SANITIZE_ADDRESS__)
+    __sanitizer_set_death_callback(TellSequence);
+#endif
+}
 
 bool ReadOption(const std::string& argument) {
     std::string value;
@@ -122,5 +143,6 @@ int main(int argc, char** argv) {
         std::cerr << "usage: reference_tests [--events=N] [--seed=S] [--length=L] [--replay=SEQUENCE]\n";
         return EXIT_FAILURE;
     }
+    foldertree::reference::TellSequenceOnDeath();
     return RUN_ALL_TESTS();
 }
