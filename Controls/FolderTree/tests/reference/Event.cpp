@@ -70,17 +70,23 @@ Kind KindNamed(const std::string& name) {
     throw std::invalid_argument("There is no event " + name);
 }
 
+constexpr std::array<const char*, 5> places{"", "yield", "changed", "property", "call"};
+
+Place PlaceNamed(const std::string& name) {
+    for (size_t i = 1; i < places.size(); ++i)
+        if (name == places[i]) return static_cast<Place>(i);
+    throw std::invalid_argument("There is no place " + name);
+}
+
 Event ReadOne(const std::string& text) {
     std::istringstream in(text);
     std::string name;
     in >> name;
     Event event;
     if (const size_t at = name.find('@'); at != std::string::npos) {
-        const std::string when = name.substr(at + 1);
-        const bool yield = when.starts_with("yield");
-        if (!yield && !when.starts_with("changed")) throw std::invalid_argument("When is " + when);
-        event.place = yield ? Place::InYield : Place::InChanged;
-        event.wait = std::stoi(when.substr(yield ? 5 : 7));
+        const size_t number = name.find_first_of("0123456789", at);
+        event.place = PlaceNamed(name.substr(at + 1, number - at - 1));
+        event.wait = number == std::string::npos ? 1 : std::stoi(name.substr(number));
         name.resize(at);
     }
     event.kind = KindNamed(name);
@@ -111,8 +117,8 @@ std::string Write(const Sequence& sequence) {
     for (const Event& event : sequence) {
         if (!text.empty()) text += "; ";
         text += NameOf(event.kind);
-        if (event.place == Place::InYield) text += "@yield" + std::to_string(event.wait);
-        if (event.place == Place::InChanged) text += "@changed" + std::to_string(event.wait);
+        if (event.place != Place::Now)
+            text += std::string("@") + places[static_cast<size_t>(event.place)] + std::to_string(event.wait);
         if (event.a != 0 || event.b != 0 || event.c != 0) text += " " + std::to_string(event.a);
         if (event.b != 0 || event.c != 0) text += " " + std::to_string(event.b);
         if (event.c != 0) text += " " + std::to_string(event.c);
@@ -136,17 +142,27 @@ Sequence RandomSequence(std::mt19937& random, int length) {
         {Kind::Refresh}};
     while (static_cast<int>(sequence.size()) < length) {
         Event event{RandomKind(random), Below(random, 64), Below(random, 64), Below(random, 16)};
-        const int when = Below(random, 10);
-        if (when == 0) {
-            event.place = Place::InYield;
-            event.wait = 1 + Below(random, 24);
-        } else if (when == 1 && Below(random, 3) == 0) {
-            event.place = Place::InChanged;
-            event.wait = 1 + Below(random, 3);
+        switch (Below(random, 30)) {
+            case 0:
+            case 1:
+            case 2:
+                event.place = Place::InYield;
+                event.wait = 1 + Below(random, 24);
+                break;
+            case 3:
+                event.place = Place::InCall;
+                event.wait = 1 + Below(random, 60);
+                break;
+            case 4:
+                event.place = Below(random, 3) ? Place::InChanged : Place::InProperty;
+                event.wait = 1 + Below(random, 3);
+                break;
+            default:
+                break;
         }
         sequence.push_back(event);
-        // What waits for a yield needs a load.
-        if (event.place == Place::InYield && Below(random, 2) == 0)
+        // What waits for a yield or a call needs a load.
+        if ((event.place == Place::InYield || event.place == Place::InCall) && Below(random, 2) == 0)
             sequence.push_back({Below(random, 2) ? Kind::Refresh : Kind::OpenNode, Below(random, 64)});
     }
     return sequence;

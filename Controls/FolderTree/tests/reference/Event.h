@@ -60,8 +60,10 @@ enum class Kind {
     Count
 };
 
-/// When: at once, or inside the yield or the notification `Changed` with that number from now on.
-enum class Place { Now, InYield, InChanged };
+/// When: at once, or inside the yield, the notification `Changed`, the notification of a changed property or the call
+/// to the provider with that number from now on. A call to another process lets messages in, so a host can act inside
+/// it.
+enum class Place { Now, InYield, InChanged, InProperty, InCall };
 
 /// Numbers mean something modulo what there is to choose from, so every part of a sequence is a sequence.
 struct Event {

@@ -96,6 +96,28 @@ TEST(Reference, APlantedDifferenceIsFoundAndCutDown) {
     FAIL() << "no sequence has found it";
 }
 
+/// Sequences after which the two once differed.
+struct Kept {
+    const char* name;
+    const char* events;
+};
+
+constexpr Kept kept[] = {
+    {"AnItemFiledTwiceIsTakenOutOnce",
+     "LoadSettings 0 0 3; Refresh; Tick 1; ReadSelection; AddToCollection 0 0 1; SelectByType 1"},
+};
+
+class KeptSequence : public ::testing::TestWithParam<Kept> {};
+
+TEST_P(KeptSequence, GivesTheSameInBothControls) {
+    running = Read(GetParam().events);
+    if (const auto finding = WithLiteral().Run(running))
+        FAIL() << "after " << finding->events << " events\n" << finding->text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Reference, KeptSequence, ::testing::ValuesIn(kept),
+                         [](const auto& sequence) { return std::string(sequence.param.name); });
+
 TEST(Reference, TheGivenSequenceGivesTheSameInBothControls) {
     if (options.replay.empty()) GTEST_SKIP() << "no --replay";
     running = Read(options.replay);

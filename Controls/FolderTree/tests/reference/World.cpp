@@ -431,14 +431,20 @@ void World::RaiseChanged() {
     Due(Place::InChanged);
 }
 
+void World::PropertyChanged(std::string_view name) {
+    Note("property " + std::string(name));
+    Due(Place::InProperty);
+}
+
 void World::TraceLine(std::string_view line) {
     Note(WithoutSourceLine(std::string(line)));
 }
 
 void World::Called(const std::string& object, std::string_view member) {
-    ++calls_;
+    const int number = ++calls_;
     Note("call " + object + "." + std::string(member));
-    if (calls_ == failAt_) throw Error(automation::errors::unspecified, "The call failed.");
+    Due(Place::InCall);
+    if (number == failAt_) throw Error(automation::errors::unspecified, "The call failed.");
 }
 
 // Comparison

@@ -59,7 +59,7 @@ class World : private ControlHost, private CallSink {
     automation::ObjectRef AmbientFont() override { return nullptr; }
     int TwipsPerPixel() override { return 15; }
     void RaiseChanged() override;
-    void PropertyChanged(std::string_view name) override { Note("property " + std::string(name)); }
+    void PropertyChanged(std::string_view name) override;
     void TraceLine(std::string_view line) override;
     // CallSink
     void Called(const std::string& object, std::string_view member) override;
