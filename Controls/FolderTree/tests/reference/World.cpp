@@ -413,7 +413,7 @@ std::string World::PanelText() const {
 }
 
 void World::Yield() {
-    Note("yield " + PanelText());
+    Note("yield at " + std::to_string(control_->RowCount()) + " rows, " + PanelText());
     Due(Place::InYield);
 }
 
