@@ -52,6 +52,7 @@ constexpr std::array<KindFacts, static_cast<size_t>(Kind::Count)> kinds{{
     {"CollapseToType", 6},
     {"ReadCDOSession", 2},
     {"AddFolder", 14},
+    {"AddManyFolders", 0},
     {"RemoveFolder", 10},
     {"ChangeFolder", 8},
     {"MakeFolderOdd", 10},

@@ -51,6 +51,7 @@ enum class Kind {
     ReadCDOSession,
     // The provider
     AddFolder,
+    AddManyFolders,  ///< several hundred below one parent
     RemoveFolder,
     ChangeFolder,
     MakeFolderOdd,

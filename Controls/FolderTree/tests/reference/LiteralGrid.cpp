@@ -89,15 +89,11 @@ OleColor LiteralGrid::BackColor(int32_t row, int col) const {
 std::vector<int32_t> LiteralGrid::VisibleRows() const {
     std::vector<int32_t> visible;
     for (int32_t row = 1; row < RowCount(); ++row) {
-        bool hiddenByNode = false;
-        // Each row above that lies less deep than all between is an ancestor.
-        int16_t level = RowOutlineLevel(row);
-        for (int32_t above = row - 1; above >= 1; --above) {
-            if (RowOutlineLevel(above) >= level) continue;
-            level = RowOutlineLevel(above);
-            if (At(above).isNode && NodeState(above) == 2) hiddenByNode = true;
-        }
-        if (!hiddenByNode) visible.push_back(row);
+        visible.push_back(row);
+        if (!At(row).isNode || NodeState(row) != 2) continue;
+        // What lies deeper below a collapsed node is hidden.
+        const int16_t level = RowOutlineLevel(row);
+        while (row + 1 < RowCount() && RowOutlineLevel(row + 1) > level) ++row;
     }
     return visible;
 }

@@ -58,7 +58,8 @@ std::string Hex(const std::vector<uint8_t>& bytes) {
 }
 
 std::vector<uint8_t> IdBytes(uint8_t flags, int32_t id) {
-    return {flags, static_cast<uint8_t>(id & 0xFF)};
+    if (id > 0xFF) return {flags, static_cast<uint8_t>(id >> 8), static_cast<uint8_t>(id & 0xFF)};
+    return {flags, static_cast<uint8_t>(id)};
 }
 
 std::string LongID(const MailFolder& folder) {
@@ -337,10 +338,13 @@ ObjectRef DefaultFolder(const Session& session, const std::string& id) {
     });
 }
 
-/// Inbox, drafts, and for the others identifiers that no folder has.
+/// By the numbers of all object models at once; some are folders of the first mail.
 ObjectRef NumberedFolder(const Session& session, int32_t number) {
     if (number == 6) return DefaultFolder(session, session.mail->inbox);
     if (number == 16) return DefaultFolder(session, "0004");
+    if (number == 3) return DefaultFolder(session, "0012");
+    if (number == 4) return DefaultFolder(session, "0030");
+    if (number == 5) return DefaultFolder(session, "0002");
     if (number == 7) throw NotFound();
     return DefaultFolder(session, "D" + std::to_string(number));
 }
@@ -448,19 +452,30 @@ std::vector<MailFolderRef> Mail::FoldersBelowRoots() const {
     return all;
 }
 
+std::vector<MailListRef> Mail::AllLists() const {
+    std::vector<MailListRef> all = lists;
+    for (size_t i = 0; i < all.size(); ++i) {
+        const MailListRef list = all[i];
+        all.insert(all.end(), list->lists.begin(), list->lists.end());
+    }
+    return all;
+}
+
 std::shared_ptr<Mail> FirstMail() {
     auto mail = std::make_shared<Mail>();
     auto searches = NewFolder("Searches", 0x15, 0, {NewFolder("Found", 0x16, 0)});
     searches->kind = 2;
+    auto deepSearch = NewFolder("Unread", 0x23, 0);
+    deepSearch->kind = 2;
     mail->stores = {
         NewStore("Archive", "A1", false, {NewFolder("Old mail", 0x30, 0, {NewFolder("Older", 0x31, 0)})}),
-        NewStore(
-            "Mailbox", "B2", true,
-            {NewFolder("Inbox", 0x01, 0,
-                       {NewFolder("Zoo", 0x12, 0),
-                        NewFolder("Projects", 0x11, 0, {NewFolder("Alpha", 0x21, 5), NewFolder("Beta", 0x22, 6)})}),
-             NewFolder("People", 0x02, 1, {NewFolder("Friends", 0x13, 1)}), NewFolder("Diary", 0x03, 3), searches,
-             NewFolder("Settings", 0x14, 7), NewFolder("Drafts", 0x04, 0)}),
+        NewStore("Mailbox", "B2", true,
+                 {NewFolder("Inbox", 0x01, 0,
+                            {NewFolder("Zoo", 0x12, 0),
+                             NewFolder("Projects", 0x11, 0,
+                                       {NewFolder("Alpha", 0x21, 5), NewFolder("Beta", 0x22, 6), deepSearch})}),
+                  NewFolder("People", 0x02, 1, {NewFolder("Friends", 0x13, 1)}), NewFolder("Diary", 0x03, 3), searches,
+                  NewFolder("Settings", 0x14, 7), NewFolder("Drafts", 0x04, 0)}),
         NewStore("Shared", "C3", false, {}),
     };
     mail->stores[0]->provider = 1;

@@ -65,6 +65,8 @@ struct Mail {
     std::vector<MailFolderRef> Folders() const;
     /// The same, without the roots.
     std::vector<MailFolderRef> FoldersBelowRoots() const;
+    /// Nested ones too.
+    std::vector<MailListRef> AllLists() const;
 };
 
 /// The mailbox that every sequence begins with.

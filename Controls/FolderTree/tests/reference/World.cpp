@@ -311,6 +311,18 @@ void World::DoProvider(const Event& event) {
                             folder);
             return;
         }
+        case Kind::AddManyFolders: {
+            if (folders.size() >= mostFolders) return;
+            MailFolder& parent = *any(event.a);
+            for (int i = 0; i < 200 + event.b * 8; ++i) {
+                auto folder = std::make_shared<MailFolder>();
+                folder->id = 0x1000 + i;
+                folder->name = "Many " + std::to_string(i);
+                folder->folderClass = i % 6;
+                parent.children.push_back(folder);
+            }
+            return;
+        }
         case Kind::RemoveFolder:
             if (folders.empty()) return;
             for (const MailFolderRef& parent : all)
@@ -390,8 +402,8 @@ void World::DoProvider(const Event& event) {
             }
         }
         case Kind::ChangeLists: {
-            if (mail_->lists.empty()) return;
-            MailList& list = *mail_->lists[Index(event.a, mail_->lists.size())];
+            const std::vector<MailListRef> lists = mail_->AllLists();
+            MailList& list = *lists[Index(event.a, lists.size())];
             if (event.b % 4 == 0) list.countFails = event.c % 3;
             if (event.b % 4 == 1) list.deliverFails = event.c % 2 != 0;
             if (event.b % 4 == 2) list.id = "E" + std::to_string(event.c % 5);
