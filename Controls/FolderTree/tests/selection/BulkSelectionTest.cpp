@@ -178,6 +178,16 @@ TEST_F(BulkSelection, SelectByTypeTakesOutOnlyTheFirstOfTwoItemsWithOneKey) {
     EXPECT_TRUE(IsTicked(Grid(), Row("Zoo")));
 }
 
+TEST_F(BulkSelection, AnErrorInSelectByTypeLeavesOutWhatWasTakenOutBefore) {
+    const ItemRef people = HostItem("B2", "0002");
+    const auto collection = HandOver({HostItem("B2", "0012"), people});
+    // The row's item is not recognised, and a new one finds its key taken.
+    Grid().SetCellText(Row("People"), colKey, "another key");
+    control->SelectByType(FTIContactItem, false);
+    EXPECT_EQ(ItemsOf(collection), std::vector{people});
+    EXPECT_EQ(host.ErrorLines().size(), 1u);
+}
+
 TEST_F(BulkSelection, SelectByTypeMailPicksAddressListsToo) {
     control->SelectByType(FTIMailItem, false);
     EXPECT_TRUE(IsTicked(Grid(), Row("Global"))) << "a row without an item type counts as 0";
