@@ -122,10 +122,10 @@ void LiteralControl::GetFolderIDs() {
             sent_ = folderID(session, 5);
             notes_ = folderID(session, 12);
         };
-        if (settings_.mode == 0 || settings_.mode == 1) readAll(session_);
-        if (settings_.mode == 2 && application_ != nullptr)
-            readAll(application_->Get("GetNamespace", "MAPI").RequireObject());
-        if (settings_.mode == 3) GetFolderIDs_CDO();
+        const int32_t mode = settings_.mode;
+        if (mode == 0 || mode == 1) readAll(session_);
+        if (mode == 2 && application_ != nullptr) readAll(application_->Get("GetNamespace", "MAPI").RequireObject());
+        if (mode == 3) GetFolderIDs_CDO();
     });
 }
 
