@@ -73,7 +73,7 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
         int32_t high = bAdditional ? selection_.GetHighIndex() : -1;
         bool changed = false;
         SelectionIndex index(selection_);
-        ForEachPickRow([&](int32_t row) {
+        const auto pickOrTakeOut = [&](int32_t row) {
             const std::string key = shell_.grid.CellText(row, colKey);
             const bool matches =
                 shell_.grid.CellValue(row, colItemType) == static_cast<double>(eType) && MayBePicked(row);
@@ -89,8 +89,11 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
                 item.SetIndex(high = SelectionSet::NextIndex(high));
                 changed = true;
             }
-        });
+        };
+        const auto error = Attempt([&] { ForEachPickRow(pickOrTakeOut); });
+        // What was taken out before an error is out.
         index.Flush();
+        if (error) throw *error;
         const SelectionView::FoundRows found = changed ? view_.ReIndex() : SelectionView::FoundRows();
         if (!bAdditional) UntickRowsWithoutItem(index);
         view_.ApplySelection(found);

@@ -2,6 +2,8 @@
 #include "selection/OrderedInsertion.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <optional>
 
 #include "automation/Collection.h"
@@ -38,7 +40,9 @@ void OrderedInsertion::ReadIndexes() {
 void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
     const double number = grid.CellValue(row, colIndex);
     const std::string key = grid.CellText(row, colKey);
-    SelItem item = incompleteLeft_ ? selection_.GetSelItemByKey(key) : SelItem();
+    // An item made from a row with a number beyond all items has no key, and would not show that the row's is taken.
+    const bool lookFirst = incompleteLeft_ || std::abs(number) > std::numeric_limits<int32_t>::max();
+    SelItem item = lookFirst ? selection_.GetSelItemByKey(key) : SelItem();
     const bool incomplete = item && item.Incomplete();
     if (!item) item = SelItem(selection_.CreateSelItemFromRow(row));
     const int32_t index = item.Index();

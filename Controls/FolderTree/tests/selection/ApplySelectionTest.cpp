@@ -251,6 +251,16 @@ TEST_F(Applying, ARowWhoseKeyIsTakenIsPassedOverWithAnErrorLine) {
     EXPECT_EQ(host.ErrorLines()[0].substr(0, 53), "Error in ctlFolderTree.RefreshSelection(?): 0x1C9] Th");
 }
 
+TEST_F(Applying, ARowWithASenselessNumberWhoseKeyIsTakenLeavesNoItemBehind) {
+    Load();
+    Tick("Inbox");
+    Grid().SetCellText(Row("Zoo"), colKey, Cell("Inbox", colKey));
+    Grid().SetCellText(Row("Zoo"), colSel, "-1");
+    Grid().SetCellText(Row("Zoo"), colIndex, "99999999999");
+    EXPECT_EQ(SelectedKeys(), Lines{"SB2|0001"});
+    EXPECT_EQ(host.ErrorLines().size(), 1u);
+}
+
 TEST_F(Applying, AForeignObjectIsTickedAndStaysIncomplete) {
     Load();
     const auto stranger = std::make_shared<ScriptedObject>("Stranger");

@@ -194,6 +194,29 @@ TEST_F(BulkSelection, SelectByTypeThatFindsNothingNewStillShowsTheSelection) {
     EXPECT_EQ(TickedNames(), Lines{"Zoo"});
 }
 
+TEST_F(BulkSelection, SelectByTypeTakesOutOnlyTheFirstOfTwoItemsWithOneKey) {
+    const ItemRef first = HostItem("B2", "0012");
+    const ItemRef second = HostItem("B2", "0012");
+    const auto collection = HandOver({first});
+    collection->Add(automation::Value(second), "the host's own key", automation::Missing(), automation::Missing());
+    control->SelectByType(FTIContactItem, false);
+    const std::vector<ItemRef> left = ItemsOf(collection);
+    EXPECT_EQ(std::count(left.begin(), left.end(), first), 0);
+    EXPECT_EQ(std::count(left.begin(), left.end(), second), 1);
+    // The item that stays keeps its row ticked.
+    EXPECT_TRUE(IsTicked(Grid(), Row("Zoo")));
+}
+
+TEST_F(BulkSelection, AnErrorInSelectByTypeLeavesOutWhatWasTakenOutBefore) {
+    const ItemRef people = HostItem("B2", "0002");
+    const auto collection = HandOver({HostItem("B2", "0012"), people});
+    // The row's item is not recognised, and a new one finds its key taken.
+    Grid().SetCellText(Row("People"), colKey, "another key");
+    control->SelectByType(FTIContactItem, false);
+    EXPECT_EQ(ItemsOf(collection), std::vector{people});
+    EXPECT_EQ(host.ErrorLines().size(), 1u);
+}
+
 TEST_F(BulkSelection, SelectByTypeMailPicksAddressListsToo) {
     control->SelectByType(FTIMailItem, false);
     EXPECT_TRUE(IsTicked(Grid(), Row("Global"))) << "a row without an item type counts as 0";

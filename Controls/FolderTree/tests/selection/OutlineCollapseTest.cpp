@@ -18,13 +18,6 @@ class OutlineCollapse : public ModeTest {
             {"Other", "C3", false, {MailFolder("C", "0010", {MailFolder("C1", "0011")}), MailFolder("End", "0012")}}};
         LoadMode(eISAccess_RDO_Objects);
     }
-    /// The names of the rows that are collapsed.
-    Lines Closed() {
-        Lines names;
-        for (int32_t row = 1; row < Grid().RowCount(); ++row)
-            if (Grid().NodeState(row) == nodeCollapsed) names.push_back(Grid().CellText(row, colName));
-        return names;
-    }
     void TickOnly(std::string_view name) { Grid().SetCellText(Row(name), colSel, "-1"); }
     void CloseEveryRow() {
         for (int32_t row = 1; row < Grid().RowCount(); ++row) Grid().SetNodeState(row, nodeCollapsed);
@@ -35,33 +28,6 @@ class OutlineCollapse : public ModeTest {
         for (int32_t row = 1; row < Grid().RowCount() - 1; ++row)
             if (Grid().NodeState(row) == nodeExpanded) names.push_back(Grid().CellText(row, colName));
         return names;
-    }
-    /// The walk as it is told, word for word: without a class, without a shared loop.
-    void Literally(const std::function<bool(int32_t)>& test) {
-        for (int32_t row = 1; row < Grid().RowCount(); ++row) {
-            int32_t finish = 0;
-            bool folded = false;
-            if (Grid().RowOutlineLevel(row) == 0) LiteralRecurse(row, finish, folded, test);
-        }
-    }
-    void LiteralRecurse(int32_t start, int32_t& finish, bool& folded, const std::function<bool(int32_t)>& test) {
-        bool fold = true;
-        const int base = Grid().RowOutlineLevel(start);
-        int32_t cur = start + 1;
-        finish = cur;
-        while (cur < Grid().RowCount() - 1) {
-            if (test(cur)) fold = false;
-            finish = cur;
-            if (Grid().RowOutlineLevel(cur) <= base) break;
-            int32_t f = 0;
-            bool c = false;
-            LiteralRecurse(cur, f, c, test);
-            if (!c) fold = false;
-            cur = f == cur ? cur + 1 : f;
-            finish = cur;
-        }
-        Grid().SetNodeState(start, fold ? nodeCollapsed : nodeExpanded);
-        folded = fold;
     }
 };
 
@@ -175,17 +141,6 @@ TEST_F(OutlineCollapse, AnEmptyTreeIsNoError) {
     control->CollapseToSelection();
     control->CollapseToType(FTIMailItem);
     EXPECT_EQ(host.ErrorLines(), Lines{});
-}
-
-TEST_F(OutlineCollapse, EverySingleTickGivesWhatTheLiteralWalkGives) {
-    for (int32_t ticked = 1; ticked < Grid().RowCount(); ++ticked) {
-        Grid().SetCellText(ticked, colSel, "-1");
-        control->CollapseToSelection();
-        const Lines closed = Closed();
-        Literally([&](int32_t row) { return Grid().CellValue(row, colSel) != 0; });
-        EXPECT_EQ(closed, Closed()) << Grid().CellText(ticked, colName);
-        Grid().SetCellText(ticked, colSel, "0");
-    }
 }
 
 TEST_F(OutlineCollapse, ALongListOfFoldersIsFoldedQuickly) {
