@@ -30,14 +30,14 @@ void Paint(GridRow& row, const std::function<void(CellColors&)>& paint) {
 ExpectedTree::ExpectedTree(const ModeMailbox& mailbox, const ModeDifferences& mode, TreeSettings settings)
     : mailbox_(mailbox), mode_(mode), settings_(settings) {
     Insert(0, GridRow(), {});
+    const auto isDefault = [](const ModeStore& store) { return store.isDefault; };
     if (mode_.defaultStoreFirst) {
-        for (const ModeStore& store : mailbox_.stores)
-            if (store.isDefault) AddStore(store);
-        for (const ModeStore& store : mailbox_.stores)
-            if (!store.isDefault) AddStore(store);
-    } else {
-        for (const ModeStore& store : mailbox_.stores) AddStore(store);
+        // One store leads; another that calls itself the default one is not read at all.
+        const auto first = std::find_if(mailbox_.stores.begin(), mailbox_.stores.end(), isDefault);
+        if (first != mailbox_.stores.end()) AddStore(*first);
     }
+    for (const ModeStore& store : mailbox_.stores)
+        if (!mode_.defaultStoreFirst || !store.isDefault) AddStore(store);
     if (!settings_.showAddressBook || !mode_.showsAddressLists) return;
     GridRow heading = Band("Header", "<address lists>");
     heading.picture = Picture::AdList;
