@@ -20,10 +20,16 @@ std::vector<Setting> ScriptedModes() {
     return settings;
 }
 
-std::vector<Setting> AllSettings() {
-    std::vector<Setting> settings = ScriptedModes();
+std::vector<Setting> LocalModes() {
+    std::vector<Setting> settings;
     for (const auto mode : {eISAccess_RDO_MAPITables, eISAccess_RDO_Objects})
         settings.push_back({&modeDifferences[static_cast<size_t>(mode)], MailSource::LocalStores});
+    return settings;
+}
+
+std::vector<Setting> AllSettings() {
+    std::vector<Setting> settings = ScriptedModes();
+    for (const Setting& setting : LocalModes()) settings.push_back(setting);
     return settings;
 }
 

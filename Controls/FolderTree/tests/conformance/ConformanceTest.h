@@ -1,6 +1,7 @@
 // ConformanceTest: one body of tests for every access mode over every source of mail.
 #pragma once
 
+#include <algorithm>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -25,7 +26,8 @@ void PrintTo(const Setting& setting, std::ostream* out);
 
 /// Every mode over scripted objects.
 std::vector<Setting> ScriptedModes();
-/// The same and every mode over the sample mailbox of the local stores.
+/// Every mode over the sample mailbox of the local stores.
+std::vector<Setting> LocalModes();
 std::vector<Setting> AllSettings();
 std::string SettingName(const ::testing::TestParamInfo<Setting>& info);
 

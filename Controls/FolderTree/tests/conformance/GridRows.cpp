@@ -52,13 +52,12 @@ std::string ColorsText(const GridRow& row) {
 
 std::string TreeLine(const GridRow& row) {
     std::string line(static_cast<size_t>(row.level) * 2, ' ');
-    line += row.cells[colName] + " [" + row.cells[colRowKind] + "]";
+    line += row.cells[colName];
+    if (row.cells[colRowKind] != "Folder" || row.level == 0) line += " [" + row.cells[colRowKind] + "]";
     if (row.picture != Picture::None) line += std::string(" ") + pictureNames[static_cast<size_t>(row.picture)];
     if (row.pictureAlignment != 1 && row.picture != Picture::None) line += " unaligned";
     if (!row.cells[colIncomplete].empty()) line += " unread=" + row.cells[colIncomplete];
-    if (row.node) line += " node";
     if (row.closed) line += " closed";
-    if (row.height != 0) line += " " + std::to_string(row.height);
     return line + ColorsText(row);
 }
 
@@ -109,7 +108,9 @@ Lines CellLines(const std::vector<GridRow>& rows) {
 }
 
 Lines WholeLines(const std::vector<GridRow>& rows) {
-    return LinesOf(rows, [](const GridRow& row) { return TreeLine(row) + " | " + CellLine(row); });
+    return LinesOf(rows, [](const GridRow& row) {
+        return TreeLine(row) + (row.node ? " | node " : " | ") + std::to_string(row.height) + " | " + CellLine(row);
+    });
 }
 
 }  // namespace foldertree::testing

@@ -34,11 +34,11 @@ struct GridRow {
 /// All rows, the header row first.
 std::vector<GridRow> RowsOf(const TreeGrid& grid);
 
-/// One line a row: two blanks a level, the name, then what is to be seen: kind, picture, unread, closed, tick, colours.
+/// One line a row: two blanks a level, the name, then what is to be seen: kind, picture, unread, closed, colours.
 Lines TreeLines(const std::vector<GridRow>& rows);
 /// One line a row: the name and the hidden cells.
 Lines CellLines(const std::vector<GridRow>& rows);
-/// Both in one line, for comparing.
+/// Both and all the rest in one line, for comparing.
 Lines WholeLines(const std::vector<GridRow>& rows);
 
 }  // namespace foldertree::testing

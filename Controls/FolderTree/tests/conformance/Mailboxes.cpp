@@ -66,7 +66,7 @@ ModeMailbox ManyKinds() {
     ModeMailbox mailbox;
     mailbox.defaultFolders = {{3, "0006"}, {4, "0007"}, {5, "0008"}, {12, "0009"}, {16, "000A"}};
     mailbox.stores.push_back(
-        {"Archive", "A1", false, {MailFolder("Zulu", "0101"), MailFolder("Alpha", "0102")}, "Personal folders"});
+        {"Archive", "A1", false, {MailFolder("Zulu", "0061"), MailFolder("Alpha", "0062")}, "Personal folders"});
     mailbox.stores.push_back(
         {"Mailbox",
          "B2",
@@ -106,7 +106,7 @@ ModeMailbox OrdinaryFolders() {
                                   MailFolder("Beta", "0022", {MailFolder("Gamma", "0031")})}),
                       Typed("Tasks", "0012", 3, "IPF.Task")}),
           Typed("People", "0003", 2, "IPF.Contact")}});
-    mailbox.stores.push_back({"Archive", "A1", false, {Typed("Diary", "0101", 4, "IPF.Journal")}});
+    mailbox.stores.push_back({"Archive", "A1", false, {Typed("Diary", "0061", 4, "IPF.Journal")}});
     mailbox.addressLists = {AddressList("Global", "G1", {AddressList("Europe", "G11")})};
     return mailbox;
 }
