@@ -14,7 +14,7 @@ constexpr int32_t rowHeight = 19 * 15;
 
 int32_t TypeOfClass(const std::string& containerClass) {
     static const std::map<std::string, int32_t> types{
-        {"ipf.note", 0},    {"ipm.note", 0},       {"ipf.contact", 2},    {"ipm.contact", 2},
+        {"ipf.note", 0},        {"ipm.note", 0},        {"ipf.contact", 2}, {"ipm.contact", 2},
         {"ipf.appointment", 1}, {"ipm.appointment", 1}, {"ipf.journal", 4}, {"ipm.journal", 4},
         {"ipf.stickynote", 5},  {"ipm.stickynote", 5},  {"ipf.task", 3},    {"ipm.task", 3}};
     const auto found = types.find(automation::FoldCase(containerClass));

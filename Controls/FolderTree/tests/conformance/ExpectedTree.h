@@ -1,5 +1,5 @@
-// ExpectedTree: the tree that a mailbox is to give in a mode, written down from the mailbox and the table of differences
-// alone.
+// ExpectedTree: the tree that a mailbox is to give in a mode, written down from the mailbox and the table of
+// differences alone.
 #pragma once
 
 #include <cstdint>

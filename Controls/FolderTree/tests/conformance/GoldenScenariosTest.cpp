@@ -146,8 +146,8 @@ TEST_F(GoldenScenarios, AnAddressBookWhoseProviderKnowsNoNestedLists) {
 TEST_F(GoldenScenarios, ADefaultStoreThatIsNotTheFirst) {
     ModeMailbox source;
     source.stores = {{"Archive", "A1", false, {MailFolder("Old mail", "0061")}, ""},
-                      {"Mailbox", "B2", true, {MailFolder("Inbox", "0001")}, "Provider"},
-                      {"Public", "C3", false, {}, ""}};
+                     {"Mailbox", "B2", true, {MailFolder("Inbox", "0001")}, "Provider"},
+                     {"Public", "C3", false, {}, ""}};
     Expect({.name = "default-store", .mailbox = source, .withCells = false});
 }
 
@@ -196,12 +196,15 @@ TEST_F(GoldenScenarios, AHighlight) {
 }
 
 TEST_F(GoldenScenarios, BulkSelection) {
-    Expect({.name = "bulk", .prepare = [this] { LoadToDepth(2); }, .act = [this] {
-                control->SelectAll();
-                control->SelectNone();
-                control->SelectByType(FTIContactItem, false);
-                control->SelectByType(FTITaskItem, true);
-            }});
+    Expect({.name = "bulk",
+            .prepare = [this] { LoadToDepth(2); },
+            .act =
+                [this] {
+                    control->SelectAll();
+                    control->SelectNone();
+                    control->SelectByType(FTIContactItem, false);
+                    control->SelectByType(FTITaskItem, true);
+                }});
 }
 
 TEST_F(GoldenScenarios, ACollapse) {

@@ -6,7 +6,7 @@ namespace foldertree::testing {
 namespace {
 
 constexpr std::array<const char*, pictureCount> pictureNames{
-    "-",     "Calendar", "Contact", "Journal", "Mail", "Note",  "Task",         "Trash",
+    "-",     "Calendar", "Contact", "Journal", "Mail",  "Note",         "Task",       "Trash",
     "Inbox", "Outbox",   "Sent",    "Home",    "Draft", "FolderClosed", "FolderOpen", "AdList"};
 
 GridRow RowAt(const TreeGrid& grid, int32_t row) {

@@ -32,9 +32,8 @@ ModeFolder ClasslessFolder(ModeFolder folder) {
 
 /// The item types that a mail client knows for the classes of the sample, sub-classes included.
 int32_t ItemTypeOf(const std::optional<std::string>& containerClass) {
-    constexpr std::pair<std::string_view, int32_t> types[] = {{"ipf.appointment", 1}, {"ipf.contact", 2},
-                                                              {"ipf.task", 3},        {"ipf.journal", 4},
-                                                              {"ipf.stickynote", 5}};
+    constexpr std::pair<std::string_view, int32_t> types[] = {
+        {"ipf.appointment", 1}, {"ipf.contact", 2}, {"ipf.task", 3}, {"ipf.journal", 4}, {"ipf.stickynote", 5}};
     const std::string folded = automation::FoldCase(containerClass.value_or(""));
     for (const auto& [text, type] : types)
         if (folded == text || folded.starts_with(std::string(text) + ".")) return type;
@@ -95,17 +94,16 @@ ModeMailbox ManyKinds() {
 
 ModeMailbox OrdinaryFolders() {
     ModeMailbox mailbox;
-    mailbox.stores.push_back(
-        {"Mailbox",
-         "B2",
-         true,
-         {Typed("Calendar", "0002", 1, "IPF.Appointment"),
-          MailFolder("Inbox", "0001",
-                     {MailFolder("Projects", "0011",
-                                 {Typed("Alpha", "0021", 2, "IPF.Contact"),
-                                  MailFolder("Beta", "0022", {MailFolder("Gamma", "0031")})}),
-                      Typed("Tasks", "0012", 3, "IPF.Task")}),
-          Typed("People", "0003", 2, "IPF.Contact")}});
+    mailbox.stores.push_back({"Mailbox",
+                              "B2",
+                              true,
+                              {Typed("Calendar", "0002", 1, "IPF.Appointment"),
+                               MailFolder("Inbox", "0001",
+                                          {MailFolder("Projects", "0011",
+                                                      {Typed("Alpha", "0021", 2, "IPF.Contact"),
+                                                       MailFolder("Beta", "0022", {MailFolder("Gamma", "0031")})}),
+                                           Typed("Tasks", "0012", 3, "IPF.Task")}),
+                               Typed("People", "0003", 2, "IPF.Contact")}});
     mailbox.stores.push_back({"Archive", "A1", false, {Typed("Diary", "0061", 4, "IPF.Journal")}});
     mailbox.addressLists = {AddressList("Global", "G1", {AddressList("Europe", "G11")})};
     return mailbox;

@@ -57,11 +57,11 @@ struct ModeDifferences {
     bool tracesSteps;                  ///< writes what it reads, step by step; the others write errors only
 
     // Outside calls
-    int callsForALeaf;      ///< for one more folder without subfolders in a walk
-    int callsForAParent;    ///< what one more folder with one subfolder costs beyond a leaf each
-    int callsForAChild;     ///< for one more folder without subfolders in an expansion
-    int callsForAList;      ///< for one more address list without lists
-    bool walksByPosition;   ///< a collection's items are asked for one by one, no further call tells the end
+    int callsForALeaf;     ///< for one more folder without subfolders in a walk
+    int callsForAParent;   ///< what one more folder with one subfolder costs beyond a leaf each
+    int callsForAChild;    ///< for one more folder without subfolders in an expansion
+    int callsForAList;     ///< for one more address list without lists
+    bool walksByPosition;  ///< a collection's items are asked for one by one, no further call tells the end
 };
 
 /// In the order of enuInfoStoreAccessMode.

@@ -36,7 +36,8 @@ class SameInAllModes : public ConformanceTest {
         for (std::string line : expected) {
             if (!Mode().showsAddressLists && (line.ends_with("[Header]") || line.ends_with("[AdList]"))) continue;
             if (!Mode().nestsAddressLists && line.starts_with("    ") && line.ends_with("[AdList]")) continue;
-            if (const size_t store = line.find("[Store]"); store != std::string::npos && Mode().storeRowKind == "Folder")
+            if (const size_t store = line.find("[Store]");
+                store != std::string::npos && Mode().storeRowKind == "Folder")
                 line.erase(store, 7);
             constexpr std::string_view noNumber = "no number";
             if (const size_t number = line.find(noNumber); number != std::string::npos)
@@ -75,10 +76,9 @@ class SameInAllModes : public ConformanceTest {
 };
 
 TEST_F(SameInAllModes, ATreeDownToTheSecondLevel) {
-    ExpectTreeAfter(
-        2, [] {},
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]", "    Tasks",
-         "  People", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(2, [] {},
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]",
+                     "    Tasks", "  People", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, AnExpansion) {
@@ -111,19 +111,18 @@ TEST_F(SameInAllModes, AnAddressBookBelowTheFolders) {
 }
 
 TEST_F(SameInAllModes, ASelectionOfTheHostAppliedByTheRefresh) {
-    ExpectTreeAfter(
-        2,
-        [this] {
-            Select({{"B2", "0012"}, {"B2", "0001"}, {"B2", "0099"}});
-            control->RefreshList();
-            const auto items = ItemsOf(control->Selection());
-            ASSERT_EQ(items.size(), 3u);
-            size_t incomplete = 0;
-            for (const ItemRef& item : items) incomplete += item->Incomplete() ? 1 : 0;
-            EXPECT_EQ(incomplete, 1u) << "the folder that is not in the tree";
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox[0]", "    Projects[unread][closed]", "      [Dummy]",
-         "    Tasks[0]", "  People", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(2,
+                    [this] {
+                        Select({{"B2", "0012"}, {"B2", "0001"}, {"B2", "0099"}});
+                        control->RefreshList();
+                        const auto items = ItemsOf(control->Selection());
+                        ASSERT_EQ(items.size(), 3u);
+                        size_t incomplete = 0;
+                        for (const ItemRef& item : items) incomplete += item->Incomplete() ? 1 : 0;
+                        EXPECT_EQ(incomplete, 1u) << "the folder that is not in the tree";
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox[0]", "    Projects[unread][closed]", "      [Dummy]",
+                     "    Tasks[0]", "  People", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, ASelectionOfTheHostAppliedByAnExpansion) {
@@ -140,31 +139,29 @@ TEST_F(SameInAllModes, ASelectionOfTheHostAppliedByAnExpansion) {
 
 TEST_F(SameInAllModes, TicksAndNumbersOfTheUser) {
     control->SetAllowIndexing(true);
-    ExpectTreeAfter(
-        2,
-        [this] {
-            host.changed = 0;
-            for (const char* name : {"Tasks", "People", "Diary"}) Tick(name);
-            Untick("People");
-            EXPECT_EQ(host.changed, 4);
-            EXPECT_EQ(control->Selection()->Get("Count").ToLong(), 2);
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]", "    Tasks[1]",
-         "  People", "Archive[Store]", "  Diary[2]"});
+    ExpectTreeAfter(2,
+                    [this] {
+                        host.changed = 0;
+                        for (const char* name : {"Tasks", "People", "Diary"}) Tick(name);
+                        Untick("People");
+                        EXPECT_EQ(host.changed, 4);
+                        EXPECT_EQ(control->Selection()->Get("Count").ToLong(), 2);
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]",
+                     "    Tasks[1]", "  People", "Archive[Store]", "  Diary[2]"});
 }
 
 TEST_F(SameInAllModes, ASingleSelection) {
-    ExpectTreeAfter(
-        2,
-        [this] {
-            control->SetMultiSelect(false);
-            Tick("Tasks");
-            Tick("Diary");
-            ASSERT_NE(control->SelectedItem(), nullptr);
-            EXPECT_EQ(control->SelectedItem()->Name(), "Diary");
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]", "    Tasks",
-         "  People", "Archive[Store]", "  Diary[no number]"});
+    ExpectTreeAfter(2,
+                    [this] {
+                        control->SetMultiSelect(false);
+                        Tick("Tasks");
+                        Tick("Diary");
+                        ASSERT_NE(control->SelectedItem(), nullptr);
+                        EXPECT_EQ(control->SelectedItem()->Name(), "Diary");
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]",
+                     "    Tasks", "  People", "Archive[Store]", "  Diary[no number]"});
 }
 
 TEST_F(SameInAllModes, SelectAll) {
@@ -175,46 +172,42 @@ TEST_F(SameInAllModes, SelectAll) {
 }
 
 TEST_F(SameInAllModes, SelectNone) {
-    ExpectTreeAfter(
-        0,
-        [this] {
-            control->SelectAll();
-            control->SelectNone();
-            EXPECT_EQ(control->Selection()->Get("Count").ToLong(), 0);
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "      Beta", "        Gamma",
-         "    Tasks", "  People", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(0,
+                    [this] {
+                        control->SelectAll();
+                        control->SelectNone();
+                        EXPECT_EQ(control->Selection()->Get("Count").ToLong(), 0);
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "      Beta",
+                     "        Gamma", "    Tasks", "  People", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, SelectByType) {
-    ExpectTreeAfter(
-        0,
-        [this] {
-            Tick("Tasks");
-            control->SelectByType(FTIContactItem, true);
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha[2]", "      Beta", "        Gamma",
-         "    Tasks[1]", "  People[3]", "Archive[Store]", "  Diary"});
-    ExpectTreeAfter(
-        0,
-        [this] {
-            Tick("Tasks");
-            control->SelectByType(FTIContactItem, false);
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha[1]", "      Beta", "        Gamma",
-         "    Tasks", "  People[2]", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(0,
+                    [this] {
+                        Tick("Tasks");
+                        control->SelectByType(FTIContactItem, true);
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha[2]", "      Beta",
+                     "        Gamma", "    Tasks[1]", "  People[3]", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(0,
+                    [this] {
+                        Tick("Tasks");
+                        control->SelectByType(FTIContactItem, false);
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha[1]", "      Beta",
+                     "        Gamma", "    Tasks", "  People[2]", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, CollapseToSelection) {
-    ExpectTreeAfter(
-        0,
-        [this] {
-            Tick("Alpha");
-            control->CollapseToSelection();
-        },
-        {"Mailbox[Store]", "  Calendar[closed]", "  Inbox", "    Projects", "      Alpha[closed][1]",
-         "      Beta[closed]", "        Gamma[closed]", "    Tasks[closed]", "  People[closed]",
-         "Archive[Store][closed]", "  Diary"});
+    ExpectTreeAfter(0,
+                    [this] {
+                        Tick("Alpha");
+                        control->CollapseToSelection();
+                    },
+                    {"Mailbox[Store]", "  Calendar[closed]", "  Inbox", "    Projects", "      Alpha[closed][1]",
+                     "      Beta[closed]", "        Gamma[closed]", "    Tasks[closed]", "  People[closed]",
+                     "Archive[Store][closed]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, CollapseToType) {
@@ -225,16 +218,15 @@ TEST_F(SameInAllModes, CollapseToType) {
 }
 
 TEST_F(SameInAllModes, AChangedHighlight) {
-    ExpectTreeAfter(
-        0,
-        [this] {
-            control->SetHighlightContactFolders(true);
-            EXPECT_TRUE(IsBold(Grid(), Row("Alpha")));
-            EXPECT_FALSE(IsBold(Grid(), Row("Tasks")));
-            EXPECT_TRUE(IsBold(Grid(), Row("Archive")));
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "      Beta", "        Gamma",
-         "    Tasks", "  People", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(0,
+                    [this] {
+                        control->SetHighlightContactFolders(true);
+                        EXPECT_TRUE(IsBold(Grid(), Row("Alpha")));
+                        EXPECT_FALSE(IsBold(Grid(), Row("Tasks")));
+                        EXPECT_TRUE(IsBold(Grid(), Row("Archive")));
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "      Beta",
+                     "        Gamma", "    Tasks", "  People", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, ALevelThatIsChangedInAFullyReadTree) {
@@ -246,73 +238,71 @@ TEST_F(SameInAllModes, ALevelThatIsChangedInAFullyReadTree) {
             control->SetExtendToLevel(2);
             EXPECT_EQ(mail.log->Lines(), Lines{});
         },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[closed]", "      Alpha[closed]",
-         "      Beta[closed]", "        Gamma[closed]", "    Tasks[closed]", "  People", "Archive[Store]", "  Diary"});
+        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[closed]", "      Alpha[closed]", "      Beta[closed]",
+         "        Gamma[closed]", "    Tasks[closed]", "  People", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, ACancelBetweenSiblings) {
-    ExpectTreeAfter(
-        0,
-        [this] {
-            host.onYield = [this](int) {
-                if (host.paths.back().ends_with("Alpha")) control->CancelLoad();
-            };
-            control->RefreshList();
-            host.onYield = nullptr;
-            // The reader of the next store is still called where the default store comes first, and stops by itself.
-            const Lines shown = NamesOf(Grid());
-            EXPECT_EQ(Lines(shown.begin(), shown.begin() + 5), (Lines{"Mailbox", "Calendar", "Inbox", "Projects", "Alpha"}));
-            EXPECT_EQ(shown.size(), Mode().defaultStoreFirst ? 7u : 5u);
-            control->RefreshList();
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "      Beta", "        Gamma",
-         "    Tasks", "  People", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(0,
+                    [this] {
+                        host.onYield = [this](int) {
+                            if (host.paths.back().ends_with("Alpha")) control->CancelLoad();
+                        };
+                        control->RefreshList();
+                        host.onYield = nullptr;
+                        // The reader of the next store is still called where the default store comes first, and stops
+                        // by itself.
+                        const Lines shown = NamesOf(Grid());
+                        EXPECT_EQ(Lines(shown.begin(), shown.begin() + 5),
+                                  (Lines{"Mailbox", "Calendar", "Inbox", "Projects", "Alpha"}));
+                        EXPECT_EQ(shown.size(), Mode().defaultStoreFirst ? 7u : 5u);
+                        control->RefreshList();
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "      Beta",
+                     "        Gamma", "    Tasks", "  People", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, ACancelledExpansionCountsAsRead) {
-    ExpectTreeAfter(
-        2,
-        [this] {
-            host.onYield = [this](int) {
-                if (host.paths.back().ends_with("Alpha")) control->CancelLoad();
-            };
-            Open("Projects");
-            host.onYield = nullptr;
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "    Tasks", "  People",
-         "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(2,
+                    [this] {
+                        host.onYield = [this](int) {
+                            if (host.paths.back().ends_with("Alpha")) control->CancelLoad();
+                        };
+                        Open("Projects");
+                        host.onYield = nullptr;
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "    Tasks", "  People",
+                     "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, ALookupFindsWhatIsInTheTree) {
-    ExpectTreeAfter(
-        2,
-        [this] {
-            // The host names store and folder; only modes that tell the store find it under both.
-            const ItemRef found = control->GetMsgItem("B2", "0012");
-            ASSERT_EQ(found != nullptr, Mode().tellsStore);
-            if (found != nullptr) {
-                EXPECT_EQ(found->Name(), "Tasks");
-                EXPECT_EQ(found->Path(), "Mailbox\\Inbox\\Tasks");
-                EXPECT_EQ(found->ItemType(), FTITaskItem);
-                EXPECT_FALSE(found->Selected());
-                EXPECT_NE(control->GetMsgItem("B2", "0012"), found);
-            }
-            EXPECT_EQ(control->GetMsgItem("B2", "0021"), nullptr) << "it was not read";
-            EXPECT_EQ(control->GetMsgItem("A1", "0012"), nullptr);
-            EXPECT_EQ(control->GetAdListItem("G1", "G11"), nullptr);
-        },
-        {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]", "    Tasks",
-         "  People", "Archive[Store]", "  Diary"});
+    ExpectTreeAfter(2,
+                    [this] {
+                        // The host names store and folder; only modes that tell the store find it under both.
+                        const ItemRef found = control->GetMsgItem("B2", "0012");
+                        ASSERT_EQ(found != nullptr, Mode().tellsStore);
+                        if (found != nullptr) {
+                            EXPECT_EQ(found->Name(), "Tasks");
+                            EXPECT_EQ(found->Path(), "Mailbox\\Inbox\\Tasks");
+                            EXPECT_EQ(found->ItemType(), FTITaskItem);
+                            EXPECT_FALSE(found->Selected());
+                            EXPECT_NE(control->GetMsgItem("B2", "0012"), found);
+                        }
+                        EXPECT_EQ(control->GetMsgItem("B2", "0021"), nullptr) << "it was not read";
+                        EXPECT_EQ(control->GetMsgItem("A1", "0012"), nullptr);
+                        EXPECT_EQ(control->GetAdListItem("G1", "G11"), nullptr);
+                    },
+                    {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]",
+                     "    Tasks", "  People", "Archive[Store]", "  Diary"});
 }
 
 TEST_F(SameInAllModes, AnUnreadTreeAfterTheModeBecameUnknown) {
-    ExpectTreeAfter(
-        2,
-        [this] {
-            control->SetInfoStoreAccessMode(static_cast<enuInfoStoreAccessMode>(4));
-            control->RefreshList();
-        },
-        {});
+    ExpectTreeAfter(2,
+                    [this] {
+                        control->SetInfoStoreAccessMode(static_cast<enuInfoStoreAccessMode>(4));
+                        control->RefreshList();
+                    },
+                    {});
 }
 
 /// Which stores lead, and which are read at all.

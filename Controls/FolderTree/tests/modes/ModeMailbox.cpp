@@ -68,11 +68,11 @@ bool HasSubfolders(const ModeFolder& folder) {
 
 Value TableRow(const ModeFolder& folder) {
     if (folder.isNothing) return nullptr;
-    return Array{0,
-                 {folder.kind, HasSubfolders(folder),
-                  folder.containerClass ? Value(*folder.containerClass)
-                                        : Value(ErrorValue{automation::errors::mapiNotFound}),
-                  folder.name, BytesOf(folder.id), BytesOf(ShortForm(folder.id))}};
+    return Array{
+        0,
+        {folder.kind, HasSubfolders(folder),
+         folder.containerClass ? Value(*folder.containerClass) : Value(ErrorValue{automation::errors::mapiNotFound}),
+         folder.name, BytesOf(folder.id), BytesOf(ShortForm(folder.id))}};
 }
 
 /// A cursor over the children that are shown when it is asked.
@@ -265,6 +265,7 @@ Value AddressLists(const SessionRef& session) {
     for (const ModeAddressList& list : session->data.addressLists) items.emplace_back(ListObject(session, list));
     auto lists = Make(session, "AddressLists");
     lists->Items(std::move(items));
+    if (session->data.addressListCount) lists->ReadOnly("Count", *session->data.addressListCount);
     return lists;
 }
 

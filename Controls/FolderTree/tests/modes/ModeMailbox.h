@@ -57,14 +57,16 @@ struct ModeAddressList {
 ModeAddressList AddressList(std::string name, std::string id, std::vector<ModeAddressList> lists = {});
 
 /// Objects are made when they are asked for, so that one that is alive after a load was not released. A session shows
-/// the data as they were when it was made. All members go to the log. Tables give an identifier's bytes as its long form
-/// and, with EF as the first byte, as its short form.
+/// the data as they were when it was made. All members go to the log. Tables give an identifier's bytes as its long
+/// form and, with EF as the first byte, as its short form.
 class ModeMailbox {
   public:
     std::vector<ModeStore> stores;
     std::vector<ModeAddressList> addressLists;
+    std::optional<int32_t> addressListCount;  ///< what their collection says, if that is not the truth
     std::string inboxID = "0001";
-    /// The other default folders by Outlook's numbers; those of which a test says nothing have identifiers of their own.
+    /// The other default folders by Outlook's numbers; those of which a test says nothing have identifiers of their
+    /// own.
     std::map<int32_t, std::string> defaultFolders;
     std::shared_ptr<automation::testing::CallLog> log = std::make_shared<automation::testing::CallLog>();
 
