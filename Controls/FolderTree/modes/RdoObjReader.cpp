@@ -54,10 +54,11 @@ ObjectRef RdoObjReader::RootFolder(const ObjectRef& store) {
 }
 
 ObjectRef RdoObjReader::OpenFolder(const std::string& entryID, const std::string& storeID) {
-    automation::Object& session = Deref(shell_.state.rdoSession);
+    // Held: inside a call the host may take the session away or close the control.
+    const ObjectRef session = shell_.state.rdoSession;
     // Opens the store if need be: the session looks for the folder in the stores that are open. Held until then.
-    const ObjectRef store = session.Get("GetStoreFromID", storeID).RequireObject();
-    return session.Get("GetFolderFromID", entryID).RequireObject();
+    const ObjectRef store = Deref(session).Get("GetStoreFromID", storeID).RequireObject();
+    return session->Get("GetFolderFromID", entryID).RequireObject();
 }
 
 bool RdoObjReader::ReadFolder(ObjectFolder& folder, Reading reading) {

@@ -1,11 +1,17 @@
 // ModeMailbox: the members that the control uses of each object model, over a shared copy of the data.
 #include "modes/ModeMailbox.h"
 
+#include <algorithm>
+
 #include "enumeration/modCDODefs.h"
+#include "enumeration/modOLDefs.h"
 
 namespace foldertree::testing {
 
+using automation::Array;
+using automation::Bytes;
 using automation::Error;
+using automation::ErrorValue;
 using automation::Invocation;
 using automation::ObjectRef;
 using automation::Value;
@@ -40,14 +46,86 @@ ObjectRef WithID(const SessionRef& session, std::string name, const std::string&
 
 ScriptedRef FolderObject(const SessionRef& session, const ModeStore& store, const ModeFolder& folder);
 
+size_t ShownChildren(const ModeFolder& parent) {
+    return parent.shown ? std::min(parent.shown(), parent.children.size()) : parent.children.size();
+}
+
+int32_t ToldCount(const ModeFolder& parent) {
+    const size_t children = ShownChildren(parent) + (parent.containsItself ? 1 : 0);
+    return parent.count.value_or(static_cast<int32_t>(children));
+}
+
+Bytes BytesOf(const std::string& hex) {
+    Bytes bytes;
+    for (size_t i = 0; i + 1 < hex.size(); i += 2)
+        bytes.items.push_back(static_cast<uint8_t>(std::stoi(hex.substr(i, 2), nullptr, 16)));
+    return bytes;
+}
+
+bool HasSubfolders(const ModeFolder& folder) {
+    return !folder.children.empty() || folder.containsItself;
+}
+
+Value TableRow(const ModeFolder& folder) {
+    if (folder.isNothing) return nullptr;
+    return Array{
+        0,
+        {folder.kind, HasSubfolders(folder),
+         folder.containerClass ? Value(*folder.containerClass) : Value(ErrorValue{automation::errors::mapiNotFound}),
+         folder.name, BytesOf(folder.id), BytesOf(ShortForm(folder.id))}};
+}
+
+/// A cursor over the children that are shown when it is asked.
+struct TableCursor {
+    std::vector<const ModeFolder*> rows;
+    size_t position = 0;
+};
+
+Value NextRows(const ModeFolder& parent, TableCursor& cursor, int32_t wanted) {
+    if (wanted < 0) throw Error(automation::errors::invalidArgument, "The parameter is incorrect.");
+    Array rows;
+    const size_t shown = ShownChildren(parent) + (parent.containsItself ? 1 : 0);
+    for (; cursor.position < std::min(shown, cursor.rows.size()) && wanted > 0; --wanted)
+        rows.items.push_back(TableRow(*cursor.rows[cursor.position++]));
+    return rows;
+}
+
+Value Table(const SessionRef& session, const ModeFolder& parent) {
+    const auto cursor = std::make_shared<TableCursor>();
+    for (const ModeFolder& child : parent.children) cursor->rows.push_back(&child);
+    if (parent.containsItself) cursor->rows.push_back(&parent);
+    auto table = Make(session, "Table(" + parent.name + ")");
+    table->Property("Columns", Value());
+    table->Method("Sort", [cursor](const Invocation&) {
+        std::stable_sort(cursor->rows.begin(), cursor->rows.end(),
+                         [](const ModeFolder* a, const ModeFolder* b) { return a->name < b->name; });
+        return Value();
+    });
+    table->Method("GoToFirst", [cursor](const Invocation&) {
+        cursor->position = 0;
+        return Value();
+    });
+    table->Method("RowCount", [&parent](const Invocation&) { return Value(ToldCount(parent)); });
+    table->Method("GetRows", [session, &parent, cursor](const Invocation& call) {
+        return NextRows(parent, *cursor, call.arguments[0].ToLong());
+    });
+    return table;
+}
+
 Value Folders(const SessionRef& session, const ModeStore& store, const ModeFolder& parent) {
     if (!parent.hasFolders) return nullptr;
     std::vector<Value> items;
-    for (const ModeFolder& child : parent.children) items.emplace_back(FolderObject(session, store, child));
-    auto folders = Make(session, "Folders");
+    for (size_t i = 0; i < ShownChildren(parent); ++i) {
+        const ModeFolder& child = parent.children[i];
+        items.push_back(child.isNothing ? Value(nullptr) : Value(FolderObject(session, store, child)));
+    }
+    if (parent.containsItself) items.emplace_back(FolderObject(session, store, parent));
+    auto folders = Make(session, "Folders(" + parent.name + ")");
     folders->Items(std::move(items));
     if (session->model == Model::Outlook) folders->WithoutEnumeration();
-    if (parent.count) folders->ReadOnly("Count", *parent.count);
+    folders->Method("Count", [session, &parent](const Invocation&) { return Value(ToldCount(parent)); });
+    if (session->model == Model::Rdo)
+        folders->Method("MAPITable", [session, &parent](const Invocation&) { return Table(session, parent); });
     return folders;
 }
 
@@ -55,10 +133,10 @@ Value Field(const SessionRef& session, const ModeFolder& folder, const Invocatio
     const int32_t tag = call.arguments[0].ToLong();
     if (session->model == Model::Rdo) {
         if (tag != propertyTag::PR_SUBFOLDERS) throw NotFound();
-        return !folder.children.empty();
+        return HasSubfolders(folder);
     }
     if (tag != propertyTag::PR_CONTAINER_CLASS || !folder.containerClass) throw NotFound();
-    auto field = Make(session, "Field");
+    auto field = Make(session, "Field(" + folder.name + ")");
     field->ReadOnly("Value", *folder.containerClass);
     return field;
 }
@@ -126,7 +204,7 @@ Value Stores(const SessionRef& session) {
 
 const ModeFolder* Find(const std::vector<ModeFolder>& folders, const std::string& id) {
     for (const ModeFolder& folder : folders) {
-        if (folder.id == id) return &folder;
+        if (folder.id == id || ShortForm(folder.id) == id) return &folder;
         if (const ModeFolder* found = Find(folder.children, id)) return found;
     }
     return nullptr;
@@ -147,11 +225,17 @@ Value OpenStore(const SessionRef& session, const Invocation& call) {
     throw NotFound();
 }
 
-/// By the number that RDO and Outlook share; the folders of which tests say nothing have identifiers of their own.
 Value DefaultFolder(const SessionRef& session, const Invocation& call) {
-    const int32_t number = call.arguments[0].ToLong();
-    constexpr int32_t inbox = 6;
-    return WithID(session, "DefaultFolder", number == inbox ? session->data.inboxID : "D" + std::to_string(number));
+    return WithID(session, "DefaultFolder", session->data.DefaultFolderID(call.arguments[0].ToLong()));
+}
+
+Value DefaultFolderOfCdo(const SessionRef& session, const Invocation& call) {
+    const std::map<int32_t, int32_t> outlookNumbers{{CdoDefaultFolderDeletedItems, olFolderDeletedItems},
+                                                    {CdoDefaultFolderSentItems, olFolderSentMail},
+                                                    {CdoDefaultFolderNotes, olFolderNotes}};
+    const auto number = outlookNumbers.find(call.arguments[0].ToLong());
+    if (number == outlookNumbers.end()) throw NotFound();
+    return WithID(session, "DefaultFolder", session->data.DefaultFolderID(number->second));
 }
 
 ObjectRef ListObject(const SessionRef& session, const ModeAddressList& list);
@@ -161,7 +245,7 @@ Value ChildLists(const SessionRef& session, const ModeAddressList& parent) {
     if (!parent.deliverError)
         for (const ModeAddressList& list : parent.lists) items.emplace_back(ListObject(session, list));
     if (parent.containsItself) items.emplace_back(ListObject(session, parent));
-    auto lists = Make(session, "ChildLists");
+    auto lists = Make(session, "Lists(" + parent.name + ")");
     lists->Items(std::move(items));
     if (parent.countError) lists->Fails("Count", *parent.countError);
     if (parent.deliverError) lists->Fails("_NewEnum", *parent.deliverError);
@@ -182,6 +266,7 @@ Value AddressLists(const SessionRef& session) {
     for (const ModeAddressList& list : session->data.addressLists) items.emplace_back(ListObject(session, list));
     auto lists = Make(session, "AddressLists");
     lists->Items(std::move(items));
+    if (session->data.addressListCount) lists->ReadOnly("Count", *session->data.addressListCount);
     return lists;
 }
 
@@ -190,7 +275,7 @@ ObjectRef Inbox(const SessionRef& session) {
     inbox->ReadOnly("ID", session->data.inboxID);
     inbox->Method("Fields", [session](const Invocation&) {
         auto field = Make(session, "InboxField");
-        field->ReadOnly("Value", "D16");
+        field->ReadOnly("Value", session->data.DefaultFolderID(olFolderDrafts));
         return Value(field);
     });
     return inbox;
@@ -226,6 +311,30 @@ ModeAddressList AddressList(std::string name, std::string id, std::vector<ModeAd
     list.id = std::move(id);
     list.lists = std::move(lists);
     return list;
+}
+
+std::string ShortForm(std::string id) {
+    if (id.size() >= 2) id.replace(0, 2, "EF");
+    return id;
+}
+
+std::string ModeMailbox::DefaultFolderID(int32_t number) const {
+    if (number == olFolderInbox) return inboxID;
+    const auto found = defaultFolders.find(number);
+    return found == defaultFolders.end() ? "D" + std::to_string(number) : found->second;
+}
+
+ScriptedRef ModeMailbox::Utilities() const {
+    auto utilities = std::make_shared<ScriptedObject>("Utilities", log);
+    utilities->Method("GetProperty", [all = stores](const Invocation& call) {
+        // Asked without a call, so that the log holds the control's calls only.
+        const auto* object = dynamic_cast<const ScriptedObject*>(call.arguments[0].ToObject().get());
+        const std::string id = object ? object->Held("EntryID").ToText() : "";
+        for (const ModeStore& store : all)
+            if (store.id == id) return Value(store.provider);
+        throw NotFound();
+    });
+    return utilities;
 }
 
 ScriptedRef ModeMailbox::RdoSession() const {
@@ -264,10 +373,10 @@ ScriptedRef ModeMailbox::CdoSession() const {
     object->Method("InfoStores", [session](const Invocation&) { return Stores(session); });
     object->Method("GetInfoStore", [session](const Invocation&) { return DefaultStore(session); });
     object->Method("Inbox", [session](const Invocation&) { return Value(Inbox(session)); });
-    object->Method("Outbox", [session](const Invocation&) { return Value(WithID(session, "Outbox", "D4")); });
-    object->Method("GetDefaultFolder", [session](const Invocation& call) {
-        return Value(WithID(session, "DefaultFolder", "C" + call.arguments[0].ToText()));
+    object->Method("Outbox", [session](const Invocation&) {
+        return Value(WithID(session, "Outbox", session->data.DefaultFolderID(olFolderOutbox)));
     });
+    object->Method("GetDefaultFolder", [session](const Invocation& call) { return DefaultFolderOfCdo(session, call); });
     object->Method("GetFolder", [session](const Invocation& call) { return OpenFolder(session, call); });
     object->Method("AddressLists", [session](const Invocation&) { return AddressLists(session); });
     return object;

@@ -7,7 +7,14 @@ using automation::ObjectRef;
 using automation::Value;
 
 ModeTest::ModeTest() {
-    factory.On("MAPI.Session", [this] { return Planned(mail.CdoSession()); });
+    factory.On("MAPI.Session", [this] { return Planned(MakeSession(eISAccess_CDO)); });
+    factory.On("NOXMAPI.NOXMAPIUtils", [this] { return Planned(mail.Utilities()); });
+}
+
+ObjectRef ModeTest::MakeSession(enuInfoStoreAccessMode mode) {
+    if (mode == eISAccess_Outlook) return mail.Application();
+    if (mode == eISAccess_CDO) return mail.CdoSession();
+    return mail.RdoSession();
 }
 
 void ModeTest::Prepare(enuInfoStoreAccessMode mode, int32_t extendToLevel) {
@@ -17,9 +24,9 @@ void ModeTest::Prepare(enuInfoStoreAccessMode mode, int32_t extendToLevel) {
     bag.values["InfoStoreAccessMode"] = Value(static_cast<int32_t>(mode));
     bag.values["ShowAddressBook"] = Value(showAddressBook_);
     control->UserControl_ReadProperties(bag);
-    if (mode == eISAccess_Outlook) control->SetApplication(Planned(mail.Application()));
+    if (mode == eISAccess_Outlook) control->SetApplication(Planned(MakeSession(mode)));
     if (mode == eISAccess_RDO_MAPITables || mode == eISAccess_RDO_Objects)
-        control->SetRDOSessionRef(Planned(mail.RdoSession()));
+        control->SetRDOSessionRef(Planned(MakeSession(mode)));
 }
 
 void ModeTest::LoadMode(enuInfoStoreAccessMode mode, int32_t extendToLevel) {

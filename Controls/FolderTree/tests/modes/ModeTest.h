@@ -1,4 +1,4 @@
-// ModeTest: a control that reads a mailbox in any of the object-by-object modes.
+// ModeTest: a control that reads a mailbox in any of the modes.
 #pragma once
 
 #include "automation_testing/FaultyObject.h"
@@ -21,13 +21,16 @@ class ModeTest : public ControlTest {
     /// Closes the node of that name as a user would.
     void Shut(std::string_view name) { GridInteraction(Grid(), *control).SetNode(Row(name), false); }
     ModeFolder& FolderNamed(std::string_view name);
+    /// What the host hands over in that mode, or what the control makes for itself in the CDO mode.
+    virtual automation::ObjectRef MakeSession(enuInfoStoreAccessMode mode);
+    /// Behind the plan, if there is one.
+    automation::ObjectRef Planned(const automation::ObjectRef& object) { return plan ? plan->Wrap(object) : object; }
 
     ModeMailbox mail = TwoStores();
     /// Set to let one of the outside calls fail.
     std::shared_ptr<automation::testing::FaultPlan> plan;
 
   private:
-    automation::ObjectRef Planned(const automation::ObjectRef& object) { return plan ? plan->Wrap(object) : object; }
     bool showAddressBook_ = false;
 };
 
