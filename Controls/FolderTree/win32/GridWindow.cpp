@@ -27,15 +27,15 @@ bool IsPlaceholder(const TreeGrid& grid, int32_t row) {
 
 }  // namespace
 
-GridWindow::GridWindow(TreeGrid& grid, GridEvents& events, std::weak_ptr<void> owner, std::function<void()> stale)
-    : Window(L"ctlFolderTree.Grid"), grid_(grid), events_(events), owner_(std::move(owner)), stale_(std::move(stale)) {
+GridWindow::GridWindow(TreeGrid& grid, GridEvents& events, WindowKeeper& keeper, std::function<void()> stale)
+    : Window(L"ctlFolderTree.Grid", keeper), grid_(grid), events_(events), stale_(std::move(stale)) {
     grid_.AddObserver(this);
 }
 
 GridWindow::~GridWindow() {
     editor_.reset();
     DestroyHandle();
-    if (const auto owner = owner_.lock()) grid_.RemoveObserver(this);
+    grid_.RemoveObserver(this);
 }
 
 HWND GridWindow::Create(HWND parent, const RECT& place) {
@@ -111,8 +111,10 @@ bool GridWindow::MayBeInView(int32_t firstRow) const {
 
 void GridWindow::Refresh() {
     if (Handle() == nullptr || (!pictureStale_ && !countStale_)) return;
+    if (editor_ && (editedRow_ == 0 || !grid_.VisiblePosition(editedRow_) || !grid_.Enabled())) CloseEditor();
+    // A grid that is switched off loses the focus, and the host may end the control when it hears of that.
     EnableWindow(Handle(), grid_.Enabled());
-    if (editor_ && (editedRow_ == 0 || !grid_.VisiblePosition(editedRow_))) CloseEditor();
+    if (Handle() == nullptr) return;
     Measure();
     UpdateScrollBar();
     if (pictureStale_) InvalidateRect(Handle(), nullptr, FALSE);
@@ -193,7 +195,8 @@ void GridWindow::ScrollTo(int64_t position) {
     const int64_t last = std::max(0, grid_.VisibleCount() - layout_.FullRows());
     const auto target = static_cast<int32_t>(std::clamp<int64_t>(position, 0, last));
     if (target == layout_.TopPosition() || grid_.VisibleCount() == 0) return;
-    if (!FinishEdit()) return;
+    FinishEdit();
+    if (Handle() == nullptr || grid_.VisibleCount() == 0) return;
     topRow_ = grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1));
     pictureStale_ = true;
     Refresh();
@@ -249,32 +252,25 @@ void GridWindow::BringIntoView(int32_t row) {
 
 // ---- Gestures
 
-// Whatever a gesture calls may destroy the control, so the grid is kept alive until the gesture has ended, the
-// interaction stands on the stack, and this object is asked for before it is touched again.
+// Whatever a gesture calls may take the window away, so it is asked for before the gesture goes on.
 
 void GridWindow::Tick(int32_t row) {
     if (IsPlaceholder(grid_, row)) return;
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
     GridInteraction(grid_, events_).ToggleTick(row);
-    if (!alive.expired()) Refresh();
+    Refresh();
 }
 
 void GridWindow::SetNode(int32_t row, bool open) {
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
     GridInteraction(grid_, events_).SetNode(row, open);
-    if (alive.expired()) return;
+    if (Handle() == nullptr) return;
     if (const int32_t cursor = CursorRow(); cursor != 0 && cursor != grid_.CurrentRow()) grid_.SetCurrentRow(cursor);
     Refresh();
 }
 
 void GridWindow::OnMouse(UINT message, POINT point) {
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
-    if (!FinishEdit()) return;
-    SetFocus(Handle());
-    if (alive.expired() || !grid_.Enabled()) return;
+    FinishEdit();
+    if (Handle() != nullptr) SetFocus(Handle());
+    if (Handle() == nullptr || !grid_.Enabled()) return;
     Refresh();
     const auto position = layout_.PositionAt(point.y);
     if (!position || *position >= grid_.VisibleCount()) return;
@@ -287,7 +283,7 @@ void GridWindow::OnMouse(UINT message, POINT point) {
     if (onGlyph) return SetNode(row, grid_.NodeState(row) != nodeExpanded);
     if (message == WM_LBUTTONDBLCLK) {
         GridInteraction(grid_, events_).DoubleClick(row);
-        if (!alive.expired()) Refresh();
+        Refresh();
         return;
     }
     Refresh();
@@ -295,7 +291,6 @@ void GridWindow::OnMouse(UINT message, POINT point) {
 }
 
 void GridWindow::OnKey(WPARAM key, bool repeated) {
-    const auto owner = owner_.lock();
     if (!grid_.Enabled()) return;
     Refresh();
     const int32_t row = CursorRow();
@@ -323,26 +318,20 @@ void GridWindow::OnKey(WPARAM key, bool repeated) {
 }
 
 void GridWindow::OnCharacter(wchar_t character) {
-    const auto owner = owner_.lock();
     if (!grid_.Enabled()) return;
     const int32_t row = CursorRow();
     if (row == 0) return;
     if (character == L'+') return SetNode(row, true);
     if (character == L'-') return SetNode(row, false);
     if (character >= L'0' && character <= L'9') {
-        const auto alive = Watch();
         OpenEditor(row);
-        if (!alive.expired() && editor_) editor_->Type(std::string(1, static_cast<char>(character)));
+        if (editor_) editor_->Type(std::string(1, static_cast<char>(character)));
     }
 }
 
-void GridWindow::OnFocus(bool gained, HWND other) {
+void GridWindow::OnFocusMoved() {
     InvalidateRect(Handle(), nullptr, FALSE);
-    const bool toEditor = editor_ && other == editor_->Handle();
-    if (!toEditor && focusHandler_) {
-        const std::function<void(bool)> handler = focusHandler_;
-        handler(gained);
-    }
+    if (focusHandler_) focusHandler_();
 }
 
 int32_t GridWindow::CursorRow() const {
@@ -384,66 +373,57 @@ void GridWindow::CloseOrStepOut(int32_t row) {
 
 void GridWindow::OpenEditor(int32_t row) {
     if (grid_.ColHidden(colIndex) || grid_.CellValue(row, colSel) == 0) return;
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
-    if (!FinishEdit()) return;
+    FinishEdit();
     const bool allowed = GridInteraction(grid_, events_).MayEditIndex(row);
-    if (alive.expired() || !allowed || Handle() == nullptr || row >= grid_.RowCount()) return;
+    if (!allowed || Handle() == nullptr || row >= grid_.RowCount()) return;
     BringIntoView(row);
     const auto position = grid_.VisiblePosition(row);
-    if (!position) return;
+    if (Handle() == nullptr || !position) return;
     editedRow_ = row;
     editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, colIndex), fonts_.Plain(),
-                                             grid_.CellText(row, colIndex),
-                                             [this](NumberEditor::Wish wish) { OnEditorWish(wish); });
+                                             grid_.CellText(row, colIndex));
+    if (editor_->Handle() != nullptr)
+        SetFocus(editor_->Handle());
+    else
+        editor_.reset();
 }
 
-void GridWindow::OnEditorWish(NumberEditor::Wish wish) {
-    // While the control takes a number it may show something that takes the focus.
-    if (committing_) return;
-    if (wish == NumberEditor::Wish::FocusLost) {
-        FinishEdit();
+void GridWindow::OnEditor(NumberEditor::Event event) {
+    // While the control takes a number it may show something that takes the focus, and an editor that closes gives it
+    // back; neither ends the edit once more.
+    if (event == NumberEditor::Event::FocusLeft && !committing_) FinishEdit();
+    if (event == NumberEditor::Event::FocusLeft || event == NumberEditor::Event::FocusCame) return OnFocusMoved();
+    if (committing_ || !editor_) return;
+    if (event == NumberEditor::Event::Enter && !OfferNumber()) {
+        // A refused number stays open so that it can be put right.
+        if (editor_) editor_->SelectAll();
         return;
     }
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
-    if (wish == NumberEditor::Wish::Commit) {
-        const bool accepted = OfferNumber();
-        if (alive.expired()) return;
-        // A refused number stays open so that it can be put right.
-        if (!accepted && editor_) return editor_->SelectAll();
-    }
     CloseEditor();
-    SetFocus(Handle());
-    if (!alive.expired()) Refresh();
+    Refresh();
 }
 
-bool GridWindow::FinishEdit() {
-    if (!editor_ || committing_) return true;
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
+void GridWindow::FinishEdit() {
+    if (!editor_ || committing_) return;
     OfferNumber();
-    if (alive.expired()) return false;
     CloseEditor();
-    return true;
 }
 
 // An editor that was opened and left as it was has changed nothing, so there is nothing to tell.
 bool GridWindow::OfferNumber() {
     if (editedRow_ == 0 || !editor_->Modified()) return true;
-    const auto alive = Watch();
     committing_ = true;
     const bool accepted = GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
-    if (!alive.expired()) committing_ = false;
+    committing_ = false;
     return accepted;
 }
 
 void GridWindow::CloseEditor() {
+    if (!editor_) return;
     committing_ = true;
-    const auto alive = Watch();
-    std::unique_ptr<NumberEditor> closing = std::move(editor_);
-    closing.reset();
-    if (alive.expired()) return;
+    // The focus stays in the control: the host is not told that it left and came back.
+    if (GetFocus() == editor_->Handle()) SetFocus(Handle());
+    editor_.reset();
     committing_ = false;
     editedRow_ = 0;
 }
@@ -491,7 +471,10 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            OnFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
+            OnFocusMoved();
+            return 0;
+        case NumberEditor::eventMessage:
+            OnEditor(static_cast<NumberEditor::Event>(wParam));
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:

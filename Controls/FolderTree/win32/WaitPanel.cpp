@@ -24,7 +24,8 @@ void Text(HDC dc, RECT area, const std::string& text, UINT format) {
 
 }  // namespace
 
-WaitPanel::WaitPanel(std::function<void()> cancel) : Window(L"ctlFolderTree.WaitPanel"), cancel_(std::move(cancel)) {}
+WaitPanel::WaitPanel(WindowKeeper& keeper, std::function<void()> cancel, std::function<void()> focusMoved)
+    : Window(L"ctlFolderTree.WaitPanel", keeper), cancel_(std::move(cancel)), focusMoved_(std::move(focusMoved)) {}
 
 WaitPanel::~WaitPanel() {
     DestroyHandle();
@@ -36,7 +37,7 @@ HWND WaitPanel::Create(HWND parent) {
     dpi_ = DpiOf(Handle());
     LoadFont();
     button_ =
-        CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, 0, 0, 0, 0, Handle(),
+        CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, 0, 0, 0, 0, Handle(),
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(cancelButton)), ThisModule(), nullptr);
     SendMessageW(button_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
     stale_ = captionsStale_ = true;
@@ -174,6 +175,11 @@ double WaitPanel::Fraction() const {
     return std::min(1.0, value_ / maximum_);
 }
 
+void WaitPanel::OnButton(int notification) {
+    if (notification == BN_CLICKED) cancel_();
+    if (notification == BN_SETFOCUS || notification == BN_KILLFOCUS) focusMoved_();
+}
+
 LRESULT WaitPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT:
@@ -182,10 +188,7 @@ LRESULT WaitPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             return 1;
         case WM_COMMAND:
-            if (LOWORD(wParam) == cancelButton && HIWORD(wParam) == BN_CLICKED) {
-                const std::function<void()> cancel = cancel_;
-                cancel();
-            }
+            if (LOWORD(wParam) == cancelButton) OnButton(HIWORD(wParam));
             return 0;
         default:
             return Window::OnMessage(message, wParam, lParam);

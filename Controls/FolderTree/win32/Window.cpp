@@ -74,6 +74,7 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
     }
     auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
     if (self == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
+    const Held held(self->keeper_);
     try {
         if (message != WM_NCDESTROY) return self->OnMessage(message, wParam, lParam);
         SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
