@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "automation_win32/ComError.h"
 #include "win32/ControlInterfaces.h"
 #include "win32/ControlObject.h"
 
@@ -31,7 +32,7 @@ HRESULT ControlInPlaceObject::Activate() {
         site_ = nullptr;
         return result;
     }
-    result = ShowIn(*site.Get());
+    result = automation::ComBoundary([&] { return ShowIn(*site.Get()); });
     if (FAILED(result)) InPlaceDeactivate();
     return result;
 }

@@ -4,6 +4,7 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "FolderTree.idl.h"
@@ -129,8 +130,12 @@ void ControlPlatform::PropertyChanged(std::string_view name) {
     object_.Interfaces().view.SendViewChange();
 }
 
-void ControlPlatform::TraceLine(std::string_view line) {
-    OutputDebugStringA(ToAnsi(ToWide(line, line.size())).c_str());
+// Error lines are written where an error has just been caught; tracing it must not raise the next one.
+void ControlPlatform::TraceLine(std::string_view line) noexcept {
+    try {
+        OutputDebugStringA(ToAnsi(ToWide(line, line.size())).c_str());
+    } catch (const std::exception&) {
+    }
 }
 
 }  // namespace foldertree

@@ -17,7 +17,7 @@ namespace foldertree {
 namespace {
 
 using automation::ComPtr;
-using Log = std::vector<std::string>;
+using Log = std::vector<std::string_view>;
 
 class Ole : public testing::Environment {
   public:
@@ -41,7 +41,7 @@ class Placed {
         Raw<_ctlFolderTree>()->put_AllowIndexing(VARIANT_TRUE);
         TickRow(grid, 2, "1");
         container_ = automation::MakeCom<FakeContainer>(host_.Handle());
-        container_->onCall = [this](const std::string& call) {
+        container_->onCall = [this](std::string_view call) {
             if (onCall) onCall(call);
         };
         Raw<IOleObject>()->SetClientSite(container_.Get());
@@ -55,7 +55,7 @@ class Placed {
     Placed& operator=(const Placed&) = delete;
 
     /// Called inside each call of the container.
-    std::function<void(const std::string&)> onCall;
+    std::function<void(std::string_view)> onCall;
 
     Log& Calls() { return container_->log; }
     ControlObject& Object() { return *static_cast<ControlObject*>(control_.Get()); }
@@ -139,7 +139,7 @@ TEST(PlacedControl, TellsItsContainerOfTheFocusOnceForEachWay) {
 TEST(PlacedControl, IsNotActivatedAgainByAFocusThatHidesIt) {
     Placed placed;
     ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
-    placed.onCall = [&](const std::string& call) {
+    placed.onCall = [&](std::string_view call) {
         if (call == "OnFocus TRUE") placed.Verb(OLEIVERB_HIDE);
     };
     placed.Click(2, colSel);
@@ -151,7 +151,7 @@ TEST(PlacedControl, RefusesToBeActivatedWhileItsWindowGoes) {
     Placed placed;
     placed.Verb(OLEIVERB_UIACTIVATE);
     HRESULT again = S_OK;
-    placed.onCall = [&](const std::string& call) {
+    placed.onCall = [&](std::string_view call) {
         if (call == "OnFocus FALSE") again = placed.Verb(OLEIVERB_SHOW);
     };
     placed.Verb(OLEIVERB_HIDE);
@@ -215,7 +215,7 @@ void ActInEveryCall(const std::function<void(Placed&)>& act) {
         {
             Placed placed;
             size_t seen = 0;
-            placed.onCall = [&](const std::string& call) {
+            placed.onCall = [&](std::string_view call) {
                 if (++seen != moment) return;
                 SCOPED_TRACE(call);
                 act(placed);
@@ -253,6 +253,101 @@ TEST(EndInTheContainersCalls, TheHostsWindowMayGo) {
 
 TEST(EndInTheContainersCalls, TheSiteMayGo) {
     ActInEveryCall([](Placed& placed) { placed.Raw<IOleObject>()->SetClientSite(nullptr); });
+}
+
+// ---- No memory
+
+/// Runs the call with one allocation failing, the first, the second, and so on until it makes no further one. The call
+/// returns its HRESULT, and no exception.
+void ExpectNoMemoryIsAResult(const std::function<HRESULT()>& call) {
+    int failures = 0;
+    for (int n = 1;; ++n) {
+        ASSERT_LT(n, 10000);
+        FailAllocation(n);
+        const HRESULT result = call();
+        const bool enough = AllocationFailurePending();
+        FailAllocation(0);
+        if (enough) {
+            EXPECT_EQ(result, S_OK);
+            break;
+        }
+        failures += result == E_OUTOFMEMORY;
+    }
+    EXPECT_GT(failures, 0) << "no allocation failed";
+}
+
+/// A sink that hears of everything and keeps nothing.
+class Sink final : public automation::ComBase<IDispatch> {
+  public:
+    int calls = 0;
+
+    STDMETHOD(GetTypeInfoCount)(UINT*) override { return E_NOTIMPL; }
+    STDMETHOD(GetTypeInfo)(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHOD(GetIDsOfNames)(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHOD(Invoke)(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        ++calls;
+        return S_OK;
+    }
+};
+
+// Only the first call of a process describes the server, and no other test makes one.
+TEST(NoMemory, IsAResultOfTheFirstCallOfTheServer) {
+    const auto getClassObject = [] {
+        ComPtr<IClassFactory> factory;
+        return DllGetClassObject(__uuidof(::ctlFolderTree), IID_IClassFactory,
+                                 reinterpret_cast<void**>(factory.GetAddressOf()));
+    };
+    ExpectNoMemoryIsAResult(getClassObject);
+    EXPECT_EQ(getClassObject(), S_OK);
+}
+
+TEST(NoMemory, IsAResultOfActivation) {
+    Placed placed;
+    ExpectNoMemoryIsAResult([&] {
+        const int armed = DisarmAllocationFailure();
+        placed.Verb(OLEIVERB_HIDE);
+        EXPECT_EQ(placed.Window(), nullptr);
+        FailAllocation(armed);
+        return placed.Verb(OLEIVERB_SHOW);
+    });
+    EXPECT_NE(placed.Grid(), nullptr);
+}
+
+TEST(NoMemory, IsAResultOfThawedEvents) {
+    Placed placed;
+    const auto sink = automation::MakeCom<Sink>();
+    ComPtr<IConnectionPoint> events;
+    placed.Raw<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(__ctlFolderTree), events.GetAddressOf());
+    DWORD cookie = 0;
+    ASSERT_EQ(events->Advise(sink.Get(), &cookie), S_OK);
+    auto* const control = placed.Raw<IOleControl>();
+    ExpectNoMemoryIsAResult([&] {
+        const int armed = DisarmAllocationFailure();
+        control->FreezeEvents(TRUE);
+        placed.Object().Platform().RaiseChanged();
+        FailAllocation(armed);
+        return control->FreezeEvents(FALSE);
+    });
+    EXPECT_EQ(sink->calls, 1);
+    events->Unadvise(cookie);
+}
+
+TEST(NoMemory, IsAResultOfAnEnumeratorsCopy) {
+    Placed placed;
+    ComPtr<IEnumConnectionPoints> points;
+    ASSERT_EQ(placed.Raw<IConnectionPointContainer>()->EnumConnectionPoints(points.GetAddressOf()), S_OK);
+    ExpectNoMemoryIsAResult([&] {
+        ComPtr<IEnumConnectionPoints> copy;
+        return points->Clone(copy.GetAddressOf());
+    });
+}
+
+TEST(NoMemory, LosesATraceLineAndNothingElse) {
+    Placed placed;
+    ExpectNoMemoryIsAResult([&] {
+        placed.Object().Platform().TraceLine("ctlFolderTree: a line");
+        return AllocationFailurePending() ? S_OK : E_OUTOFMEMORY;
+    });
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <oleidl.h>
 
 #include <functional>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "automation_win32/ComBase.h"
@@ -17,11 +17,11 @@ namespace foldertree {
 /// The sites of a container, all that the control asks for, in a window of the test's.
 class FakeContainer final : public automation::ComBase<IOleClientSite, IOleInPlaceSite, IOleControlSite> {
   public:
-    explicit FakeContainer(HWND window) : window_(window) {}
+    explicit FakeContainer(HWND window) : window_(window) { log.reserve(1000); }
 
-    std::vector<std::string> log;
+    std::vector<std::string_view> log;  ///< needs no memory of its own
     /// Called inside each call, after it was logged.
-    std::function<void(const std::string&)> onCall;
+    std::function<void(std::string_view)> onCall;
 
     // IOleClientSite
     STDMETHOD(SaveObject)() override { return Note("SaveObject"); }

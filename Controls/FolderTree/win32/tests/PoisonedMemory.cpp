@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -26,6 +27,9 @@ void FailAllocation(int n) {
 }
 bool AllocationFailurePending() {
     return failAt > 0;
+}
+int DisarmAllocationFailure() {
+    return std::exchange(failAt, 0);
 }
 
 }  // namespace foldertree

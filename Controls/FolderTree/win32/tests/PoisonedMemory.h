@@ -7,5 +7,7 @@ namespace foldertree {
 void FailAllocation(int n);
 /// Whether an allocation is still to fail, that is, whether fewer than n were made since.
 bool AllocationFailurePending();
+/// None fails any more; returns the n that arms it again as it was.
+int DisarmAllocationFailure();
 
 }  // namespace foldertree
