@@ -425,7 +425,7 @@ void DemoForm::SaveState() {
         }
     }
     Attempt([&] { SaveProperties(); });
-    state_.Save(options_.stateFile);
+    if (!state_.Save(options_.stateFile)) Fail(L"cannot keep properties and selection in " + options_.stateFile);
 }
 
 void DemoForm::OverrideLevel() {

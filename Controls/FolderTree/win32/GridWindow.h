@@ -19,8 +19,8 @@ namespace foldertree {
 /// end with the HWND gone. The row at the top and the cursor stay on their rows when rows come or go above them.
 class GridWindow : public Window, private TreeGridObserver {
   public:
-    /// `grid` and `events` outlive this object. `stale` is called when a Refresh() is wanted, which may be any number of
-    /// times before one comes.
+    /// `grid` and `events` outlive this object. `stale` is called when a Refresh() is wanted, which may be any number
+    /// of times before one comes.
     GridWindow(TreeGrid& grid, GridEvents& events, WindowKeeper& keeper, std::function<void()> stale);
     ~GridWindow() override;
 

@@ -37,8 +37,8 @@ HWND WaitPanel::Create(HWND parent) {
     dpi_ = DpiOf(Handle());
     LoadFont();
     button_ =
-        CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, 0, 0, 0, 0, Handle(),
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(cancelButton)), ThisModule(), nullptr);
+        CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, 0, 0, 0, 0,
+                        Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(cancelButton)), ThisModule(), nullptr);
     SendMessageW(button_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
     stale_ = captionsStale_ = true;
     Centre();
