@@ -7,7 +7,7 @@
 #include <string>
 
 #include "automation/Text.h"
-#include "win32/WideText.h"
+#include "win32/ShownText.h"
 
 namespace foldertree {
 namespace {
@@ -31,13 +31,13 @@ void Frame(HDC dc, const RECT& area, COLORREF color, int thickness) {
 }
 
 void Text(HDC dc, RECT area, std::string_view text, UINT format) {
-    const std::wstring wide = ToWide(text);
+    const std::wstring wide = ShownText(text);
     DrawTextW(dc, wide.c_str(), static_cast<int>(wide.size()), &area,
               format | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 int TextWidth(HDC dc, std::string_view text) {
-    const std::wstring wide = ToWide(text, 256);
+    const std::wstring wide = ShownText(text);
     SIZE size{};
     GetTextExtentPoint32W(dc, wide.c_str(), static_cast<int>(wide.size()), &size);
     return size.cx;

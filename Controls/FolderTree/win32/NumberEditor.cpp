@@ -1,15 +1,19 @@
 // NumberEditor: the small text box in which the user types a row's position number.
 #include "win32/NumberEditor.h"
 
-#include "win32/WideText.h"
-#include "win32/Window.h"
+#include "automation_win32/Bstr.h"
+#include "automation_win32/Module.h"
 
 namespace foldertree {
 
+using automation::FromWide;
+using automation::ToWide;
+
 NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text) {
-    edit_ = CreateWindowExW(0, L"EDIT", ToWide(text).c_str(),
-                            WS_CHILD | WS_VISIBLE | WS_BORDER | ES_RIGHT | ES_AUTOHSCROLL, place.left, place.top,
-                            place.right - place.left, place.bottom - place.top, parent, nullptr, ThisModule(), nullptr);
+    edit_ =
+        CreateWindowExW(0, L"EDIT", ToWide(text).c_str(), WS_CHILD | WS_VISIBLE | WS_BORDER | ES_RIGHT | ES_AUTOHSCROLL,
+                        place.left, place.top, place.right - place.left, place.bottom - place.top, parent, nullptr,
+                        automation::ThisModule(), nullptr);
     if (edit_ == nullptr) return;
     SendMessageW(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     SetWindowLongPtrW(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));

@@ -5,7 +5,12 @@
 #include <set>
 #include <string>
 
+#include "automation_win32/Module.h"
+
 namespace foldertree {
+
+using automation::ThisModule;
+
 namespace {
 
 /// The window classes of this module. Windows keeps the classes of a DLL that is unloaded, together with a procedure
@@ -83,13 +88,6 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
     } catch (...) {
     }
     return DefWindowProcW(handle, message, wParam, lParam);
-}
-
-HINSTANCE ThisModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&ThisModule), &module);
-    return module;
 }
 
 int DpiOf(HWND window) {

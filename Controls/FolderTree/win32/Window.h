@@ -58,8 +58,6 @@ class Window {
     HWND handle_ = nullptr;
 };
 
-/// The DLL or program that this code is in.
-HINSTANCE ThisModule();
 /// Dots per inch of the window's screen (of the primary screen when null).
 int DpiOf(HWND window);
 /// A length for 96 dots per inch, at `dpi`.
