@@ -40,8 +40,8 @@ GridWindow::~GridWindow() {
 
 HWND GridWindow::Create(HWND parent, const RECT& place) {
     pictureStale_ = countStale_ = true;
-    const HWND handle =
-        CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL);
+    const HWND handle = CreateHandle(
+        parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL);
     if (handle != nullptr) Refresh();
     return handle;
 }
@@ -69,6 +69,7 @@ void GridWindow::RowsRemoved(int32_t firstRow, int32_t count) {
         const bool gone = editedRow_ >= firstRow && editedRow_ < firstRow + count;
         editedRow_ = gone ? 0 : AfterRemoval(editedRow_, firstRow, count);
     }
+    if (grid_.RowCount() <= grid_.FixedRowCount()) widestName_ = 0;
     countStale_ = true;
     NoteChange(inView);
 }
@@ -116,7 +117,7 @@ void GridWindow::Refresh() {
     EnableWindow(Handle(), grid_.Enabled());
     if (Handle() == nullptr) return;
     Measure();
-    UpdateScrollBar();
+    UpdateScrollBars();
     if (pictureStale_) InvalidateRect(Handle(), nullptr, FALSE);
     pictureStale_ = countStale_ = false;
 }
@@ -129,6 +130,7 @@ void GridWindow::LoadFontOnce() {
     if (fontLoaded_) return;
     fonts_.Load(grid_.Font(), DpiOf(Handle()));
     fontLoaded_ = true;
+    widestName_ = 0;
 }
 
 void GridWindow::Measure() {
@@ -147,19 +149,34 @@ void GridWindow::Measure() {
     topRow_ = count > 0 ? grid_.VisibleRow(position) : 0;
     layout_ =
         position == 0 ? atTop : MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, position);
+    MeasureNames();
 }
 
-void GridWindow::UpdateScrollBar() {
+void GridWindow::MeasureNames() {
+    if (grid_.VisibleCount() == 0) widestName_ = 0;
+    widestName_ = std::max(widestName_, WidestName(grid_, fonts_, layout_));
+    layout_.ScrollSideways(widestName_, left_);
+    if (left_ != layout_.Left()) pictureStale_ = true;
+    left_ = layout_.Left();
+}
+
+// A scroll bar that comes or goes changes the window's size, and with it the layout; hence one after the other.
+void GridWindow::UpdateScrollBars() {
+    UpdateScrollBar(SB_VERT, grid_.VisibleCount() - 1, layout_.FullRows(), layout_.TopPosition());
+    if (Handle() != nullptr) UpdateScrollBar(SB_HORZ, layout_.ContentWidth() - 1, layout_.Client().cx, layout_.Left());
+}
+
+void GridWindow::UpdateScrollBar(int bar, int last, int page, int position) {
     SCROLLINFO wanted{};
     wanted.cbSize = sizeof wanted;
     wanted.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    wanted.nMax = std::max(0, grid_.VisibleCount() - 1);
-    wanted.nPage = static_cast<UINT>(layout_.FullRows());
-    wanted.nPos = layout_.TopPosition();
+    wanted.nMax = std::max(0, last);
+    wanted.nPage = static_cast<UINT>(page);
+    wanted.nPos = position;
     SCROLLINFO now = wanted;
-    GetScrollInfo(Handle(), SB_VERT, &now);
+    GetScrollInfo(Handle(), bar, &now);
     const bool same = now.nMin == 0 && now.nMax == wanted.nMax && now.nPage == wanted.nPage && now.nPos == wanted.nPos;
-    if (!same) SetScrollInfo(Handle(), SB_VERT, &wanted, TRUE);
+    if (!same) SetScrollInfo(Handle(), bar, &wanted, TRUE);
 }
 
 void GridWindow::OnPaint() {
@@ -204,9 +221,6 @@ void GridWindow::ScrollTo(int64_t position) {
 
 void GridWindow::OnScroll(int request) {
     const int64_t top = layout_.TopPosition();
-    SCROLLINFO thumb{};
-    thumb.cbSize = sizeof thumb;
-    thumb.fMask = SIF_TRACKPOS;
     switch (request) {
         case SB_LINEUP:
             return ScrollTo(top - 1);
@@ -222,9 +236,50 @@ void GridWindow::OnScroll(int request) {
             return ScrollTo(std::numeric_limits<int32_t>::max());
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION:
-            // The message itself carries 16 bits only.
-            if (GetScrollInfo(Handle(), SB_VERT, &thumb)) ScrollTo(thumb.nTrackPos);
+            return ScrollTo(ThumbPosition(SB_VERT));
+        default:
             return;
+    }
+}
+
+// The message itself carries 16 bits only.
+int GridWindow::ThumbPosition(int bar) const {
+    SCROLLINFO thumb{};
+    thumb.cbSize = sizeof thumb;
+    thumb.fMask = SIF_TRACKPOS;
+    GetScrollInfo(Handle(), bar, &thumb);
+    return thumb.nTrackPos;
+}
+
+void GridWindow::ScrollSidewaysTo(int left) {
+    const int last = layout_.ContentWidth() - layout_.Client().cx;
+    left = std::clamp(left, 0, std::max(0, last));
+    if (left == layout_.Left()) return;
+    FinishEdit();
+    left_ = left;
+    pictureStale_ = true;
+    Refresh();
+}
+
+void GridWindow::OnSidewaysScroll(int request) {
+    const int left = layout_.Left();
+    const int line = layout_.Metrics().indent;
+    switch (request) {
+        case SB_LINELEFT:
+            return ScrollSidewaysTo(left - line);
+        case SB_LINERIGHT:
+            return ScrollSidewaysTo(left + line);
+        case SB_PAGELEFT:
+            return ScrollSidewaysTo(left - layout_.Client().cx);
+        case SB_PAGERIGHT:
+            return ScrollSidewaysTo(left + layout_.Client().cx);
+        case SB_LEFT:
+            return ScrollSidewaysTo(0);
+        case SB_RIGHT:
+            return ScrollSidewaysTo(layout_.ContentWidth());
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            return ScrollSidewaysTo(ThumbPosition(SB_HORZ));
         default:
             return;
     }
@@ -238,6 +293,11 @@ void GridWindow::OnWheel(int delta) {
     const int rows = wheelRest_ / WHEEL_DELTA;
     wheelRest_ %= WHEEL_DELTA;
     ScrollTo(static_cast<int64_t>(layout_.TopPosition()) - rows);
+}
+
+// One notch is three steps, as it is three rows; to the right is positive.
+void GridWindow::OnSidewaysWheel(int delta) {
+    ScrollSidewaysTo(layout_.Left() + 3 * layout_.Metrics().indent * delta / WHEEL_DELTA);
 }
 
 void GridWindow::BringIntoView(int32_t row) {
@@ -293,6 +353,9 @@ void GridWindow::OnMouse(UINT message, POINT point) {
 void GridWindow::OnKey(WPARAM key, bool repeated) {
     if (!grid_.Enabled()) return;
     Refresh();
+    // Left and Right alone belong to the outline.
+    if (GetKeyState(VK_CONTROL) < 0 && (key == VK_LEFT || key == VK_RIGHT))
+        return OnSidewaysScroll(key == VK_LEFT ? SB_LINELEFT : SB_LINERIGHT);
     const int32_t row = CursorRow();
     switch (key) {
         case VK_UP:
@@ -377,6 +440,7 @@ void GridWindow::OpenEditor(int32_t row) {
     const bool allowed = GridInteraction(grid_, events_).MayEditIndex(row);
     if (!allowed || Handle() == nullptr || row >= grid_.RowCount()) return;
     BringIntoView(row);
+    ScrollSidewaysTo(0);
     const auto position = grid_.VisiblePosition(row);
     if (Handle() == nullptr || !position) return;
     editedRow_ = row;
@@ -454,8 +518,17 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_VSCROLL:
             OnScroll(LOWORD(wParam));
             return 0;
+        case WM_HSCROLL:
+            OnSidewaysScroll(LOWORD(wParam));
+            return 0;
         case WM_MOUSEWHEEL:
-            OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+            if ((GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT) != 0)
+                OnSidewaysWheel(-GET_WHEEL_DELTA_WPARAM(wParam));
+            else
+                OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+            return 0;
+        case WM_MOUSEHWHEEL:
+            OnSidewaysWheel(GET_WHEEL_DELTA_WPARAM(wParam));
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:

@@ -63,12 +63,18 @@ class GridWindow : public Window, private TreeGridObserver {
     void OnPaint();
     void LoadFontOnce();
     void Measure();
-    void UpdateScrollBar();
+    void MeasureNames();
+    void UpdateScrollBars();
+    void UpdateScrollBar(int bar, int last, int page, int position);
 
-    // Scrolling, in visible rows
+    // Scrolling: down in visible rows, sideways in pixels
     void ScrollTo(int64_t position);
+    void ScrollSidewaysTo(int left);
     void OnScroll(int request);
+    void OnSidewaysScroll(int request);
     void OnWheel(int delta);
+    void OnSidewaysWheel(int delta);
+    int ThumbPosition(int bar) const;
     void BringIntoView(int32_t row);
 
     // Gestures
@@ -110,6 +116,8 @@ class GridWindow : public Window, private TreeGridObserver {
     bool pictureStale_ = true;
     bool countStale_ = true;
     int wheelRest_ = 0;
+    int left_ = 0;        ///< pixels out of view at the left
+    int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
 
     std::unique_ptr<NumberEditor> editor_;
     int32_t editedRow_ = 0;
