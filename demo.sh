@@ -13,6 +13,8 @@ stands, writes a picture of it to build/demo.png, prints the tree and ends.
   --pst FILE         show this PST file instead of the sample mailbox
   --maildir DIR      show this Maildir++ tree instead of it (may be given several times, also beside --pst)
   --level N          read N levels of folders at once, deeper ones when their node is opened (0: all)
+  --mode N           read by way of 0 MAPI tables, 1 RDO objects, 2 Outlook's object model, 3 a CDO session (else 0, or
+                     what the demo's last run kept)
   --screenshot FILE  run on a hidden screen and write the picture to FILE
   --help             this text
 TEXT
@@ -26,13 +28,14 @@ usage_error() {
 
 stores=()
 level=()
+mode=()
 screenshot=$buildRoot/demo.png
 
 while (($# > 0)); do
     option=$1
     case $option in
         --help | -h) usage; exit 0 ;;
-        --pst | --maildir | --level | --screenshot)
+        --pst | --maildir | --level | --mode | --screenshot)
             (($# > 1)) || usage_error "$option needs a value."
             value=$2
             shift 2
@@ -52,6 +55,10 @@ while (($# > 0)); do
             [[ $value =~ ^[0-9]+$ ]] || usage_error "--level takes a number, not $value."
             level=(--level "$value")
             ;;
+        --mode)
+            [[ $value =~ ^[0-3]$ ]] || usage_error "--mode takes 0, 1, 2 or 3, not $value."
+            mode=(--mode "$value")
+            ;;
         --screenshot)
             screenshot=$(realpath -m "$value")
             [[ -d $(dirname "$screenshot") ]] || fail "--screenshot: there is no folder $(dirname "$screenshot")."
@@ -65,7 +72,7 @@ build_preset win64 shipped
 prepare_wine
 
 program=$buildRoot/win64/bin/FolderTreeDemo.exe
-arguments=(${level[@]+"${level[@]}"})
+arguments=(${level[@]+"${level[@]}"} ${mode[@]+"${mode[@]}"})
 for ((i = 0; i < ${#stores[@]}; i += 2)); do
     arguments+=("${stores[i]}" "$(winepath -w "${stores[i + 1]}")")
 done

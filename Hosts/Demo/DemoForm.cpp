@@ -18,6 +18,7 @@ namespace {
 constexpr wchar_t windowClass[] = L"FolderTreeDemo";
 constexpr wchar_t controlProgId[] = L"FolderTree.ctlFolderTree";
 constexpr wchar_t sessionProgId[] = L"LocalStores.Session";
+constexpr wchar_t applicationProgId[] = L"LocalStores.Application";
 
 constexpr UINT loadMessage = WM_APP + 1;
 constexpr UINT selectionMessage = WM_APP + 2;
@@ -30,10 +31,18 @@ constexpr UINT readyMilliseconds = 300;
 constexpr int formWidth = 1024, formHeight = 700;
 constexpr int statusId = 500;
 
-constexpr char levelProperty[] = "ExtendToLevel";
+/// A property that the command line may set for one run.
+struct Override {
+    const char* property;
+    const wchar_t* member;
+    std::optional<int> Options::*value;
+    int newControl;  ///< the property of a control that nothing was saved of; in what was saved, 0 is left out
+};
+constexpr Override overrides[] = {{"ExtendToLevel", L"ExtendToLevel", &Options::level, 1},
+                                  {"InfoStoreAccessMode", L"InfoStoreAccessMode", &Options::mode, 0}};
 
-std::string LevelText(int level) {
-    return "number:" + std::to_string(level);
+std::string NumberText(int number) {
+    return "number:" + std::to_string(number);
 }
 
 struct Captions {
@@ -72,7 +81,7 @@ void DemoForm::Open() {
 
     // The control comes first, so that Tab reaches it first.
     state_ = SavedState::Load(options_.stateFile);
-    OverrideLevel();
+    OverrideProperties();
     CreateControl();
     properties_.Create(window_);
     methods_.Create(window_);
@@ -230,6 +239,8 @@ void DemoForm::LoadMail() {
     try {
         OpenStores();
         PutRef(Control().Get(), L"RDOSessionRef", session_.Get());
+        // For the mode that reads through a mail client: it shows what the session has opened.
+        PutRef(Control().Get(), L"Application", CreateByProgId(applicationProgId).Get());
     } catch (const AutomationFailure& failure) {
         Fail(failure.Message());
         return;
@@ -315,6 +326,9 @@ void DemoForm::RunMethod(int command) {
                 case methodFont:
                     PickFont();
                     break;
+                case methodLookUp:
+                    LookUp();
+                    break;
                 case methodSelectByType:
                     Call(control.Get(), L"SelectByType", {methods_.ItemType(), methods_.Additional()});
                     break;
@@ -351,6 +365,19 @@ void DemoForm::KillCollection() {
     if (killed != nullptr) killed->Release();
     NewCollection();
     PutRef(control.Get(), L"Selection", collection_.Get());
+}
+
+void DemoForm::LookUp() {
+    const size_t chosen = selectionPanel_.Chosen();
+    if (chosen >= selection_.size()) return SetStatus(L"Tick a folder, and choose it in the selection");
+    const SavedItem& saved = selection_[chosen].saved;
+    const bool isList = !saved.addressListId.empty();
+    const wchar_t* const function = isList ? L"GetAdListItem" : L"GetMsgItem";
+    const ComPtr<IDispatch> item =
+        Call(Control().Get(), function, {isList ? saved.addressListId : saved.storeId, saved.entryId}).AsObject();
+    const std::wstring found = item ? ReadItem(item.Get()).path : L"nothing";
+    SetStatus(std::wstring(function) + L": " + found);
+    TraceLog::Note(std::wstring(function) + L" found " + found);
 }
 
 void DemoForm::PickFont() {
@@ -425,34 +452,54 @@ void DemoForm::SaveState() {
         }
     }
     Attempt([&] { SaveProperties(); });
-    state_.Save(options_.stateFile);
+    if (!state_.Save(options_.stateFile)) Fail(L"cannot keep properties and selection in " + options_.stateFile);
 }
 
-void DemoForm::OverrideLevel() {
-    if (!options_.level) return;
-    const std::string newControl = LevelText(1), missing = LevelText(0);
-    const auto saved = state_.properties.find(levelProperty);
-    usualLevel_ = state_.properties.empty() ? newControl : saved == state_.properties.end() ? missing : saved->second;
-    state_.properties[levelProperty] = LevelText(*options_.level);
+void DemoForm::OverrideProperties() {
+    const bool any = std::any_of(std::begin(overrides), std::end(overrides),
+                                 [&](const Override& override) { return (options_.*override.value).has_value(); });
+    if (!any) return;
+    const bool newControl = state_.properties.empty();
+    for (const Override& override : overrides) {
+        const std::optional<int>& value = options_.*override.value;
+        std::string& saved = state_.properties[override.property];
+        // Now that the bag is not empty the control is loaded and not new, so it has to be told.
+        if (saved.empty()) saved = NumberText(newControl ? override.newControl : 0);
+        usual_[override.property] = saved;
+        if (value) saved = NumberText(*value);
+    }
 }
 
 void DemoForm::SaveProperties() {
     site_->Save(state_.properties);
-    // The level of the command line is for this run, unless it was changed since.
-    if (options_.level && Get(Control().Get(), L"ExtendToLevel").AsLong() == *options_.level) {
-        state_.properties[levelProperty] = usualLevel_;
+    // What the command line says is for this run, unless it was changed since.
+    for (const Override& override : overrides) {
+        const std::optional<int>& value = options_.*override.value;
+        if (value && Get(Control().Get(), override.member).AsLong() == *value)
+            state_.properties[override.property] = usual_[override.property];
     }
+}
+
+long DemoForm::ListCount() {
+    long count = 0;
+    if (const ComPtr<IDispatch> control = Control())
+        Attempt([&] { count = Get(control.Get(), L"ListCount").AsLong(); });
+    return count;
 }
 
 void DemoForm::WriteReady() {
     std::set<std::wstring> selectedKeys;
     for (const SelectedFolder& folder : selection_) selectedKeys.insert(folder.key);
-    if (!WriteWholeFile(options_.readyFile, tree_.AsText(selectedKeys))) Fail(L"cannot write " + options_.readyFile);
+    std::string text = tree_.AsText(selectedKeys);
+    if (text.empty())
+        text = "This access mode does not trace its rows; there are " + std::to_string(ListCount()) + ".\n";
+    if (!WriteWholeFile(options_.readyFile, text)) Fail(L"cannot write " + options_.readyFile);
 }
 
 void DemoForm::WriteWatched() {
     std::string text = WatchText(window_, site_ ? site_->Window() : nullptr, tree_, selection_);
-    text += "changed\t" + std::to_string(changedCount_) + "\nloading\t" + std::to_string(loading_) + "\n";
+    text += "rows\t" + std::to_string(ListCount()) + "\nchanged\t" + std::to_string(changedCount_) + "\nloading\t" +
+            std::to_string(loading_) + "\n";
     if (text != watched_ && WriteWholeFile(options_.watchFile, text)) watched_ = std::move(text);
 }
 

@@ -60,7 +60,9 @@ class DemoForm {
 
     void ShowState();
     void ReadSelection();
-    void OverrideLevel();
+    long ListCount();
+    void OverrideProperties();
+    void LookUp();
     void SaveState();
     void SaveProperties();
     void KeepRecord(SelectedFolder& folder);
@@ -85,7 +87,7 @@ class DemoForm {
     TracedTree tree_;
 
     SavedState state_;
-    std::string usualLevel_;  ///< the saved ExtendToLevel, while the command line overrides it
+    std::map<std::string, std::string> usual_;  ///< what was saved of the properties that the command line overrides
     ComPtr<ControlSite> site_;
     ComPtr<ChangedSink> sink_;
     ComPtr<IDispatch> session_;

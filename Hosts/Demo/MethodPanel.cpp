@@ -23,7 +23,7 @@ constexpr Button buttonTable[] = {{L"RefreshList", methodRefreshList},
                                   {L"CollapseToSelection", methodCollapseToSelection},
                                   {L"KillCollection", methodKillCollection},
                                   {L"Font…", methodFont},
-                                  {nullptr, methodOther},
+                                  {L"Look up", methodLookUp},
                                   {L"SelectByType", methodSelectByType},
                                   {L"CollapseToType", methodCollapseToType}};
 
@@ -31,11 +31,8 @@ constexpr Button buttonTable[] = {{L"RefreshList", methodRefreshList},
 
 void MethodPanel::Create(HWND form) {
     group_ = AddWidget(form, WC_BUTTONW, L"Methods", BS_GROUPBOX, methodOther);
-    for (const Button& button : buttonTable) {
-        buttons_.push_back(button.caption == nullptr
-                               ? nullptr
-                               : AddWidget(form, WC_BUTTONW, button.caption, WS_TABSTOP, button.command));
-    }
+    for (const Button& button : buttonTable)
+        buttons_.push_back(AddWidget(form, WC_BUTTONW, button.caption, WS_TABSTOP, button.command));
     type_ = AddWidget(form, WC_COMBOBOXW, L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, methodOther);
     for (long type = firstType; type <= lastType; ++type) {
         const std::wstring name = ItemTypeName(type);
@@ -53,7 +50,7 @@ void MethodPanel::Arrange(const RECT& place) {
     for (size_t i = 0; i < buttons_.size(); ++i) {
         if (i % buttonsPerLine == 0) line = CutTop(rest, Scaled(24));
         const RECT cell = CutLeft(line, width);
-        if (buttons_[i] != nullptr) Place(buttons_[i], cell);
+        Place(buttons_[i], cell);
     }
     RECT list = CutLeft(line, width);
     list.bottom += Scaled(240);  // the opened list

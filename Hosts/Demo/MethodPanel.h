@@ -16,6 +16,7 @@ enum MethodCommand : int {
     methodCollapseToSelection,
     methodKillCollection,
     methodFont,
+    methodLookUp,
     methodSelectByType,
     methodCollapseToType,
     methodOther  ///< widgets without a command

@@ -37,6 +37,8 @@ bool Store(Options& options, const std::wstring& name, const std::wstring& value
         options.mailStores.push_back(value);
     else if (name == L"--level")
         storeNumber(options.level);
+    else if (name == L"--mode")
+        storeNumber(options.mode);
     else if (name == L"--slow")
         storeNumber(options.slowMilliseconds);
     else if (name == L"--ready")
@@ -59,6 +61,7 @@ const char* const usageText =
     "  --pst FILE      open a PST file (repeatable)\n"
     "  --maildir DIR   open a Maildir tree (repeatable); with neither, the sample mailbox\n"
     "  --level N       read N levels (0 = all)\n"
+    "  --mode N        access mode: 0 MAPI tables, 1 RDO objects, 2 Outlook, 3 CDO\n"
     "  --slow MS       delay every table read of the sample mailbox by MS milliseconds\n"
     "  --ready FILE    write the shown tree to FILE as indented text once it stands\n"
     "  --watch FILE    keep FILE up to date with rows, selection and buttons, and where they are on the screen\n"

@@ -11,6 +11,7 @@ namespace demo {
 struct Options {
     std::vector<std::wstring> mailStores;  ///< files and folders to open; empty: the sample mailbox
     std::optional<int> level;              ///< overrides the saved ExtendToLevel
+    std::optional<int> mode;               ///< overrides the saved InfoStoreAccessMode
     int slowMilliseconds = 0;              ///< delay of each table read of the sample mailbox
     std::wstring readyFile;                ///< gets the tree as text once it stands
     std::wstring watchFile;                ///< is kept up to date with what the window shows

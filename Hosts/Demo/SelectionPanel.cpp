@@ -80,6 +80,11 @@ void SelectionPanel::Arrange(const RECT& place) {
     Place(list_, InsideGroup(place));
 }
 
+size_t SelectionPanel::Chosen() const {
+    const int chosen = ListView_GetNextItem(list_, -1, LVNI_SELECTED);
+    return chosen < 0 ? 0 : static_cast<size_t>(chosen);
+}
+
 void SelectionPanel::Show(const std::vector<SelectedFolder>& folders) {
     SetWindowTextW(group_, (L"Selection (" + std::to_wstring(folders.size()) + L")").c_str());
     SendMessageW(list_, WM_SETREDRAW, FALSE, 0);

@@ -35,6 +35,8 @@ class SelectionPanel {
     void Create(HWND form);
     void Arrange(const RECT& place);
     void Show(const std::vector<SelectedFolder>& folders);
+    /// The position of the folder that the user chose in the list, else of the first.
+    size_t Chosen() const;
 
   private:
     HWND group_ = nullptr;

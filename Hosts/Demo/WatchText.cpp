@@ -24,8 +24,9 @@ std::wstring Text(long number) {
 bool IsPressable(HWND window) {
     wchar_t name[32] = L"";
     GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    return IsWindowVisible(window) && lstrcmpiW(name, WC_BUTTONW) == 0 &&
-           (GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
+    if (!IsWindowVisible(window)) return false;
+    if (lstrcmpiW(name, WC_COMBOBOXW) == 0) return true;
+    return lstrcmpiW(name, WC_BUTTONW) == 0 && (GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
 }
 
 void AppendButton(HWND button, std::string& text) {

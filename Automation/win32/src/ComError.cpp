@@ -1,6 +1,8 @@
 // ComError: what failures are called on both sides.
 #include "automation_win32/ComError.h"
 
+#include <utility>
+
 #include "automation_win32/Bstr.h"
 
 namespace automation {
@@ -36,23 +38,31 @@ bool IsCallError(uint32_t number) {
            number == errors::badParamCount;
 }
 
-std::string TakeText(BSTR& text) {
-    std::string result = FromBstr(text);
-    SysFreeString(text);
-    text = nullptr;
-    return result;
-}
+/// Frees the texts of an EXCEPINFO at the end of a scope.
+class TextsOf {
+  public:
+    explicit TextsOf(EXCEPINFO& info) : info_(info) {}
+    ~TextsOf() {
+        for (BSTR* text : {&info_.bstrSource, &info_.bstrDescription, &info_.bstrHelpFile})
+            SysFreeString(std::exchange(*text, nullptr));
+    }
+    TextsOf(const TextsOf&) = delete;
+    TextsOf& operator=(const TextsOf&) = delete;
+
+  private:
+    EXCEPINFO& info_;
+};
 
 }  // namespace
 
 Error FromExcepInfo(HRESULT result, EXCEPINFO& info) {
+    // Some servers fill it in and return another code.
+    const TextsOf texts(info);
     if (result != DISP_E_EXCEPTION) return FromHresult(result);
     if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
     uint32_t number = Unsigned(info.scode);
     if (number == 0) number = info.wCode != 0 ? vbFacility | info.wCode : Unsigned(result);
-    const std::string description = TakeText(info.bstrDescription);
-    TakeText(info.bstrSource);
-    TakeText(info.bstrHelpFile);
+    const std::string description = FromBstr(info.bstrDescription);
     return Error(number, description.empty() ? TextOf(number) : description);
 }
 

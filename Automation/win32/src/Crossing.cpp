@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation_win32/ComObject.h"
+#include "automation_win32/Module.h"
 #include "automation_win32/ObjectDispatch.h"
 
 namespace automation {
@@ -128,11 +129,6 @@ WrapperEntry::~WrapperEntry() {
     const std::lock_guard lock(tables.mutex);
     tables.wrappers.erase(object_);
     tables.own.erase(wrapper_);
-}
-
-const void* ThisModule() {
-    static const char place = 0;
-    return &place;
 }
 
 }  // namespace automation

@@ -10,6 +10,7 @@
 
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComError.h"
+#include "automation_win32/Module.h"
 #include "automation_win32/Variant.h"
 
 namespace automation {

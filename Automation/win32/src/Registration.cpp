@@ -10,6 +10,7 @@
 
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComError.h"
+#include "automation_win32/Module.h"
 
 namespace automation {
 
@@ -26,16 +27,6 @@ const std::wstring platformKey = L"win32";
 std::wstring GuidText(const GUID& guid) {
     wchar_t buffer[40];
     return std::wstring(buffer, static_cast<size_t>(StringFromGUID2(guid, buffer, 40)) - 1);
-}
-
-std::wstring ModulePath(HMODULE module) {
-    std::wstring path(MAX_PATH, L'\0');
-    while (true) {
-        const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-        if (length == 0) Check(HRESULT_FROM_WIN32(GetLastError()));
-        if (length < path.size()) return path.substr(0, length);
-        path.resize(path.size() * 2);
-    }
 }
 
 std::wstring FolderOf(const std::wstring& path) {

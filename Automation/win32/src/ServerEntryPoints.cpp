@@ -1,13 +1,23 @@
 // ServerEntryPoints: the exports of every in-process COM server of ours; compiled into each DLL.
+#include "automation_win32/ComError.h"
 #include "automation_win32/ComServer.h"
 
 namespace {
 
+using automation::ComServer;
+using automation::RegistryScope;
+
 HMODULE thisModule = nullptr;
 
-const automation::ComServer& Server() {
-    static const automation::ComServer server = automation::DescribeServer(thisModule);
+/// Made by the first call; one that fails is made anew by the next.
+const ComServer& Server() {
+    static const ComServer server = automation::DescribeServer(thisModule);
     return server;
+}
+
+template <class Action>
+HRESULT AtServer(Action&& action) noexcept {
+    return automation::ComBoundary([&] { return action(Server()); });
 }
 
 }  // namespace
@@ -23,23 +33,25 @@ BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
 }
 
 HRESULT WINAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
-    return Server().GetClassObject(clsid, iid, object);
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    return AtServer([&](const ComServer& server) { return server.GetClassObject(clsid, iid, object); });
 }
 
 HRESULT WINAPI DllCanUnloadNow() {
-    return Server().CanUnloadNow();
+    return AtServer([&](const ComServer& server) { return server.CanUnloadNow(); });
 }
 
 HRESULT WINAPI DllRegisterServer() {
-    return Server().Register(automation::RegistryScope::Machine);
+    return AtServer([&](const ComServer& server) { return server.Register(RegistryScope::Machine); });
 }
 
 HRESULT WINAPI DllUnregisterServer() {
-    return Server().Unregister(automation::RegistryScope::Machine);
+    return AtServer([&](const ComServer& server) { return server.Unregister(RegistryScope::Machine); });
 }
 
 HRESULT WINAPI DllInstall(BOOL install, LPCWSTR commandLine) {
-    return Server().Install(install, commandLine);
+    return AtServer([&](const ComServer& server) { return server.Install(install, commandLine); });
 }
 
 }  // extern "C"

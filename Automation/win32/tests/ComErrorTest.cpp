@@ -52,7 +52,17 @@ TEST(ComError, AnExceptionThatTellsNothingIsStillAnError) {
 TEST(ComError, AResultThatIsNoExceptionCountsItself) {
     EXCEPINFO info = Info(static_cast<SCODE>(0x8004010F), 0, nullptr);
     EXPECT_EQ(FromExcepInfo(DISP_E_UNKNOWNNAME, info).Number(), errors::unknownName);
-    SysFreeString(info.bstrSource);
+}
+
+TEST(ComError, TheTextsAreFreedWhateverTheResult) {
+    for (const HRESULT result : {DISP_E_EXCEPTION, DISP_E_UNKNOWNNAME, E_FAIL}) {
+        EXCEPINFO info = Info(E_FAIL, 0, L"text");
+        info.bstrHelpFile = SysAllocString(L"help");
+        FromExcepInfo(result, info);
+        EXPECT_EQ(info.bstrDescription, nullptr);
+        EXPECT_EQ(info.bstrSource, nullptr);
+        EXPECT_EQ(info.bstrHelpFile, nullptr);
+    }
 }
 
 TEST(ComError, ASystemErrorHasTheSystemsTextWithoutALineEnd) {

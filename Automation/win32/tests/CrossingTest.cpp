@@ -7,6 +7,7 @@
 #include "automation/KeyedCollection.h"
 #include "automation_testing/ScriptedObject.h"
 #include "automation_win32/ComError.h"
+#include "automation_win32/Module.h"
 #include "automation_win32/ObjectDispatch.h"
 #include "automation_win32/Variant.h"
 

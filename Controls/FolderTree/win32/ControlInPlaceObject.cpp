@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "automation_win32/ComError.h"
 #include "win32/ControlInterfaces.h"
 #include "win32/ControlObject.h"
 
@@ -21,27 +22,40 @@ void ControlInPlaceObject::WatchWindow() {
 
 HRESULT ControlInPlaceObject::Activate() {
     if (site_ != nullptr) return S_OK;
+    if (object_.Ended() || leaving_) return OLE_E_NOT_INPLACEACTIVE;
     const auto site = object_.Site().As<IOleInPlaceSite>();
     if (site == nullptr || site->CanInPlaceActivate() != S_OK) return OLE_E_NOT_INPLACEACTIVE;
-    HRESULT result = site->OnInPlaceActivate();
-    if (FAILED(result)) return result;
+    // The container may deactivate or end the control in each of its calls; there is no site any more then.
     site_ = site;
+    HRESULT result = site->OnInPlaceActivate();
+    if (FAILED(result)) {
+        site_ = nullptr;
+        return result;
+    }
+    result = automation::ComBoundary([&] { return ShowIn(*site.Get()); });
+    if (FAILED(result)) InPlaceDeactivate();
+    return result;
+}
 
+HRESULT ControlInPlaceObject::ShowIn(IOleInPlaceSite& site) {
     HWND parent = nullptr;
     RECT place = {};
     RECT clip = {};
     OLEINPLACEFRAMEINFO frameInfo = {};
     frameInfo.cb = sizeof(frameInfo);
-    result = site->GetWindow(&parent);
+    ComPtr<IOleInPlaceFrame> frame;
+    ComPtr<IOleInPlaceUIWindow> document;
+    HRESULT result = site.GetWindow(&parent);
     if (SUCCEEDED(result))
-        result = site->GetWindowContext(frame_.GetAddressOf(), document_.GetAddressOf(), &place, &clip, &frameInfo);
-    if (SUCCEEDED(result) && object_.Window().Create(parent, place) == nullptr) result = E_FAIL;
-    if (FAILED(result)) {
-        InPlaceDeactivate();
-        return result;
-    }
+        result = site.GetWindowContext(frame.GetAddressOf(), document.GetAddressOf(), &place, &clip, &frameInfo);
+    if (FAILED(result)) return result;
+    if (site_ == nullptr) return OLE_E_NOT_INPLACEACTIVE;
+    frame_ = frame;
+    document_ = document;
+    if (object_.Window().Create(parent, place) == nullptr) return E_FAIL;
     SetObjectRects(&place, &clip);
-    if (object_.Site().Get() != nullptr) object_.Site().Get()->ShowObject();
+    const ComPtr<IOleClientSite> client = object_.Site().Get();
+    if (client != nullptr) client->ShowObject();
     return S_OK;
 }
 
@@ -51,6 +65,7 @@ HRESULT ControlInPlaceObject::ActivateUI() {
     uiActive_ = true;
     const ComPtr<IOleInPlaceSite> site = site_;
     site->OnUIActivate();
+    if (!uiActive_) return OLE_E_NOT_INPLACEACTIVE;
     SetActiveObject(&object_.Interfaces().activeObject);
     const HWND window = object_.Window().Handle();
     if (window != nullptr && !IsChild(window, GetFocus())) SetFocus(window);
@@ -70,7 +85,8 @@ void ControlInPlaceObject::SetActiveObject(IOleInPlaceActiveObject* activeObject
 void ControlInPlaceObject::OnFocus(bool gotFocus) {
     const ControlObject::Use use(object_);
     object_.Site().OnFocus(gotFocus);
-    if (gotFocus) ActivateUI();
+    // Told of the focus, the container may have hidden the control or ended it.
+    if (gotFocus && site_ != nullptr) ActivateUI();
 }
 
 void ControlInPlaceObject::OnWindowGone() {
@@ -98,7 +114,9 @@ HRESULT ControlInPlaceObject::InPlaceDeactivate() {
     frame_ = nullptr;
     document_ = nullptr;
     if (site == nullptr) return S_OK;
+    leaving_ = true;
     object_.Window().Destroy();
+    leaving_ = false;
     site->OnInPlaceDeactivate();
     return S_OK;
 }
@@ -114,9 +132,10 @@ HRESULT ControlInPlaceObject::UIDeactivate() {
 
 HRESULT ControlInPlaceObject::SetObjectRects(const RECT* place, const RECT* clip) {
     if (place == nullptr || clip == nullptr) return E_POINTER;
+    const ControlObject::Use use(object_);
+    object_.Window().Move(*place);
     const HWND window = object_.Window().Handle();
     if (window == nullptr) return S_OK;
-    object_.Window().Move(*place);
     RECT visible = {};
     HRGN region = nullptr;
     if (IntersectRect(&visible, place, clip) != FALSE && !EqualRect(&visible, place)) {

@@ -29,6 +29,7 @@ class ControlInPlaceObject final : public ComPart<IOleInPlaceObject> {
     STDMETHOD(ReactivateAndUndo)() override;
 
   private:
+    HRESULT ShowIn(IOleInPlaceSite& site);
     void OnFocus(bool gotFocus);
     void OnWindowGone();
     void SetActiveObject(IOleInPlaceActiveObject* activeObject);
@@ -38,6 +39,7 @@ class ControlInPlaceObject final : public ComPart<IOleInPlaceObject> {
     automation::ComPtr<IOleInPlaceFrame> frame_;
     automation::ComPtr<IOleInPlaceUIWindow> document_;
     bool uiActive_ = false;
+    bool leaving_ = false;  // the window is being destroyed, and the container hears of its focus
 };
 
 }  // namespace foldertree

@@ -15,14 +15,19 @@ automation::ComPtr<IUnknown> ControlObject::Create() {
 ControlObject::ControlObject()
     : platform_(std::make_unique<ControlPlatform>(*this)), interfaces_(std::make_unique<ControlInterfaces>(*this)) {
     core_ = ctlFolderTree::Create(*platform_, platform_->Factory());
-    window_ = std::make_unique<ControlWindow>(*core_);
+    window_ = std::make_unique<ControlWindow>(*core_, static_cast<WindowKeeper&>(*this));
     platform_->Attach(*window_);
     fontWatch_ = std::make_unique<FontWatch>(core_, *window_);
     interfaces_->inPlace.WatchWindow();
 }
 
 ControlObject::~ControlObject() {
+    ++uses_;  // what the end calls must not delete the object a second time
     End();
+}
+
+void ControlObject::LetGo() noexcept {
+    if (--uses_ == 0 && references_ == 0) delete this;
 }
 
 ULONG ControlObject::AddRef() {
@@ -41,14 +46,13 @@ ULONG ControlObject::Release() {
 void ControlObject::End() {
     if (ended_) return;
     ended_ = true;
-    ++uses_;
+    const Use use(*this);
     interfaces_->inPlace.InPlaceDeactivate();
     if (fontWatch_ != nullptr) fontWatch_->Stop();
     if (core_ != nullptr) core_->Close();
     interfaces_->connectionPoints.events.DisconnectAll();
     interfaces_->connectionPoints.propertyNotifications.DisconnectAll();
     site_.Set(nullptr);
-    --uses_;
 }
 
 HRESULT ControlObject::QueryInterface(REFIID iid, void** object) {

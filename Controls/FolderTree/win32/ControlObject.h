@@ -20,7 +20,7 @@ class ControlPlatform;
 /// Two counts keep the object: references are the host's, uses are calls that run inside it. With the last reference
 /// the control ends at once (UserControl_Terminate), also in the middle of a load that yielded; its memory goes when
 /// the last running call has left it. One thread only.
-class ControlObject final : public IUnknown {
+class ControlObject final : public IUnknown, private WindowKeeper {
   public:
     /// A new control, with one reference.
     static automation::ComPtr<IUnknown> Create();
@@ -32,23 +32,17 @@ class ControlObject final : public IUnknown {
     STDMETHOD_(ULONG, AddRef)() override;
     STDMETHOD_(ULONG, Release)() override;
 
-    /// Keeps the object's memory for as long as a call runs inside it. Every way into the core starts with one.
-    class Use {
+    /// Keeps the object's memory for as long as a call runs inside it. Every way into the core starts with one, and so
+    /// does every message of a window.
+    class Use : Held {
       public:
-        explicit Use(ControlObject& object) : object_(object) { ++object_.uses_; }
-        ~Use() {
-            if (--object_.uses_ == 0 && object_.references_ == 0) delete &object_;
-        }
-        Use(const Use&) = delete;
-        Use& operator=(const Use&) = delete;
-
-      private:
-        ControlObject& object_;
+        explicit Use(ControlObject& object) : Held(object) {}
     };
 
     /// The control goes away, whoever still holds references: a running load ends at its next step, the window and the
     /// host's objects are let go. Later calls find a control that does nothing.
     void End();
+    bool Ended() const { return ended_; }
 
     ctlFolderTree& Core() { return *core_; }
     ControlWindow& Window() { return *window_; }
@@ -62,6 +56,9 @@ class ControlObject final : public IUnknown {
   private:
     ControlObject();
     ~ControlObject();
+
+    void Hold() noexcept override { ++uses_; }
+    void LetGo() noexcept override;
 
     const automation::ModuleLock lock_;
     ULONG references_ = 1;

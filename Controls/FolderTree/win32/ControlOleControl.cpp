@@ -3,6 +3,7 @@
 
 #include <olectl.h>
 
+#include "automation_win32/ComError.h"
 #include "win32/ControlObject.h"
 #include "win32/ControlPlatform.h"
 
@@ -31,8 +32,10 @@ HRESULT ControlOleControl::OnAmbientPropertyChange(DISPID property) {
 
 HRESULT ControlOleControl::FreezeEvents(BOOL freeze) {
     const ControlObject::Use use(object_);
-    object_.Platform().FreezeEvents(freeze != FALSE);
-    return S_OK;
+    return automation::ComBoundary([&] {
+        object_.Platform().FreezeEvents(freeze != FALSE);
+        return S_OK;
+    });
 }
 
 }  // namespace foldertree

@@ -65,15 +65,16 @@ HRESULT ControlOleObject::GetClipboardData(DWORD, IDataObject** data) {
 
 HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, LPCRECT) {
     const ControlObject::Use use(object_);
+    ControlInPlaceObject& inPlace = object_.Interfaces().inPlace;
     switch (verb) {
         case OLEIVERB_INPLACEACTIVATE:
         case OLEIVERB_SHOW:
-            return object_.Interfaces().inPlace.Activate();
+            return inPlace.Activate();
         case OLEIVERB_PRIMARY:
         case OLEIVERB_UIACTIVATE:
-            return object_.Interfaces().inPlace.ActivateUI();
+            return inPlace.ActivateUI();
         case OLEIVERB_HIDE:
-            return object_.Interfaces().inPlace.InPlaceDeactivate();
+            return inPlace.InPlaceDeactivate();
         case OLEIVERB_DISCARDUNDOSTATE:
             return S_OK;
         default:

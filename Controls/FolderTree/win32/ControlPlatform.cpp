@@ -4,19 +4,21 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "FolderTree.idl.h"
+#include "automation_win32/Bstr.h"
 #include "automation_win32/Crossing.h"
 #include "win32/ControlInterfaces.h"
 #include "win32/ControlObject.h"
 #include "win32/MessagePump.h"
 #include "win32/TypeLibrary.h"
-#include "win32/WideText.h"
 
 namespace foldertree {
 
 using automation::ComPtr;
+using automation::ToWide;
 
 namespace {
 
@@ -129,8 +131,12 @@ void ControlPlatform::PropertyChanged(std::string_view name) {
     object_.Interfaces().view.SendViewChange();
 }
 
-void ControlPlatform::TraceLine(std::string_view line) {
-    OutputDebugStringA(ToAnsi(ToWide(line, line.size())).c_str());
+// Error lines are written where an error has just been caught; tracing it must not raise the next one.
+void ControlPlatform::TraceLine(std::string_view line) noexcept {
+    try {
+        OutputDebugStringA(ToAnsi(ToWide(line)).c_str());
+    } catch (const std::exception&) {
+    }
 }
 
 }  // namespace foldertree

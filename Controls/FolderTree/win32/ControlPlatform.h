@@ -35,7 +35,8 @@ class ControlPlatform final : public ControlHost {
     int TwipsPerPixel() override;
     void RaiseChanged() override;
     void PropertyChanged(std::string_view name) override;
-    void TraceLine(std::string_view line) override;
+    /// A line for which there is no memory is lost.
+    void TraceLine(std::string_view line) noexcept override;
 
   private:
     ControlObject& object_;

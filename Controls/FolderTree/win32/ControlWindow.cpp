@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "ctlFolderTree.h"
 
@@ -14,15 +15,16 @@ constexpr int borderWidth = 1;
 
 }  // namespace
 
-ControlWindow::ControlWindow(ctlFolderTree& control)
-    : ControlWindow(
-          ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, control.weak_from_this()}) {}
+ControlWindow::ControlWindow(ctlFolderTree& control, WindowKeeper& keeper)
+    : ControlWindow(ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }}, keeper) {}
 
-ControlWindow::ControlWindow(ControlParts parts)
-    : Window(L"ctlFolderTree"),
+ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
+    : Window(L"ctlFolderTree", keeper),
       parts_(std::move(parts)),
-      grid_(parts_.grid, parts_.events, parts_.owner, [this] { NoteStale(); }),
-      panel_([this] { Cancel(); }) {}
+      grid_(parts_.grid, parts_.events, keeper, [this] { NoteStale(); }),
+      panel_(keeper, parts_.cancel, [this] { OnFocusMoved(); }) {
+    grid_.SetFocusHandler([this] { OnFocusMoved(); });
+}
 
 ControlWindow::~ControlWindow() {
     grid_.AbandonEdit();
@@ -42,6 +44,11 @@ HWND ControlWindow::Create(HWND parent, const RECT& place) {
     return Handle();
 }
 
+void ControlWindow::Destroy() {
+    DestroyHandle();
+    OnFocusMoved();
+}
+
 void ControlWindow::Move(const RECT& place) {
     if (Handle() == nullptr) return;
     MoveWindow(Handle(), place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
@@ -49,8 +56,8 @@ void ControlWindow::Move(const RECT& place) {
 
 void ControlWindow::OnHandleGone() {
     timerRuns_ = false;
-    const std::function<void()> gone = goneHandler_;
-    if (gone) gone();
+    OnFocusMoved();
+    if (goneHandler_) goneHandler_();
 }
 
 // ---- The wait panel
@@ -60,7 +67,7 @@ void ControlWindow::ShowWaitPanel(bool visible) {
     const bool focusInPanel = panel_.Handle() != nullptr && focus != nullptr && IsChild(panel_.Handle(), focus);
     panel_.Show(visible);
     // The Cancel button that the user pressed takes the focus with it into hiding.
-    if (!visible && focusInPanel) SetFocus(grid_.Handle());
+    if (!visible && focusInPanel && Handle() != nullptr) SetFocus(grid_.Handle());
     FlushPaint();
 }
 
@@ -77,14 +84,6 @@ void ControlWindow::SetProgressText(std::string_view path) {
 void ControlWindow::SetProgress(double maximum, double value) {
     panel_.SetProgress(maximum, value);
     ShowWhenDue();
-}
-
-void ControlWindow::Cancel() {
-    const auto owner = parts_.owner.lock();
-    if (owner != nullptr) {
-        const std::function<void()> cancel = parts_.cancel;
-        cancel();
-    }
 }
 
 // ---- Frames
@@ -105,10 +104,9 @@ void ControlWindow::ShowWhenDue() {
 void ControlWindow::DrawFrame() {
     if (timerRuns_) KillTimer(Handle(), frameTimer);
     timerRuns_ = false;
-    const auto owner = parts_.owner.lock();
-    if (owner == nullptr) return;
     grid_.Refresh();
     panel_.Refresh();
+    if (Handle() == nullptr) return;
     UpdateWindow(grid_.Handle());
     UpdateWindow(panel_.Handle());
     clock_.Drawn();
@@ -117,7 +115,7 @@ void ControlWindow::DrawFrame() {
 void ControlWindow::FlushPaint() {
     if (Handle() == nullptr) return;
     UpdateWindow(Handle());
-    DrawFrame();
+    if (Handle() != nullptr) DrawFrame();
 }
 
 void ControlWindow::FontChanged() {
@@ -131,19 +129,21 @@ void ControlWindow::SetUserMode(bool userMode) {
     if (Handle() != nullptr) EnableWindow(Handle(), userMode);
 }
 
-void ControlWindow::SetFocusHandler(std::function<void(bool)> handler) {
-    grid_.SetFocusHandler(std::move(handler));
-}
-
 bool ControlWindow::IsMine(HWND window) const {
     return Handle() != nullptr && window != nullptr && (window == Handle() || IsChild(Handle(), window));
+}
+
+// Called once too often rather than too seldom: a window that is destroyed need not hear that it lost the focus.
+void ControlWindow::OnFocusMoved() {
+    const bool inside = IsMine(GetFocus());
+    if (std::exchange(focusInside_, inside) != inside && focusHandler_) focusHandler_(inside);
 }
 
 bool ControlWindow::TranslateAccelerator(MSG& message) {
     if (Handle() == nullptr || !userMode_) return false;
     const bool escape = message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE;
     if (escape && panel_.Visible() && GetAncestor(message.hwnd, GA_ROOT) == GetAncestor(Handle(), GA_ROOT)) {
-        Cancel();
+        parts_.cancel();
         return true;
     }
     if (!IsMine(message.hwnd) || !grid_.WantsKey(message)) return false;
@@ -180,8 +180,6 @@ void ControlWindow::PaintBorder() {
 }
 
 void ControlWindow::Draw(HDC dc, const RECT& bounds) {
-    const auto owner = parts_.owner.lock();
-    if (owner == nullptr) return;
     POINT corners[2] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
     LPtoDP(dc, corners, 2);
     const SIZE pixels{std::abs(corners[1].x - corners[0].x), std::abs(corners[1].y - corners[0].y)};
@@ -229,7 +227,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam == frameTimer) DrawFrame();
             return 0;
         case WM_SETFOCUS:
-            SetFocus(grid_.Handle());
+            if (grid_.Handle() != nullptr) SetFocus(grid_.Handle());
             return 0;
         case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT) break;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string_view>
 
 #include "win32/FrameClock.h"
@@ -14,26 +13,26 @@ namespace foldertree {
 
 class ctlFolderTree;
 
-/// What the window shows and drives.
+/// What the window shows and drives; it outlives the window.
 struct ControlParts {
     TreeGrid& grid;
     GridEvents& events;
     std::function<void()> cancel;  ///< the user wants the running load to stop
-    std::weak_ptr<void> owner;     ///< keeps all of the above alive while it is locked
 };
 
 /// Keeps captions, panel and progress whether it has a window or not, so that a control without one works in full; each
-/// new HWND shows the state as it is then. Texts are UTF-8. A call out of a message may delete this object.
+/// new HWND shows the state as it is then. Texts are UTF-8. Whoever calls a member keeps the object until it returns,
+/// since the host may end the control wherever it hears of something.
 /// Changes of the grid, the path and the progress reach the screen at most about 60 times a second, however many come;
 /// the last ones follow by a timer, so none is lost.
 class ControlWindow : public Window {
   public:
-    explicit ControlWindow(ctlFolderTree& control);
-    explicit ControlWindow(ControlParts parts);
+    ControlWindow(ctlFolderTree& control, WindowKeeper& keeper);
+    ControlWindow(ControlParts parts, WindowKeeper& keeper);
     ~ControlWindow() override;
 
     HWND Create(HWND parent, const RECT& place);
-    void Destroy() { DestroyHandle(); }
+    void Destroy();
     void Move(const RECT& place);
 
     // The wait panel
@@ -57,8 +56,8 @@ class ControlWindow : public Window {
     /// Draws the control into `bounds` (logical units of `dc`), with or without a window.
     void Draw(HDC dc, const RECT& bounds);
 
-    /// Called when the focus comes into the control (true) or leaves it (false).
-    void SetFocusHandler(std::function<void(bool)> handler);
+    /// Called when the focus comes into the control (true) or leaves it (false), but not when it moves inside.
+    void SetFocusHandler(std::function<void(bool)> handler) { focusHandler_ = std::move(handler); }
     /// Called when the HWND went away by itself, with its parent.
     void SetGoneHandler(std::function<void()> handler) { goneHandler_ = std::move(handler); }
 
@@ -70,18 +69,20 @@ class ControlWindow : public Window {
     void OnHandleGone() override;
 
   private:
-    void Cancel();
     /// Notes that something is to be shown; makes sure that a frame follows.
     void NoteStale();
     /// As NoteStale, and shows it at once when a frame is due.
     void ShowWhenDue();
     void DrawFrame();
     bool IsMine(HWND window) const;
+    void OnFocusMoved();
     void PaintBorder();
     bool SetPointer(HWND under);
 
     ControlParts parts_;
+    std::function<void(bool)> focusHandler_;
     std::function<void()> goneHandler_;
+    bool focusInside_ = false;  ///< as the handler was last told
     FrameClock clock_;
     bool timerRuns_ = false;
     bool busy_ = false;

@@ -7,6 +7,7 @@
 #include "automation_win32/ComBase.h"
 #include "automation_win32/ComError.h"
 #include "automation_win32/Crossing.h"
+#include "automation_win32/Module.h"
 #include "win32/TypeLibrary.h"
 
 namespace foldertree {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string>
 
-#include "win32/WideText.h"
+#include "automation_win32/Bstr.h"
 
 namespace foldertree {
 namespace {
@@ -24,7 +24,7 @@ LOGFONTW DefaultFont(int dpi) {
 
 void ReadMembers(automation::Object& object, int dpi, LOGFONTW& font) {
     if (object.HasMember("Name")) {
-        const std::wstring name = ToWide(object.Get("Name").ToText());
+        const std::wstring name = automation::ToWide(object.Get("Name").ToText());
         if (!name.empty()) font.lfFaceName[name.copy(font.lfFaceName, LF_FACESIZE - 1)] = L'\0';
     }
     if (object.HasMember("Size")) {

@@ -10,16 +10,21 @@ namespace foldertree {
 namespace {
 
 constexpr int minimumNameWidth = 40;
-constexpr int minimumTextWidth = 90;  // at 96 dots per inch
+constexpr int minimumTextWidth = 90;    // at 96 dots per inch
+constexpr int maximumNameWidth = 4000;  // the same
 
 RECT Centred(int left, int width, int height, const RECT& cell) {
     const int top = cell.top + (cell.bottom - cell.top - height) / 2;
     return {left, top, left + width, top + height};
 }
 
+int AtDpiOf(const GridMetrics& metrics, int length) {
+    return metrics.iconSize * length / 16;
+}
+
 // Where a row of that level begins. Rows that lie very deep crowd together rather than leave the column.
 int IndentEnd(const GridMetrics& metrics, const RECT& nameCell, int level) {
-    const int room = nameCell.right - nameCell.left - 2 * metrics.indent - metrics.iconSize * minimumTextWidth / 16;
+    const int room = nameCell.right - nameCell.left - 2 * metrics.indent - AtDpiOf(metrics, minimumTextWidth);
     const int deepest = std::max(1, room / metrics.indent);
     return nameCell.left + metrics.margin + std::clamp(level, 0, deepest) * metrics.indent;
 }
@@ -45,6 +50,14 @@ GridLayout::GridLayout(const GridMetrics& metrics, SIZE client, int selWidth, in
     edges_ = {0, selWidth, nameLeft, std::max<int>(client.cx, nameLeft + minimumNameWidth)};
 }
 
+void GridLayout::ScrollSideways(int nameWidth, int left) {
+    const int nameLeft = edges_[2] - edges_[0];
+    const int width = std::max<int>(client_.cx, nameLeft + std::max(minimumNameWidth, nameWidth));
+    const int shift = edges_[0] + std::clamp<int>(left, 0, width - std::min<int>(client_.cx, width));
+    for (int& edge : edges_) edge -= shift;
+    edges_.back() = edges_.front() + width;
+}
+
 int32_t GridLayout::FullRows() const {
     return std::max<int32_t>(1, (client_.cy - metrics_.headerHeight) / metrics_.rowHeight);
 }
@@ -60,7 +73,7 @@ RECT GridLayout::HeaderCell(int col) const {
 
 RECT GridLayout::Row(int32_t position) const {
     const int top = metrics_.headerHeight + (position - topPosition_) * metrics_.rowHeight;
-    return {0, top, edges_.back(), top + metrics_.rowHeight};
+    return {edges_.front(), top, edges_.back(), top + metrics_.rowHeight};
 }
 
 RECT GridLayout::Cell(int32_t position, int col) const {
@@ -90,6 +103,13 @@ RECT GridLayout::NameText(const RECT& nameCell, int level, bool withIcon) const 
     const RECT icon = Icon(nameCell, level);
     return {(withIcon ? icon.right + metrics_.margin : icon.left), nameCell.top, nameCell.right - metrics_.margin,
             nameCell.bottom};
+}
+
+int GridLayout::NameWidth(int level, int textWidth) const {
+    const int64_t text = std::max(metrics_.iconSize + 3 * metrics_.margin + textWidth,
+                                  metrics_.indent + AtDpiOf(metrics_, minimumTextWidth));
+    const int64_t wanted = (static_cast<int64_t>(std::max(level, 0)) + 1) * metrics_.indent + text;
+    return static_cast<int>(std::min<int64_t>(wanted, AtDpiOf(metrics_, maximumNameWidth)));
 }
 
 std::optional<int32_t> GridLayout::PositionAt(int y) const {

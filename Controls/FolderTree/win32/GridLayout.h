@@ -27,18 +27,25 @@ struct GridMetrics {
 enum class GridPart { Nothing, Header, Box, Index, Glyph, Row };
 
 /// Pure geometry, without a window. Positions count the visible rows, 0-based; coordinates are the window's client
-/// area. Only the columns colSel, colIndex and colName are ever shown; the name takes what the two others leave.
+/// area. Only the columns colSel, colIndex and colName are ever shown; the name takes what the two others leave, or as
+/// much more as its texts want; then the columns are wider than the area and can be moved to the left.
 class GridLayout {
   public:
     GridLayout() = default;
     /// `selWidth` and `indexWidth` are 0 for a hidden column.
     GridLayout(const GridMetrics& metrics, SIZE client, int selWidth, int indexWidth, int32_t topPosition);
 
+    /// The columns with room for names of that width (see NameWidth), and moved to the left by as many pixels of `left`
+    /// as there is something to see at the right.
+    void ScrollSideways(int nameWidth, int left);
+
     const GridMetrics& Metrics() const { return metrics_; }
     SIZE Client() const { return client_; }
     int32_t TopPosition() const { return topPosition_; }
-    int32_t FullRows() const;   ///< rows that fit whole, at least 1
-    int32_t ShownRows() const;  ///< with the cut-off one at the bottom
+    int Left() const { return -edges_.front(); }                         ///< pixels out of view at the left
+    int ContentWidth() const { return edges_.back() - edges_.front(); }  ///< of all columns
+    int32_t FullRows() const;                                            ///< rows that fit whole, at least 1
+    int32_t ShownRows() const;                                           ///< with the cut-off one at the bottom
 
     RECT HeaderCell(int col) const;
     RECT Row(int32_t position) const;
@@ -49,6 +56,10 @@ class GridLayout {
     RECT Icon(const RECT& nameCell, int level) const;
     /// Where the name's text starts and ends; `withIcon` leaves room for the picture.
     RECT NameText(const RECT& nameCell, int level, bool withIcon) const;
+
+    /// The width of a name column that shows a row's indentation and its text of `textWidth` in full. Beyond a limit,
+    /// which no name reaches that anybody reads, rows crowd together and texts are cut.
+    int NameWidth(int level, int textWidth) const;
 
     /// The visible row at a height, if the point is below the header; it may be beyond the last row.
     std::optional<int32_t> PositionAt(int y) const;

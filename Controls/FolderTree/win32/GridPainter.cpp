@@ -7,7 +7,7 @@
 #include <string>
 
 #include "automation/Text.h"
-#include "win32/WideText.h"
+#include "win32/ShownText.h"
 
 namespace foldertree {
 namespace {
@@ -31,13 +31,13 @@ void Frame(HDC dc, const RECT& area, COLORREF color, int thickness) {
 }
 
 void Text(HDC dc, RECT area, std::string_view text, UINT format) {
-    const std::wstring wide = ToWide(text);
+    const std::wstring wide = ShownText(text);
     DrawTextW(dc, wide.c_str(), static_cast<int>(wide.size()), &area,
               format | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 int TextWidth(HDC dc, std::string_view text) {
-    const std::wstring wide = ToWide(text, 256);
+    const std::wstring wide = ShownText(text);
     SIZE size{};
     GetTextExtentPoint32W(dc, wide.c_str(), static_cast<int>(wide.size()), &size);
     return size.cx;
@@ -210,6 +210,18 @@ class Measurer {
         return width + 3 * metrics_.margin;
     }
 
+    int WidestName(const GridFonts& fonts, const GridLayout& layout) const {
+        const int32_t end = std::min(grid_.VisibleCount(), layout.TopPosition() + layout.ShownRows());
+        int widest = 0;
+        for (int32_t position = layout.TopPosition(); position < end; ++position) {
+            const int32_t row = grid_.VisibleRow(position);
+            SelectObject(dc_, grid_.Look(row, colName).bold ? fonts.Bold() : fonts.Plain());
+            const int text = TextWidth(dc_, grid_.CellText(row, colName));
+            widest = std::max(widest, layout.NameWidth(grid_.RowOutlineLevel(row), text));
+        }
+        return widest;
+    }
+
   private:
     int Caption(int col) const { return grid_.RowCount() > 0 ? TextWidth(dc_, grid_.CellText(0, col)) : 0; }
 
@@ -233,6 +245,10 @@ GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SI
     const int32_t shown = GridLayout(metrics, client, 0, 0, 0).ShownRows();
     const int32_t end = std::min(grid.VisibleCount(), topPosition + shown);
     return {metrics, client, measurer.SelWidth(), measurer.IndexWidth(topPosition, end), topPosition};
+}
+
+int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout) {
+    return Measurer(grid, fonts, layout.Metrics()).WidestName(fonts, layout);
 }
 
 BoxKind BoxOf(const TreeGrid& grid, int32_t row) {

@@ -26,6 +26,9 @@ void PaintGrid(HDC dc, const GridPicture& picture);
 /// rest.
 GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SIZE client, int32_t topPosition);
 
+/// The width that the names of the rows in view want (see GridLayout::NameWidth).
+int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout);
+
 /// The check box of a row: none on a placeholder, greyed where the cell's colour says that it may not be edited.
 enum class BoxKind { None, Greyed, Plain };
 BoxKind BoxOf(const TreeGrid& grid, int32_t row);

@@ -27,21 +27,21 @@ bool IsPlaceholder(const TreeGrid& grid, int32_t row) {
 
 }  // namespace
 
-GridWindow::GridWindow(TreeGrid& grid, GridEvents& events, std::weak_ptr<void> owner, std::function<void()> stale)
-    : Window(L"ctlFolderTree.Grid"), grid_(grid), events_(events), owner_(std::move(owner)), stale_(std::move(stale)) {
+GridWindow::GridWindow(TreeGrid& grid, GridEvents& events, WindowKeeper& keeper, std::function<void()> stale)
+    : Window(L"ctlFolderTree.Grid", keeper), grid_(grid), events_(events), stale_(std::move(stale)) {
     grid_.AddObserver(this);
 }
 
 GridWindow::~GridWindow() {
     editor_.reset();
     DestroyHandle();
-    if (const auto owner = owner_.lock()) grid_.RemoveObserver(this);
+    grid_.RemoveObserver(this);
 }
 
 HWND GridWindow::Create(HWND parent, const RECT& place) {
     pictureStale_ = countStale_ = true;
-    const HWND handle =
-        CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL);
+    const HWND handle = CreateHandle(
+        parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL);
     if (handle != nullptr) Refresh();
     return handle;
 }
@@ -69,6 +69,7 @@ void GridWindow::RowsRemoved(int32_t firstRow, int32_t count) {
         const bool gone = editedRow_ >= firstRow && editedRow_ < firstRow + count;
         editedRow_ = gone ? 0 : AfterRemoval(editedRow_, firstRow, count);
     }
+    if (grid_.RowCount() <= grid_.FixedRowCount()) widestName_ = 0;
     countStale_ = true;
     NoteChange(inView);
 }
@@ -111,10 +112,12 @@ bool GridWindow::MayBeInView(int32_t firstRow) const {
 
 void GridWindow::Refresh() {
     if (Handle() == nullptr || (!pictureStale_ && !countStale_)) return;
+    if (editor_ && (editedRow_ == 0 || !grid_.VisiblePosition(editedRow_) || !grid_.Enabled())) CloseEditor();
+    // A grid that is switched off loses the focus, and the host may end the control when it hears of that.
     EnableWindow(Handle(), grid_.Enabled());
-    if (editor_ && (editedRow_ == 0 || !grid_.VisiblePosition(editedRow_))) CloseEditor();
+    if (Handle() == nullptr) return;
     Measure();
-    UpdateScrollBar();
+    UpdateScrollBars();
     if (pictureStale_) InvalidateRect(Handle(), nullptr, FALSE);
     pictureStale_ = countStale_ = false;
 }
@@ -127,6 +130,7 @@ void GridWindow::LoadFontOnce() {
     if (fontLoaded_) return;
     fonts_.Load(grid_.Font(), DpiOf(Handle()));
     fontLoaded_ = true;
+    widestName_ = 0;
 }
 
 void GridWindow::Measure() {
@@ -145,19 +149,34 @@ void GridWindow::Measure() {
     topRow_ = count > 0 ? grid_.VisibleRow(position) : 0;
     layout_ =
         position == 0 ? atTop : MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, position);
+    MeasureNames();
 }
 
-void GridWindow::UpdateScrollBar() {
+void GridWindow::MeasureNames() {
+    if (grid_.VisibleCount() == 0) widestName_ = 0;
+    widestName_ = std::max(widestName_, WidestName(grid_, fonts_, layout_));
+    layout_.ScrollSideways(widestName_, left_);
+    if (left_ != layout_.Left()) pictureStale_ = true;
+    left_ = layout_.Left();
+}
+
+// A scroll bar that comes or goes changes the window's size, and with it the layout; hence one after the other.
+void GridWindow::UpdateScrollBars() {
+    UpdateScrollBar(SB_VERT, grid_.VisibleCount() - 1, layout_.FullRows(), layout_.TopPosition());
+    if (Handle() != nullptr) UpdateScrollBar(SB_HORZ, layout_.ContentWidth() - 1, layout_.Client().cx, layout_.Left());
+}
+
+void GridWindow::UpdateScrollBar(int bar, int last, int page, int position) {
     SCROLLINFO wanted{};
     wanted.cbSize = sizeof wanted;
     wanted.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    wanted.nMax = std::max(0, grid_.VisibleCount() - 1);
-    wanted.nPage = static_cast<UINT>(layout_.FullRows());
-    wanted.nPos = layout_.TopPosition();
+    wanted.nMax = std::max(0, last);
+    wanted.nPage = static_cast<UINT>(page);
+    wanted.nPos = position;
     SCROLLINFO now = wanted;
-    GetScrollInfo(Handle(), SB_VERT, &now);
+    GetScrollInfo(Handle(), bar, &now);
     const bool same = now.nMin == 0 && now.nMax == wanted.nMax && now.nPage == wanted.nPage && now.nPos == wanted.nPos;
-    if (!same) SetScrollInfo(Handle(), SB_VERT, &wanted, TRUE);
+    if (!same) SetScrollInfo(Handle(), bar, &wanted, TRUE);
 }
 
 void GridWindow::OnPaint() {
@@ -193,7 +212,8 @@ void GridWindow::ScrollTo(int64_t position) {
     const int64_t last = std::max(0, grid_.VisibleCount() - layout_.FullRows());
     const auto target = static_cast<int32_t>(std::clamp<int64_t>(position, 0, last));
     if (target == layout_.TopPosition() || grid_.VisibleCount() == 0) return;
-    if (!FinishEdit()) return;
+    FinishEdit();
+    if (Handle() == nullptr || grid_.VisibleCount() == 0) return;
     topRow_ = grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1));
     pictureStale_ = true;
     Refresh();
@@ -201,9 +221,6 @@ void GridWindow::ScrollTo(int64_t position) {
 
 void GridWindow::OnScroll(int request) {
     const int64_t top = layout_.TopPosition();
-    SCROLLINFO thumb{};
-    thumb.cbSize = sizeof thumb;
-    thumb.fMask = SIF_TRACKPOS;
     switch (request) {
         case SB_LINEUP:
             return ScrollTo(top - 1);
@@ -219,9 +236,50 @@ void GridWindow::OnScroll(int request) {
             return ScrollTo(std::numeric_limits<int32_t>::max());
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION:
-            // The message itself carries 16 bits only.
-            if (GetScrollInfo(Handle(), SB_VERT, &thumb)) ScrollTo(thumb.nTrackPos);
+            return ScrollTo(ThumbPosition(SB_VERT));
+        default:
             return;
+    }
+}
+
+// The message itself carries 16 bits only.
+int GridWindow::ThumbPosition(int bar) const {
+    SCROLLINFO thumb{};
+    thumb.cbSize = sizeof thumb;
+    thumb.fMask = SIF_TRACKPOS;
+    GetScrollInfo(Handle(), bar, &thumb);
+    return thumb.nTrackPos;
+}
+
+void GridWindow::ScrollSidewaysTo(int left) {
+    const int last = layout_.ContentWidth() - layout_.Client().cx;
+    left = std::clamp(left, 0, std::max(0, last));
+    if (left == layout_.Left()) return;
+    FinishEdit();
+    left_ = left;
+    pictureStale_ = true;
+    Refresh();
+}
+
+void GridWindow::OnSidewaysScroll(int request) {
+    const int left = layout_.Left();
+    const int line = layout_.Metrics().indent;
+    switch (request) {
+        case SB_LINELEFT:
+            return ScrollSidewaysTo(left - line);
+        case SB_LINERIGHT:
+            return ScrollSidewaysTo(left + line);
+        case SB_PAGELEFT:
+            return ScrollSidewaysTo(left - layout_.Client().cx);
+        case SB_PAGERIGHT:
+            return ScrollSidewaysTo(left + layout_.Client().cx);
+        case SB_LEFT:
+            return ScrollSidewaysTo(0);
+        case SB_RIGHT:
+            return ScrollSidewaysTo(layout_.ContentWidth());
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            return ScrollSidewaysTo(ThumbPosition(SB_HORZ));
         default:
             return;
     }
@@ -237,6 +295,11 @@ void GridWindow::OnWheel(int delta) {
     ScrollTo(static_cast<int64_t>(layout_.TopPosition()) - rows);
 }
 
+// One notch is three steps, as it is three rows; to the right is positive.
+void GridWindow::OnSidewaysWheel(int delta) {
+    ScrollSidewaysTo(layout_.Left() + 3 * layout_.Metrics().indent * delta / WHEEL_DELTA);
+}
+
 void GridWindow::BringIntoView(int32_t row) {
     Refresh();
     const auto position = grid_.VisiblePosition(row);
@@ -249,32 +312,25 @@ void GridWindow::BringIntoView(int32_t row) {
 
 // ---- Gestures
 
-// Whatever a gesture calls may destroy the control, so the grid is kept alive until the gesture has ended, the
-// interaction stands on the stack, and this object is asked for before it is touched again.
+// Whatever a gesture calls may take the window away, so it is asked for before the gesture goes on.
 
 void GridWindow::Tick(int32_t row) {
     if (IsPlaceholder(grid_, row)) return;
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
     GridInteraction(grid_, events_).ToggleTick(row);
-    if (!alive.expired()) Refresh();
+    Refresh();
 }
 
 void GridWindow::SetNode(int32_t row, bool open) {
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
     GridInteraction(grid_, events_).SetNode(row, open);
-    if (alive.expired()) return;
+    if (Handle() == nullptr) return;
     if (const int32_t cursor = CursorRow(); cursor != 0 && cursor != grid_.CurrentRow()) grid_.SetCurrentRow(cursor);
     Refresh();
 }
 
 void GridWindow::OnMouse(UINT message, POINT point) {
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
-    if (!FinishEdit()) return;
-    SetFocus(Handle());
-    if (alive.expired() || !grid_.Enabled()) return;
+    FinishEdit();
+    if (Handle() != nullptr) SetFocus(Handle());
+    if (Handle() == nullptr || !grid_.Enabled()) return;
     Refresh();
     const auto position = layout_.PositionAt(point.y);
     if (!position || *position >= grid_.VisibleCount()) return;
@@ -287,7 +343,7 @@ void GridWindow::OnMouse(UINT message, POINT point) {
     if (onGlyph) return SetNode(row, grid_.NodeState(row) != nodeExpanded);
     if (message == WM_LBUTTONDBLCLK) {
         GridInteraction(grid_, events_).DoubleClick(row);
-        if (!alive.expired()) Refresh();
+        Refresh();
         return;
     }
     Refresh();
@@ -295,9 +351,11 @@ void GridWindow::OnMouse(UINT message, POINT point) {
 }
 
 void GridWindow::OnKey(WPARAM key, bool repeated) {
-    const auto owner = owner_.lock();
     if (!grid_.Enabled()) return;
     Refresh();
+    // Left and Right alone belong to the outline.
+    if (GetKeyState(VK_CONTROL) < 0 && (key == VK_LEFT || key == VK_RIGHT))
+        return OnSidewaysScroll(key == VK_LEFT ? SB_LINELEFT : SB_LINERIGHT);
     const int32_t row = CursorRow();
     switch (key) {
         case VK_UP:
@@ -323,26 +381,20 @@ void GridWindow::OnKey(WPARAM key, bool repeated) {
 }
 
 void GridWindow::OnCharacter(wchar_t character) {
-    const auto owner = owner_.lock();
     if (!grid_.Enabled()) return;
     const int32_t row = CursorRow();
     if (row == 0) return;
     if (character == L'+') return SetNode(row, true);
     if (character == L'-') return SetNode(row, false);
     if (character >= L'0' && character <= L'9') {
-        const auto alive = Watch();
         OpenEditor(row);
-        if (!alive.expired() && editor_) editor_->Type(std::string(1, static_cast<char>(character)));
+        if (editor_) editor_->Type(std::string(1, static_cast<char>(character)));
     }
 }
 
-void GridWindow::OnFocus(bool gained, HWND other) {
+void GridWindow::OnFocusMoved() {
     InvalidateRect(Handle(), nullptr, FALSE);
-    const bool toEditor = editor_ && other == editor_->Handle();
-    if (!toEditor && focusHandler_) {
-        const std::function<void(bool)> handler = focusHandler_;
-        handler(gained);
-    }
+    if (focusHandler_) focusHandler_();
 }
 
 int32_t GridWindow::CursorRow() const {
@@ -384,66 +436,58 @@ void GridWindow::CloseOrStepOut(int32_t row) {
 
 void GridWindow::OpenEditor(int32_t row) {
     if (grid_.ColHidden(colIndex) || grid_.CellValue(row, colSel) == 0) return;
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
-    if (!FinishEdit()) return;
+    FinishEdit();
     const bool allowed = GridInteraction(grid_, events_).MayEditIndex(row);
-    if (alive.expired() || !allowed || Handle() == nullptr || row >= grid_.RowCount()) return;
+    if (!allowed || Handle() == nullptr || row >= grid_.RowCount()) return;
     BringIntoView(row);
+    ScrollSidewaysTo(0);
     const auto position = grid_.VisiblePosition(row);
-    if (!position) return;
+    if (Handle() == nullptr || !position) return;
     editedRow_ = row;
     editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, colIndex), fonts_.Plain(),
-                                             grid_.CellText(row, colIndex),
-                                             [this](NumberEditor::Wish wish) { OnEditorWish(wish); });
+                                             grid_.CellText(row, colIndex));
+    if (editor_->Handle() != nullptr)
+        SetFocus(editor_->Handle());
+    else
+        editor_.reset();
 }
 
-void GridWindow::OnEditorWish(NumberEditor::Wish wish) {
-    // While the control takes a number it may show something that takes the focus.
-    if (committing_) return;
-    if (wish == NumberEditor::Wish::FocusLost) {
-        FinishEdit();
+void GridWindow::OnEditor(NumberEditor::Event event) {
+    // While the control takes a number it may show something that takes the focus, and an editor that closes gives it
+    // back; neither ends the edit once more.
+    if (event == NumberEditor::Event::FocusLeft && !committing_) FinishEdit();
+    if (event == NumberEditor::Event::FocusLeft || event == NumberEditor::Event::FocusCame) return OnFocusMoved();
+    if (committing_ || !editor_) return;
+    if (event == NumberEditor::Event::Enter && !OfferNumber()) {
+        // A refused number stays open so that it can be put right.
+        if (editor_) editor_->SelectAll();
         return;
     }
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
-    if (wish == NumberEditor::Wish::Commit) {
-        const bool accepted = OfferNumber();
-        if (alive.expired()) return;
-        // A refused number stays open so that it can be put right.
-        if (!accepted && editor_) return editor_->SelectAll();
-    }
     CloseEditor();
-    SetFocus(Handle());
-    if (!alive.expired()) Refresh();
+    Refresh();
 }
 
-bool GridWindow::FinishEdit() {
-    if (!editor_ || committing_) return true;
-    const auto owner = owner_.lock();
-    const auto alive = Watch();
+void GridWindow::FinishEdit() {
+    if (!editor_ || committing_) return;
     OfferNumber();
-    if (alive.expired()) return false;
     CloseEditor();
-    return true;
 }
 
 // An editor that was opened and left as it was has changed nothing, so there is nothing to tell.
 bool GridWindow::OfferNumber() {
     if (editedRow_ == 0 || !editor_->Modified()) return true;
-    const auto alive = Watch();
     committing_ = true;
     const bool accepted = GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
-    if (!alive.expired()) committing_ = false;
+    committing_ = false;
     return accepted;
 }
 
 void GridWindow::CloseEditor() {
+    if (!editor_) return;
     committing_ = true;
-    const auto alive = Watch();
-    std::unique_ptr<NumberEditor> closing = std::move(editor_);
-    closing.reset();
-    if (alive.expired()) return;
+    // The focus stays in the control: the host is not told that it left and came back.
+    if (GetFocus() == editor_->Handle()) SetFocus(Handle());
+    editor_.reset();
     committing_ = false;
     editedRow_ = 0;
 }
@@ -474,8 +518,17 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_VSCROLL:
             OnScroll(LOWORD(wParam));
             return 0;
+        case WM_HSCROLL:
+            OnSidewaysScroll(LOWORD(wParam));
+            return 0;
         case WM_MOUSEWHEEL:
-            OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+            if ((GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT) != 0)
+                OnSidewaysWheel(-GET_WHEEL_DELTA_WPARAM(wParam));
+            else
+                OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+            return 0;
+        case WM_MOUSEHWHEEL:
+            OnSidewaysWheel(GET_WHEEL_DELTA_WPARAM(wParam));
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
@@ -491,7 +544,10 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            OnFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
+            OnFocusMoved();
+            return 0;
+        case NumberEditor::eventMessage:
+            OnEditor(static_cast<NumberEditor::Event>(wParam));
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:

@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 #include "shell/GridInteraction.h"
 #include "shell/TreeGrid.h"
@@ -17,12 +16,12 @@ namespace foldertree {
 
 /// Holds no folder logic and no row: what is seen comes from the grid when it is painted, and every gesture goes
 /// through GridInteraction. Changes of the grid are only noted; Refresh() brings the window up to date. Any gesture may
-/// end with this object deleted. The row at the top and the cursor stay on their rows when rows come or go above them.
+/// end with the HWND gone. The row at the top and the cursor stay on their rows when rows come or go above them.
 class GridWindow : public Window, private TreeGridObserver {
   public:
-    /// `owner` keeps the grid alive while it is locked; once it is gone the grid is not touched any more. `stale` is
-    /// called when a Refresh() is wanted, which may be any number of times before one comes.
-    GridWindow(TreeGrid& grid, GridEvents& events, std::weak_ptr<void> owner, std::function<void()> stale);
+    /// `grid` and `events` outlive this object. `stale` is called when a Refresh() is wanted, which may be any number
+    /// of times before one comes.
+    GridWindow(TreeGrid& grid, GridEvents& events, WindowKeeper& keeper, std::function<void()> stale);
     ~GridWindow() override;
 
     HWND Create(HWND parent, const RECT& place);
@@ -38,8 +37,8 @@ class GridWindow : public Window, private TreeGridObserver {
     /// Whether a key message belongs to the grid rather than to the host's dialog.
     bool WantsKey(const MSG& message) const;
 
-    /// Called after the focus came (true) or left to another window than the number editor (false).
-    void SetFocusHandler(std::function<void(bool)> handler) { focusHandler_ = std::move(handler); }
+    /// Called after the focus came to the grid or its number editor, or left one of them.
+    void SetFocusHandler(std::function<void()> handler) { focusHandler_ = std::move(handler); }
 
     const GridLayout& Layout() const { return layout_; }
     const NumberEditor* Editor() const { return editor_.get(); }
@@ -64,19 +63,25 @@ class GridWindow : public Window, private TreeGridObserver {
     void OnPaint();
     void LoadFontOnce();
     void Measure();
-    void UpdateScrollBar();
+    void MeasureNames();
+    void UpdateScrollBars();
+    void UpdateScrollBar(int bar, int last, int page, int position);
 
-    // Scrolling, in visible rows
+    // Scrolling: down in visible rows, sideways in pixels
     void ScrollTo(int64_t position);
+    void ScrollSidewaysTo(int left);
     void OnScroll(int request);
+    void OnSidewaysScroll(int request);
     void OnWheel(int delta);
+    void OnSidewaysWheel(int delta);
+    int ThumbPosition(int bar) const;
     void BringIntoView(int32_t row);
 
-    // Gestures. Each of them may delete this object.
+    // Gestures
     void OnMouse(UINT message, POINT point);
     void OnKey(WPARAM key, bool repeated);
     void OnCharacter(wchar_t character);
-    void OnFocus(bool gained, HWND other);
+    void OnFocusMoved();
     void Tick(int32_t row);
     void SetNode(int32_t row, bool open);
     void MoveCursorBy(int64_t rows);
@@ -88,18 +93,17 @@ class GridWindow : public Window, private TreeGridObserver {
 
     // The number editor
     void OpenEditor(int32_t row);
-    void OnEditorWish(NumberEditor::Wish wish);
-    /// Ends an open edit before something else happens; the text is offered. False when this object is gone.
-    bool FinishEdit();
-    /// Offers what was typed; false when it was refused. This object may be gone afterwards.
+    void OnEditor(NumberEditor::Event event);
+    /// Ends an open edit before something else happens; the text is offered.
+    void FinishEdit();
+    /// Offers what was typed; false when it was refused.
     bool OfferNumber();
     void CloseEditor();
 
     TreeGrid& grid_;
     GridEvents& events_;
-    std::weak_ptr<void> owner_;
     std::function<void()> stale_;
-    std::function<void(bool)> focusHandler_;
+    std::function<void()> focusHandler_;
 
     Icons icons_;
     GridFonts fonts_;
@@ -112,6 +116,8 @@ class GridWindow : public Window, private TreeGridObserver {
     bool pictureStale_ = true;
     bool countStale_ = true;
     int wheelRest_ = 0;
+    int left_ = 0;        ///< pixels out of view at the left
+    int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
 
     std::unique_ptr<NumberEditor> editor_;
     int32_t editedRow_ = 0;

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "win32/Window.h"
+#include "automation_win32/Module.h"
 
 namespace foldertree {
 namespace {
@@ -32,8 +32,8 @@ const Icons::Strip* Icons::StripFor(int size) const {
     for (Strip& strip : strips_)
         if (strip.size >= size && strip.size < best->size) best = &strip;
     if (best->bitmap == nullptr) {
-        best->bitmap = static_cast<HBITMAP>(
-            LoadImageW(ThisModule(), MAKEINTRESOURCEW(best->resource), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+        best->bitmap = static_cast<HBITMAP>(LoadImageW(automation::ThisModule(), MAKEINTRESOURCEW(best->resource),
+                                                       IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
         if (best->bitmap == nullptr) return nullptr;
         Premultiply(best->bitmap);
     }

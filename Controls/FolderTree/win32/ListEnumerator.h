@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation_win32/ComError.h"
 #include "automation_win32/ModuleLock.h"
 
 namespace foldertree {
@@ -51,8 +52,11 @@ class ListEnumerator final : public Interface {
     }
     STDMETHOD(Clone)(Interface** clone) override {
         if (clone == nullptr) return E_POINTER;
-        *clone = new (std::nothrow) ListEnumerator(entries_, position_);
-        return *clone == nullptr ? E_OUTOFMEMORY : S_OK;
+        *clone = nullptr;
+        return automation::ComBoundary([&] {
+            *clone = new ListEnumerator(entries_, position_);
+            return S_OK;
+        });
     }
 
   private:

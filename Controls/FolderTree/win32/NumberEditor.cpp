@@ -1,17 +1,19 @@
 // NumberEditor: the small text box in which the user types a row's position number.
 #include "win32/NumberEditor.h"
 
-#include "win32/WideText.h"
-#include "win32/Window.h"
+#include "automation_win32/Bstr.h"
+#include "automation_win32/Module.h"
 
 namespace foldertree {
 
-NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text,
-                           std::function<void(Wish)> ended)
-    : ended_(std::move(ended)) {
-    edit_ = CreateWindowExW(0, L"EDIT", ToWide(text).c_str(),
-                            WS_CHILD | WS_VISIBLE | WS_BORDER | ES_RIGHT | ES_AUTOHSCROLL, place.left, place.top,
-                            place.right - place.left, place.bottom - place.top, parent, nullptr, ThisModule(), nullptr);
+using automation::FromWide;
+using automation::ToWide;
+
+NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text) {
+    edit_ =
+        CreateWindowExW(0, L"EDIT", ToWide(text).c_str(), WS_CHILD | WS_VISIBLE | WS_BORDER | ES_RIGHT | ES_AUTOHSCROLL,
+                        place.left, place.top, place.right - place.left, place.bottom - place.top, parent, nullptr,
+                        automation::ThisModule(), nullptr);
     if (edit_ == nullptr) return;
     SendMessageW(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     SetWindowLongPtrW(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -19,14 +21,13 @@ NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std
         SetWindowLongPtrW(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NumberEditor::Procedure)));
     SendMessageW(edit_, EM_SETMODIFY, FALSE, 0);
     SelectAll();
-    SetFocus(edit_);
 }
 
 NumberEditor::~NumberEditor() {
     if (edit_ == nullptr) return;
     const HWND edit = edit_;
     edit_ = nullptr;
-    // Closing takes the focus away; that is no further wish of the user.
+    // What happens to it while it closes is no further wish of the user.
     SetWindowLongPtrW(edit, GWLP_USERDATA, 0);
     SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(standard_));
     DestroyWindow(edit);
@@ -52,44 +53,37 @@ void NumberEditor::SelectAll() {
     SendMessageW(edit_, EM_SETSEL, 0, -1);
 }
 
-// After a report the editor may be gone, so nothing of it is touched any more.
-void NumberEditor::Report(HWND edit, Wish wish) {
-    auto* self = reinterpret_cast<NumberEditor*>(GetWindowLongPtrW(edit, GWLP_USERDATA));
-    if (self == nullptr) return;
-    const std::function<void(Wish)> ended = self->ended_;
-    ended(wish);
-}
-
 LRESULT CALLBACK NumberEditor::Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const auto* self = reinterpret_cast<NumberEditor*>(GetWindowLongPtrW(edit, GWLP_USERDATA));
+    auto* self = reinterpret_cast<NumberEditor*>(GetWindowLongPtrW(edit, GWLP_USERDATA));
     if (self == nullptr) return DefWindowProcW(edit, message, wParam, lParam);
     const WNDPROC standard = self->standard_;
-    try {
-        switch (message) {
-            case WM_GETDLGCODE:
-                return DLGC_WANTALLKEYS | CallWindowProcW(standard, edit, message, wParam, lParam);
-            case WM_KEYDOWN:
-                if (wParam == VK_RETURN || wParam == VK_TAB) return Report(edit, Wish::Commit), 0;
-                if (wParam == VK_ESCAPE) return Report(edit, Wish::Cancel), 0;
-                break;
-            case WM_CHAR:
-                // The edit control beeps at them.
-                if (wParam == L'\r' || wParam == L'\t' || wParam == VK_ESCAPE) return 0;
-                break;
-            case WM_KILLFOCUS: {
-                const LRESULT result = CallWindowProcW(standard, edit, message, wParam, lParam);
-                Report(edit, Wish::FocusLost);
-                return result;
-            }
-            case WM_NCDESTROY:
-                // The parent's window went first.
-                const_cast<NumberEditor*>(self)->edit_ = nullptr;
-                break;
-            default:
-                break;
+    // After a report the editor may be gone, so nothing of it is touched any more.
+    const auto report = [edit](Event event) {
+        SendMessageW(GetParent(edit), eventMessage, static_cast<WPARAM>(event), 0);
+    };
+    switch (message) {
+        case WM_GETDLGCODE:
+            return DLGC_WANTALLKEYS | CallWindowProcW(standard, edit, message, wParam, lParam);
+        case WM_KEYDOWN:
+            if (wParam == VK_RETURN || wParam == VK_TAB) return report(Event::Enter), 0;
+            if (wParam == VK_ESCAPE) return report(Event::Escape), 0;
+            break;
+        case WM_CHAR:
+            // The edit control beeps at them.
+            if (wParam == L'\r' || wParam == L'\t' || wParam == VK_ESCAPE) return 0;
+            break;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS: {
+            const LRESULT result = CallWindowProcW(standard, edit, message, wParam, lParam);
+            report(message == WM_SETFOCUS ? Event::FocusCame : Event::FocusLeft);
+            return result;
         }
-    } catch (...) {
-        // As in every window procedure: nothing gets through to Windows.
+        case WM_NCDESTROY:
+            // The parent's window went first.
+            self->edit_ = nullptr;
+            break;
+        default:
+            break;
     }
     return CallWindowProcW(standard, edit, message, wParam, lParam);
 }

@@ -3,24 +3,24 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <string>
 
 namespace foldertree {
 
-/// Lives while it is open. It reports each wish to end; whoever opened it decides, and may delete it from inside the
-/// report.
+/// Lives while it is open. What the user does in it is sent to the parent window as a message of its own, with the
+/// `Event` as wParam; the parent decides, and may delete the editor from inside the message.
 class NumberEditor {
   public:
-    enum class Wish { Commit, Cancel, FocusLost };
+    static constexpr UINT eventMessage = WM_USER + 1;
+    enum class Event { Enter, Escape, FocusCame, FocusLeft };
 
-    /// Opens over `place` of `parent`, with the focus and its text selected. `ended` is called for Enter, Esc and the
-    /// loss of the focus.
-    NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text, std::function<void(Wish)> ended);
+    /// Opens over `place` of `parent`, with its text selected; the focus is the parent's to give.
+    NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text);
     ~NumberEditor();
     NumberEditor(const NumberEditor&) = delete;
     NumberEditor& operator=(const NumberEditor&) = delete;
 
+    /// Null when Windows refused it, or when it went with its parent.
     HWND Handle() const { return edit_; }
     std::string Text() const;
     /// Puts text in as if it had been typed, with the caret at its end.
@@ -31,9 +31,7 @@ class NumberEditor {
 
   private:
     static LRESULT CALLBACK Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    static void Report(HWND edit, Wish wish);
 
-    std::function<void(Wish)> ended_;
     HWND edit_ = nullptr;
     WNDPROC standard_ = nullptr;
 };

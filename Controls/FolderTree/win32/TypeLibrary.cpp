@@ -2,6 +2,7 @@
 #include "win32/TypeLibrary.h"
 
 #include "automation_win32/ComError.h"
+#include "automation_win32/Module.h"
 
 namespace foldertree {
 
@@ -11,33 +12,14 @@ using automation::ComPtr;
 
 namespace {
 
-HMODULE ModuleOf(const void* address) {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       static_cast<const wchar_t*>(address), &module);
-    return module;
-}
-
 ComPtr<ITypeLib> Load() {
     ComPtr<ITypeLib> library;
-    Check(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.GetAddressOf()));
+    Check(
+        LoadTypeLibEx(automation::ModulePath(automation::ThisModule()).c_str(), REGKIND_NONE, library.GetAddressOf()));
     return library;
 }
 
 }  // namespace
-
-std::wstring ModulePath() {
-    static const char anchor = 0;
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(ModuleOf(&anchor), path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
-}
 
 ITypeLib& TypeLibrary() {
     // Never released: when the process ends, the system's automation library may be gone before this module.

@@ -4,14 +4,9 @@
 #include <oaidl.h>
 #include <windows.h>
 
-#include <string>
-
 #include "automation_win32/ComPtr.h"
 
 namespace foldertree {
-
-/// The full path of the DLL or program that this code is in.
-std::wstring ModulePath();
 
 /// Loaded once a process. Throws automation::Error when the module carries no type library.
 ITypeLib& TypeLibrary();

@@ -3,7 +3,8 @@
 
 #include <algorithm>
 
-#include "win32/WideText.h"
+#include "automation_win32/Module.h"
+#include "win32/ShownText.h"
 
 namespace foldertree {
 namespace {
@@ -17,14 +18,15 @@ void Fill(HDC dc, const RECT& area, int systemColor) {
 
 void Text(HDC dc, RECT area, const std::string& text, UINT format) {
     // Windows may write the ellipsis into the buffer, hence a copy with room to spare.
-    std::wstring wide = ToWide(text);
+    std::wstring wide = ShownText(text);
     DrawTextW(dc, wide.c_str(), static_cast<int>(wide.size()), &area,
               format | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
 }
 
 }  // namespace
 
-WaitPanel::WaitPanel(std::function<void()> cancel) : Window(L"ctlFolderTree.WaitPanel"), cancel_(std::move(cancel)) {}
+WaitPanel::WaitPanel(WindowKeeper& keeper, std::function<void()> cancel, std::function<void()> focusMoved)
+    : Window(L"ctlFolderTree.WaitPanel", keeper), cancel_(std::move(cancel)), focusMoved_(std::move(focusMoved)) {}
 
 WaitPanel::~WaitPanel() {
     DestroyHandle();
@@ -35,9 +37,9 @@ HWND WaitPanel::Create(HWND parent) {
     if (CreateHandle(parent, {0, 0, 0, 0}, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS) == nullptr) return nullptr;
     dpi_ = DpiOf(Handle());
     LoadFont();
-    button_ =
-        CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, 0, 0, 0, 0, Handle(),
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(cancelButton)), ThisModule(), nullptr);
+    button_ = CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, 0, 0,
+                              0, 0, Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(cancelButton)),
+                              automation::ThisModule(), nullptr);
     SendMessageW(button_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
     stale_ = captionsStale_ = true;
     Centre();
@@ -92,7 +94,7 @@ void WaitPanel::Show(bool visible) {
 
 void WaitPanel::Refresh() {
     if (Handle() == nullptr || !stale_) return;
-    if (captionsStale_) SetWindowTextW(button_, ToWide(cancelCaption_).c_str());
+    if (captionsStale_) SetWindowTextW(button_, ShownText(cancelCaption_).c_str());
     stale_ = captionsStale_ = false;
     InvalidateRect(Handle(), nullptr, FALSE);
 }
@@ -174,6 +176,11 @@ double WaitPanel::Fraction() const {
     return std::min(1.0, value_ / maximum_);
 }
 
+void WaitPanel::OnButton(int notification) {
+    if (notification == BN_CLICKED) cancel_();
+    if (notification == BN_SETFOCUS || notification == BN_KILLFOCUS) focusMoved_();
+}
+
 LRESULT WaitPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT:
@@ -182,10 +189,7 @@ LRESULT WaitPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             return 1;
         case WM_COMMAND:
-            if (LOWORD(wParam) == cancelButton && HIWORD(wParam) == BN_CLICKED) {
-                const std::function<void()> cancel = cancel_;
-                cancel();
-            }
+            if (LOWORD(wParam) == cancelButton) OnButton(HIWORD(wParam));
             return 0;
         default:
             return Window::OnMessage(message, wParam, lParam);

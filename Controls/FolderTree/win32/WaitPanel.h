@@ -13,8 +13,8 @@ namespace foldertree {
 /// a folder; Refresh() shows it.
 class WaitPanel : public Window {
   public:
-    /// `cancel` is called for a press of the button; the panel may be deleted in it.
-    explicit WaitPanel(std::function<void()> cancel);
+    /// `cancel` is called for a press of the button, `focusMoved` after the focus came to it or left it.
+    WaitPanel(WindowKeeper& keeper, std::function<void()> cancel, std::function<void()> focusMoved);
     ~WaitPanel() override;
 
     /// Makes the panel's window, hidden or shown as the state says, in the middle of the parent.
@@ -43,12 +43,14 @@ class WaitPanel : public Window {
     void LoadFont();
     void ReleaseFont();
     void PlaceButton();
+    void OnButton(int notification);
     void OnPaint();
     void Paint(HDC dc, SIZE client) const;
     void PaintBar(HDC dc, RECT bar) const;
     double Fraction() const;
 
     std::function<void()> cancel_;
+    std::function<void()> focusMoved_;
     std::string pleaseWait_ = "Please wait\u2026";
     std::string cancelCaption_ = "Cancel";
     std::string path_;

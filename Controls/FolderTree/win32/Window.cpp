@@ -5,7 +5,12 @@
 #include <set>
 #include <string>
 
+#include "automation_win32/Module.h"
+
 namespace foldertree {
+
+using automation::ThisModule;
+
 namespace {
 
 /// The window classes of this module. Windows keeps the classes of a DLL that is unloaded, together with a procedure
@@ -74,6 +79,7 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
     }
     auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
     if (self == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
+    const Held held(self->keeper_);
     try {
         if (message != WM_NCDESTROY) return self->OnMessage(message, wParam, lParam);
         SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
@@ -82,13 +88,6 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
     } catch (...) {
     }
     return DefWindowProcW(handle, message, wParam, lParam);
-}
-
-HINSTANCE ThisModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&ThisModule), &module);
-    return module;
 }
 
 int DpiOf(HWND window) {

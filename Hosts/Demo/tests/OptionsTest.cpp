@@ -17,6 +17,12 @@ TEST(Options, LeaveTheLevelOpenUnlessItIsGiven) {
     EXPECT_EQ(ParseOptions({L"--level", L"0"}).level, 0);
 }
 
+TEST(Options, LeaveTheAccessModeOpenUnlessItIsGiven) {
+    EXPECT_FALSE(ParseOptions({}).mode.has_value());
+    EXPECT_EQ(ParseOptions({L"--mode", L"3"}).mode, 3);
+    EXPECT_NE(ParseOptions({L"--mode", L"Outlook"}).error, L"");
+}
+
 TEST(Options, RefuseWhatTheyDoNotKnow) {
     EXPECT_NE(ParseOptions({L"--colour", L"red"}).error, L"");
     EXPECT_NE(ParseOptions({L"--pst"}).error, L"");

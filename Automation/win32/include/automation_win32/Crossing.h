@@ -54,9 +54,6 @@ struct IObjectHolder : public IUnknown {
     ~IObjectHolder() = default;
 };
 
-/// An address that no other module has.
-const void* ThisModule();
-
 }  // namespace automation
 
 __CRT_UUID_DECL(automation::IObjectHolder, 0xad82041b, 0x1229, 0x4aaf, 0x9d, 0x33, 0x53, 0x1a, 0xb7, 0x46, 0xe8, 0x56)

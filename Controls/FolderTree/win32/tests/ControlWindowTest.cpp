@@ -34,11 +34,16 @@ class ControlWindowTest : public testing::Test {
     }
 
     void MakeControl() {
-        control_ = std::make_unique<ControlWindow>(ControlParts{grid_, events_, [this] { OnCancel(); }, owner_});
+        control_ = std::make_unique<ControlWindow>(ControlParts{grid_, events_, [this] { OnCancel(); }}, keeper_);
     }
     void Show() {
         control_->Create(host_.Handle(), {10, 10, 410, 310});
         HostWindow::Pump();
+    }
+    /// The control ends, as a host may let it in the middle of a message.
+    void End() {
+        control_->Destroy();
+        keeper_.WhenFree([this] { control_.reset(); });
     }
     void OnCancel() {
         ++cancels_;
@@ -69,7 +74,7 @@ class ControlWindowTest : public testing::Test {
     HostWindow host_;
     TreeGrid grid_;
     RecordingEvents events_{grid_};
-    std::shared_ptr<void> owner_ = std::make_shared<int>(0);
+    TestKeeper keeper_;
     std::function<void()> onCancel_;
     int cancels_ = 0;
     std::unique_ptr<ControlWindow> control_;
@@ -187,7 +192,7 @@ TEST_F(ControlWindowTest, TheFocusReturnsToTheGridWhenThePanelGoesWithIt) {
 TEST_F(ControlWindowTest, TheControlMayEndInsideCancel) {
     Show();
     control_->ShowWaitPanel(true);
-    onCancel_ = [this] { control_.reset(); };
+    onCancel_ = [this] { End(); };
     SendMessageW(CancelButton(), BM_CLICK, 0, 0);
     HostWindow::Pump();
     EXPECT_EQ(cancels_, 1);
@@ -197,9 +202,12 @@ TEST_F(ControlWindowTest, TheControlMayEndInsideCancel) {
 TEST_F(ControlWindowTest, TheControlMayEndInsideCancelByEsc) {
     Show();
     control_->ShowWaitPanel(true);
-    onCancel_ = [this] { control_.reset(); };
+    onCancel_ = [this] { End(); };
     MSG message = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
-    EXPECT_TRUE(control_->TranslateAccelerator(message));
+    {
+        const Held held(keeper_);
+        EXPECT_TRUE(control_->TranslateAccelerator(message));
+    }
     EXPECT_EQ(control_, nullptr);
 }
 
@@ -310,6 +318,86 @@ TEST_F(ControlWindowTest, TheFocusOfTheControlGoesToTheGridAndIsTold) {
     EXPECT_EQ(told, (std::vector<bool>{true, false}));
 }
 
+TEST_F(ControlWindowTest, TheFocusThatMovesInsideTheControlIsNotTold) {
+    TickRow(grid_, 2, "1");
+    Show();
+    SetFocus(control_->Grid().Handle());
+    std::vector<bool> told;
+    control_->SetFocusHandler([&](bool gained) { told.push_back(gained); });
+    grid_.SetCurrentRow(2);
+    const auto inGrid = [&](WPARAM key) { SendMessageW(control_->Grid().Handle(), WM_KEYDOWN, key, 1); };
+    const auto inEditor = [&](WPARAM key) {
+        ASSERT_NE(control_->Grid().Editor(), nullptr);
+        SendMessageW(control_->Grid().Editor()->Handle(), WM_KEYDOWN, key, 1);
+    };
+    inGrid(VK_F2);
+    ASSERT_NE(control_->Grid().Editor(), nullptr);
+    EXPECT_EQ(GetFocus(), control_->Grid().Editor()->Handle());
+    inEditor(VK_ESCAPE);
+    inGrid(VK_F2);
+    inEditor(VK_RETURN);
+    EXPECT_EQ(GetFocus(), control_->Grid().Handle());
+    control_->ShowWaitPanel(true);
+    SetFocus(CancelButton());
+    control_->ShowWaitPanel(false);
+    EXPECT_EQ(GetFocus(), control_->Grid().Handle());
+    EXPECT_EQ(told, std::vector<bool>{});
+}
+
+TEST_F(ControlWindowTest, TheFocusThatLeavesTheNumberEditorIsToldOnceAfterItsNumber) {
+    TickRow(grid_, 2, "1");
+    Show();
+    SetFocus(control_->Grid().Handle());
+    grid_.SetCurrentRow(2);
+    SendMessageW(control_->Grid().Handle(), WM_KEYDOWN, VK_F2, 1);
+    ASSERT_NE(control_->Grid().Editor(), nullptr);
+    SendMessageW(control_->Grid().Editor()->Handle(), WM_CHAR, L'4', 1);
+    control_->SetFocusHandler([&](bool gained) { events_.log.push_back(gained ? "focus" : "no focus"); });
+    SetFocus(host_.Handle());
+    EXPECT_EQ(events_.log, (std::vector<std::string>{"before-edit 2,1 cell=1", "validate-edit 2,1 cell=1 text=4",
+                                                     "after-edit 2,1 cell=4", "no focus"}));
+}
+
+TEST_F(ControlWindowTest, TheFocusThatComesToTheCancelButtonIsTold) {
+    Show();
+    control_->ShowWaitPanel(true);
+    SetFocus(host_.Handle());
+    std::vector<bool> told;
+    control_->SetFocusHandler([&](bool gained) { told.push_back(gained); });
+    SetFocus(CancelButton());
+    SetFocus(host_.Handle());
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+}
+
+TEST_F(ControlWindowTest, AGridThatIsSwitchedOffGivesTheFocusAndAnOpenEditUp) {
+    TickRow(grid_, 2, "1");
+    Show();
+    SetFocus(control_->Grid().Handle());
+    grid_.SetCurrentRow(2);
+    SendMessageW(control_->Grid().Handle(), WM_KEYDOWN, VK_F2, 1);
+    ASSERT_NE(control_->Grid().Editor(), nullptr);
+    std::vector<bool> told;
+    control_->SetFocusHandler([&](bool gained) { told.push_back(gained); });
+    grid_.SetEnabled(false);
+    control_->FlushPaint();
+    EXPECT_EQ(control_->Grid().Editor(), nullptr);
+    EXPECT_FALSE(IsWindowEnabled(control_->Grid().Handle()));
+    EXPECT_EQ(told, std::vector<bool>{false});
+}
+
+TEST_F(ControlWindowTest, TheFocusOfAWindowThatGoesIsToldAsLost) {
+    std::vector<bool> told;
+    control_->SetFocusHandler([&](bool gained) { told.push_back(gained); });
+    Show();
+    SetFocus(control_->Grid().Handle());
+    control_->Destroy();
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+    Show();
+    SetFocus(control_->Grid().Handle());
+    host_.Close();
+    EXPECT_EQ(told, (std::vector<bool>{true, false, true, false}));
+}
+
 TEST_F(ControlWindowTest, TheHourglassStandsEverywhereButOnCancel) {
     Show();
     control_->ShowWaitPanel(true);
@@ -343,7 +431,7 @@ TEST_F(ControlWindowTest, AHostWindowThatGoesAwayIsTold) {
 
 TEST_F(ControlWindowTest, TheControlMayEndWhenItsHostWindowGoesAway) {
     Show();
-    control_->SetGoneHandler([this] { control_.reset(); });
+    control_->SetGoneHandler([this] { End(); });
     host_.Close();
     EXPECT_EQ(control_, nullptr);
 }
@@ -359,10 +447,7 @@ TEST_F(ControlWindowTest, DestroyingItOneselfIsNotToldAsGone) {
 
 TEST_F(ControlWindowTest, TheControlMayEndInsideANotification) {
     Show();
-    events_.onNotification = [this](std::string_view) {
-        control_.reset();
-        owner_.reset();
-    };
+    events_.onNotification = [this](std::string_view) { End(); };
     grid_.SetCurrentRow(2);
     SendMessageW(control_->Grid().Handle(), WM_KEYDOWN, VK_SPACE, 1);
     HostWindow::Pump();
@@ -384,7 +469,6 @@ TEST_F(ControlWindowTest, ATimerThatRunsOutlivesNeitherWindowNorControl) {
     Show();
     AddFolder(grid_, 1, "Late");
     control_.reset();
-    owner_.reset();
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(60);
     EXPECT_TRUE(HostWindow::PumpUntil([end] { return std::chrono::steady_clock::now() > end; }));
     EXPECT_EQ(GetWindow(host_.Handle(), GW_CHILD), nullptr);

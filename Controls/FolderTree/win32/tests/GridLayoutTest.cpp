@@ -101,6 +101,55 @@ TEST(GridLayout, AVeryDeepRowStillShowsItsIconAndPartOfItsName) {
     EXPECT_GE(Width(text), 50);
 }
 
+TEST(GridLayout, NamesThatFitLeaveNothingToScroll) {
+    GridLayout layout({}, client, 50, 40, 0);
+    layout.ScrollSideways(300, 100);
+    EXPECT_EQ(layout.ContentWidth(), 400);
+    EXPECT_EQ(layout.Left(), 0);
+    EXPECT_EQ(layout.HeaderCell(colName).right, 400);
+}
+
+TEST(GridLayout, NamesThatAreWiderMoveAllColumnsToTheLeft) {
+    GridLayout layout({}, client, 50, 40, 0);
+    layout.ScrollSideways(1000, 70);
+    EXPECT_EQ(layout.ContentWidth(), 1090);
+    EXPECT_EQ(layout.Left(), 70);
+    EXPECT_EQ(layout.Cell(0, colSel).left, -70);
+    EXPECT_EQ(layout.Cell(0, colName).left, 20);
+    EXPECT_EQ(layout.Row(0).left, -70);
+    EXPECT_EQ(layout.Row(0).right, 1020);
+    const RECT sign = layout.Glyph(layout.Cell(2, colName), 1);
+    EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 1), GridPart::Glyph);
+    EXPECT_EQ(layout.PartAt({10, sign.top}, 1), GridPart::Index);
+}
+
+TEST(GridLayout, ScrollingSidewaysEndsAtTheLastColumnsEdge) {
+    GridLayout layout({}, client, 50, 40, 0);
+    layout.ScrollSideways(1000, 5000);
+    EXPECT_EQ(layout.Left(), 690);
+    EXPECT_EQ(layout.Cell(0, colName).right, 400);
+    layout.ScrollSideways(1000, -5);
+    EXPECT_EQ(layout.Left(), 0);
+}
+
+TEST(GridLayout, AColumnOfTheWantedWidthShowsIndentationAndTextInFull) {
+    for (const int level : {0, 1, 7, 60}) {
+        for (const int text : {0, 30, 200, 900}) {
+            GridLayout layout({}, client, 50, 40, 0);
+            layout.ScrollSideways(layout.NameWidth(level, text), 0);
+            const RECT cell = layout.Cell(0, colName);
+            EXPECT_GE(Width(layout.NameText(cell, level, true)), text);
+            EXPECT_EQ(layout.Icon(cell, level).left - layout.Icon(cell, 0).left, level * layout.Metrics().indent);
+        }
+    }
+}
+
+TEST(GridLayout, AColumnForNonsenseStaysWithinReason) {
+    const GridLayout layout({}, client, 50, 40, 0);
+    EXPECT_EQ(layout.NameWidth(32767, 1000000), 4000);
+    EXPECT_EQ(layout.NameWidth(-32768, 10), layout.NameWidth(0, 10));
+}
+
 TEST(FrameClock, LetsAtMostSixtyTwoFramesThroughInASecond) {
     FrameClock clock;
     FrameClock::Clock::time_point now{std::chrono::seconds(100)};

@@ -272,12 +272,12 @@ TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     AddFolder(grid, 0, "Mailbox", rowKind::store);
     TickRow(grid, AddFolder(grid, 1, "Inbox"), "1");
     RecordingEvents events(grid);
-    const auto owner = std::make_shared<int>(0);
-    GridWindow seen(grid, events, owner, [] {});
+    TestKeeper keeper;
+    GridWindow seen(grid, events, keeper, [] {});
     seen.Create(host.Handle(), {0, 0, 300, 200});
     UpdateWindow(seen.Handle());
     HostWindow::Pump();
-    GridWindow unseen(grid, events, owner, [] {});
+    GridWindow unseen(grid, events, keeper, [] {});
     const Pixels drawn = Drawing(300, 200, [&](HDC dc) { unseen.Draw(dc, {300, 200}); });
     EXPECT_EQ(OnScreen(seen.Handle()), drawn);
 }

@@ -20,7 +20,7 @@ class GridWindowTest : public testing::Test {
         AddFolder(grid_, 2, "", rowKind::dummy);         // 6
         AddFolder(grid_, 1, "Trash");                    // 7
         grid_.SetNodeState(5, nodeCollapsed);
-        window_ = std::make_unique<GridWindow>(grid_, events_, owner_, [this] { ++stale_; });
+        window_ = std::make_unique<GridWindow>(grid_, events_, keeper_, [this] { ++stale_; });
         window_->Create(host_.Handle(), {0, 0, 400, 300});
         Update();
     }
@@ -58,16 +58,17 @@ class GridWindowTest : public testing::Test {
         for (wchar_t character : text) InEditor(WM_CHAR, character);
     }
 
-    /// The window goes away, and with it the grid's last owner, in the middle of a notification.
+    /// The control ends, as a host may let it in the middle of a notification: the window goes away, and its object
+    /// after the message that is running.
     void EndEverything() {
-        window_.reset();
-        owner_.reset();
+        window_->DestroyHandle();
+        keeper_.WhenFree([this] { window_.reset(); });
     }
 
     HostWindow host_;
     TreeGrid grid_;
     RecordingEvents events_{grid_};
-    std::shared_ptr<void> owner_ = std::make_shared<int>(0);
+    TestKeeper keeper_;
     std::unique_ptr<GridWindow> window_;
     int stale_ = 0;
 };
@@ -479,6 +480,116 @@ TEST_F(GridWindowTest, TheWheelScrollsAndStopsAtBothEnds) {
     EXPECT_EQ(window_->Layout().TopPosition(), grid_.VisibleCount() - window_->Layout().FullRows());
 }
 
+// ---- Sideways
+
+class WideGrid : public GridWindowTest {
+  protected:
+    WideGrid() {
+        grid_.SetCellText(4, colName, "A customer whose name is far too long for any window that is four hundred wide");
+        Update();
+    }
+
+    SCROLLINFO Bar() const {
+        SCROLLINFO bar{};
+        bar.cbSize = sizeof bar;
+        bar.fMask = SIF_ALL;
+        GetScrollInfo(window_->Handle(), SB_HORZ, &bar);
+        return bar;
+    }
+    int Left() const { return window_->Layout().Left(); }
+    int Last() const { return window_->Layout().ContentWidth() - window_->Layout().Client().cx; }
+};
+
+TEST_F(GridWindowTest, WithoutAWideNameThereIsNoBarBelow) {
+    EXPECT_EQ(GetWindowLongW(window_->Handle(), GWL_STYLE) & WS_HSCROLL, 0);
+    Send(WM_MOUSEHWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    EXPECT_EQ(window_->Layout().Left(), 0);
+}
+
+TEST_F(WideGrid, ANameThatIsTooWideBringsABarBelow) {
+    EXPECT_NE(GetWindowLongW(window_->Handle(), GWL_STYLE) & WS_HSCROLL, 0);
+    EXPECT_EQ(Bar().nMax, window_->Layout().ContentWidth() - 1);
+    EXPECT_EQ(static_cast<LONG>(Bar().nPage), window_->Layout().Client().cx);
+    Send(WM_HSCROLL, SB_RIGHT, 0);
+    EXPECT_GT(Left(), 0);
+    EXPECT_EQ(Left(), Last());
+    EXPECT_EQ(Bar().nPos, Left());
+    Send(WM_HSCROLL, SB_LEFT, 0);
+    EXPECT_EQ(Left(), 0);
+}
+
+TEST_F(WideGrid, ShiftAndTheWheelScrollSidewaysAndNotDown) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    Update();
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, static_cast<WORD>(-WHEEL_DELTA)), 0);
+    EXPECT_EQ(Left(), 3 * window_->Layout().Metrics().indent);
+    EXPECT_EQ(window_->Layout().TopPosition(), 0);
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, 10 * WHEEL_DELTA), 0);
+    EXPECT_EQ(Left(), 0);
+    Send(WM_MOUSEHWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    EXPECT_EQ(Left(), 3 * window_->Layout().Metrics().indent);
+}
+
+TEST_F(WideGrid, ControlWithLeftAndRightScrollsAndLeavesTheOutlineAlone) {
+    grid_.SetCurrentRow(3);
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    const auto setControl = [&](BYTE state) {
+        keys[VK_CONTROL] = state;
+        SetKeyboardState(keys);
+    };
+    setControl(0x80);
+    Press(VK_RIGHT);
+    EXPECT_EQ(Left(), window_->Layout().Metrics().indent);
+    Press(VK_LEFT);
+    EXPECT_EQ(Left(), 0);
+    setControl(0);
+    EXPECT_EQ(events_.log, Log{});
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    Press(VK_LEFT);
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2"}));
+}
+
+TEST_F(WideGrid, ScrollingDownMovesNothingSideways) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    Update();
+    Send(WM_HSCROLL, SB_RIGHT, 0);
+    const int left = Left();
+    Send(WM_VSCROLL, SB_BOTTOM, 0);
+    EXPECT_EQ(Left(), left) << "although no wide name is in view";
+}
+
+TEST_F(WideGrid, AnEmptiedTreeStartsAtItsLeftEdgeAgain) {
+    Send(WM_HSCROLL, SB_RIGHT, 0);
+    grid_.SetRowCount(1);
+    AddFolder(grid_, 0, "Mailbox", rowKind::store);
+    Update();
+    EXPECT_EQ(Left(), 0);
+    EXPECT_EQ(GetWindowLongW(window_->Handle(), GWL_STYLE) & WS_HSCROLL, 0);
+}
+
+TEST_F(WideGrid, ClicksHitWhatWasScrolledUnderThem) {
+    Send(WM_HSCROLL, SB_LINERIGHT, 0);
+    const POINT sign = SignOfRow(3);
+    Click(sign);
+    EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2"}));
+}
+
+TEST_F(WideGrid, TheNumberEditorComesIntoView) {
+    TickRow(grid_, 3, "1");
+    grid_.SetCurrentRow(3);
+    Send(WM_HSCROLL, SB_RIGHT, 0);
+    Press(VK_F2);
+    ASSERT_NE(window_->Editor(), nullptr);
+    EXPECT_EQ(Left(), 0);
+    RECT place{};
+    GetWindowRect(window_->Editor()->Handle(), &place);
+    MapWindowPoints(nullptr, window_->Handle(), reinterpret_cast<POINT*>(&place), 2);
+    EXPECT_GE(place.left, 0);
+    Send(WM_HSCROLL, SB_LINERIGHT, 0);
+    EXPECT_EQ(window_->Editor(), nullptr);
+}
+
 TEST_F(GridWindowTest, AMillionRowsScrollAndPaintByTheScreenful) {
     grid_.SetRowCount(1000000);
     for (int32_t row = 8; row < 1000000; ++row) grid_.SetRowOutlineLevel(row, 1);
@@ -668,7 +779,7 @@ TEST_F(GridWindowEnds, InsideTheEditThatAClickEnds) {
 
 TEST_F(GridWindowEnds, WhenTheFocusComes) {
     SetFocus(host_.Handle());
-    window_->SetFocusHandler([this](bool) { EndEverything(); });
+    window_->SetFocusHandler([this] { EndEverything(); });
     const POINT point = BoxOfRow(3);
     SendMessageW(window_->Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
     EXPECT_EQ(window_, nullptr);
@@ -684,12 +795,6 @@ TEST_F(GridWindowEnds, WithTheParentWindowWhileTheEditorIsOpen) {
     grid_.SetCurrentRow(2);
     AddFolder(grid_, 1, "Later");
     window_->Refresh();
-}
-
-TEST_F(GridWindowEnds, AfterTheGridsOwnerIsGone) {
-    owner_.reset();
-    window_.reset();
-    EXPECT_EQ(events_.log, Log{});
 }
 
 }  // namespace

@@ -9,13 +9,38 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "shell/GridColumns.h"
 #include "shell/GridInteraction.h"
 #include "shell/TreeGrid.h"
+#include "win32/Window.h"
 
 namespace foldertree {
+
+/// Stands for the control around the windows under test.
+class TestKeeper : public WindowKeeper {
+  public:
+    void Hold() noexcept override { ++holds_; }
+    void LetGo() noexcept override {
+        --holds_;
+        RunWhenFree();
+    }
+    /// Runs the action as soon as no message runs.
+    void WhenFree(std::function<void()> action) {
+        whenFree_ = std::move(action);
+        RunWhenFree();
+    }
+
+  private:
+    void RunWhenFree() {
+        if (holds_ == 0 && whenFree_) std::exchange(whenFree_, nullptr)();
+    }
+
+    int holds_ = 0;
+    std::function<void()> whenFree_;
+};
 
 /// Writes every notification into a log, together with what the grid holds at that moment.
 class RecordingEvents : public GridEvents {

@@ -1,0 +1,354 @@
+// ControlObjectTest: the control in a container that lets go of it, or ends it, wherever it hears of something.
+#include <gtest/gtest.h>
+
+#include <ole2.h>
+#include <olectl.h>
+
+#include "FakeContainer.h"
+#include "FolderTree.idl.h"
+#include "PoisonedMemory.h"
+#include "WindowFixture.h"
+#include "automation_win32/ModuleLock.h"
+#include "win32/ControlInterfaces.h"
+#include "win32/ControlObject.h"
+#include "win32/ControlPlatform.h"
+
+namespace foldertree {
+namespace {
+
+using automation::ComPtr;
+using Log = std::vector<std::string_view>;
+
+class Ole : public testing::Environment {
+  public:
+    void SetUp() override { ASSERT_TRUE(SUCCEEDED(OleInitialize(nullptr))); }
+    void TearDown() override { OleUninitialize(); }
+};
+[[maybe_unused]] testing::Environment* const ole = testing::AddGlobalTestEnvironment(new Ole);
+
+/// A control with a small tree in its container. The host holds the only reference, and makes each call without
+/// another one.
+class Placed {
+  public:
+    Placed() {
+        control_ = ControlObject::Create();
+        TreeGrid& grid = Object().Core().Grid();
+        SetUpGrid(grid);
+        AddFolder(grid, 0, "Mailbox", rowKind::store);
+        AddFolder(grid, 1, "Inbox");
+        AddFolder(grid, 2, "Customers");
+        Raw<_ctlFolderTree>()->put_MultiSelect(VARIANT_TRUE);
+        Raw<_ctlFolderTree>()->put_AllowIndexing(VARIANT_TRUE);
+        TickRow(grid, 2, "1");
+        container_ = automation::MakeCom<FakeContainer>(host_.Handle());
+        container_->onCall = [this](std::string_view call) {
+            if (onCall) onCall(call);
+        };
+        Raw<IOleObject>()->SetClientSite(container_.Get());
+        container_->log.clear();
+    }
+    ~Placed() {
+        onCall = nullptr;
+        Release();
+    }
+    Placed(const Placed&) = delete;
+    Placed& operator=(const Placed&) = delete;
+
+    /// Called inside each call of the container.
+    std::function<void(std::string_view)> onCall;
+
+    Log& Calls() { return container_->log; }
+    ControlObject& Object() { return *static_cast<ControlObject*>(control_.Get()); }
+    bool Held() const { return static_cast<bool>(control_); }
+    void Release() { control_ = nullptr; }
+
+    /// A pointer that counts for nothing.
+    template <class Interface>
+    Interface* Raw() const {
+        ComPtr<Interface> part;
+        EXPECT_EQ(control_.As(&part), S_OK);
+        return part.Get();
+    }
+
+    // What hosts and users do. Without the control, or without its window, nothing happens.
+    HRESULT Verb(LONG verb) {
+        return Held() ? Raw<IOleObject>()->DoVerb(verb, nullptr, nullptr, 0, host_.Handle(), nullptr) : E_FAIL;
+    }
+    void Close() {
+        if (Held()) Raw<IOleObject>()->Close(OLECLOSE_NOSAVE);
+    }
+    void Enable(bool enabled) {
+        if (!Held()) return;
+        Raw<_ctlFolderTree>()->put_Enabled(enabled ? VARIANT_TRUE : VARIANT_FALSE);
+        SendMessageW(Window(), WM_TIMER, 1, 0);  // the next frame
+    }
+    void ShowWaitPanel(bool visible) {
+        if (Held()) Object().Platform().ShowWaitPanel(visible);
+    }
+    void PressTab() {
+        MSG tab{Grid(), WM_KEYDOWN, VK_TAB, 1, 0, {0, 0}};
+        if (Held()) Raw<IOleInPlaceActiveObject>()->TranslateAccelerator(&tab);
+    }
+    void Click(int32_t row, int col) {
+        if (Grid() == nullptr) return;
+        const POINT point = Middle(Object().Window().Grid().Layout().Cell(row - 1, col));
+        SendMessageW(Grid(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    }
+    static void Press(HWND window, WPARAM key) { SendMessageW(window, WM_KEYDOWN, key, 1); }
+    static void Type(HWND window, wchar_t character) { SendMessageW(window, WM_CHAR, character, 1); }
+    static void Focus(HWND window) {
+        if (window != nullptr) SetFocus(window);
+    }
+    void LeaveFocus() { Focus(host_.Handle()); }
+    void CloseHost() { host_.Close(); }
+
+    HWND Window() const { return Child(host_.Handle(), L"ctlFolderTree"); }
+    HWND Grid() const { return Child(Window(), L"ctlFolderTree.Grid"); }
+    HWND Editor() const { return Child(Grid(), L"EDIT"); }
+    HWND CancelButton() const { return Child(Child(Window(), L"ctlFolderTree.WaitPanel"), L"BUTTON"); }
+
+  private:
+    static HWND Child(HWND parent, const wchar_t* className) {
+        return parent != nullptr ? FindWindowExW(parent, nullptr, className, nullptr) : nullptr;
+    }
+
+    HostWindow host_;
+    ComPtr<FakeContainer> container_;
+    ComPtr<IUnknown> control_;
+};
+
+// ---- What the container hears
+
+TEST(PlacedControl, TellsItsContainerOfTheFocusOnceForEachWay) {
+    Placed placed;
+    ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    placed.Calls().clear();
+    placed.Click(2, colName);
+    EXPECT_EQ(placed.Calls(), (Log{"OnFocus TRUE", "OnUIActivate"}));
+    placed.Press(placed.Grid(), VK_F2);
+    ASSERT_NE(placed.Editor(), nullptr);
+    placed.Press(placed.Editor(), VK_ESCAPE);
+    placed.Type(placed.Grid(), L'7');
+    ASSERT_NE(placed.Editor(), nullptr);
+    placed.Press(placed.Editor(), VK_RETURN);
+    EXPECT_EQ(placed.Calls(), (Log{"OnFocus TRUE", "OnUIActivate"})) << "the number editor is a part of the control";
+    placed.LeaveFocus();
+    EXPECT_EQ(placed.Calls(), (Log{"OnFocus TRUE", "OnUIActivate", "OnFocus FALSE"}));
+}
+
+TEST(PlacedControl, IsNotActivatedAgainByAFocusThatHidesIt) {
+    Placed placed;
+    ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    placed.onCall = [&](std::string_view call) {
+        if (call == "OnFocus TRUE") placed.Verb(OLEIVERB_HIDE);
+    };
+    placed.Click(2, colSel);
+    EXPECT_EQ(placed.Window(), nullptr);
+    EXPECT_EQ(placed.Calls().back(), "OnInPlaceDeactivate");
+}
+
+TEST(PlacedControl, RefusesToBeActivatedWhileItsWindowGoes) {
+    Placed placed;
+    placed.Verb(OLEIVERB_UIACTIVATE);
+    HRESULT again = S_OK;
+    placed.onCall = [&](std::string_view call) {
+        if (call == "OnFocus FALSE") again = placed.Verb(OLEIVERB_SHOW);
+    };
+    placed.Verb(OLEIVERB_HIDE);
+    EXPECT_EQ(again, OLE_E_NOT_INPLACEACTIVE);
+    EXPECT_EQ(placed.Window(), nullptr);
+    EXPECT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    EXPECT_NE(placed.Grid(), nullptr);
+}
+
+TEST(PlacedControl, RefusesToBeActivatedAfterItsEnd) {
+    Placed placed;
+    ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    placed.Close();
+    EXPECT_EQ(placed.Window(), nullptr);
+    for (const LONG verb : {OLEIVERB_SHOW, OLEIVERB_INPLACEACTIVATE, OLEIVERB_UIACTIVATE, OLEIVERB_PRIMARY}) {
+        // Some containers set their site again.
+        const auto site = automation::MakeCom<FakeContainer>(Stage());
+        placed.Raw<IOleObject>()->SetClientSite(site.Get());
+        EXPECT_TRUE(FAILED(placed.Verb(verb)));
+        EXPECT_EQ(site->log, Log{});
+        placed.Raw<IOleObject>()->SetClientSite(nullptr);
+    }
+}
+
+// ---- The end in any call of the container
+
+/// Everything that makes the control call its container.
+void UseControl(Placed& placed) {
+    placed.Verb(OLEIVERB_SHOW);
+    placed.Click(2, colName);
+    placed.PressTab();
+    placed.LeaveFocus();
+    placed.Type(placed.Grid(), L'7');  // opens the number editor, from another window's focus
+    placed.Press(placed.Editor(), VK_RETURN);
+    placed.Press(placed.Grid(), VK_F2);
+    placed.Type(placed.Editor(), L'3');
+    placed.LeaveFocus();
+    placed.Click(2, colSel);
+    placed.Enable(false);
+    placed.Enable(true);
+    placed.ShowWaitPanel(true);
+    placed.Focus(placed.CancelButton());
+    placed.ShowWaitPanel(false);
+    placed.Verb(OLEIVERB_HIDE);
+    placed.Verb(OLEIVERB_UIACTIVATE);
+    placed.Press(placed.Grid(), VK_F2);
+    placed.CloseHost();
+}
+
+/// Uses the control once for each call that its container gets, and does something to it in that call.
+void ActInEveryCall(const std::function<void(Placed&)>& act) {
+    size_t calls = 0;
+    {
+        Placed placed;
+        UseControl(placed);
+        calls = placed.Calls().size();
+        EXPECT_TRUE(placed.Held());
+    }
+    ASSERT_GT(calls, 20u);
+    for (size_t moment = 1; moment <= calls; ++moment) {
+        {
+            Placed placed;
+            size_t seen = 0;
+            placed.onCall = [&](std::string_view call) {
+                if (++seen != moment) return;
+                SCOPED_TRACE(call);
+                act(placed);
+            };
+            UseControl(placed);
+            EXPECT_GE(seen, moment);
+            HostWindow::Pump();
+        }
+        EXPECT_TRUE(automation::ModuleIsUnused()) << "something is left of the control that ended in call " << moment;
+    }
+}
+
+TEST(EndInTheContainersCalls, TheLastReferenceMayGo) {
+    ActInEveryCall([](Placed& placed) { placed.Release(); });
+}
+
+TEST(EndInTheContainersCalls, TheControlMayBeClosed) {
+    ActInEveryCall([](Placed& placed) { placed.Close(); });
+}
+
+TEST(EndInTheContainersCalls, TheControlMayBeClosedAndLetGo) {
+    ActInEveryCall([](Placed& placed) {
+        placed.Close();
+        placed.Release();
+    });
+}
+
+TEST(EndInTheContainersCalls, TheControlMayBeHidden) {
+    ActInEveryCall([](Placed& placed) { placed.Verb(OLEIVERB_HIDE); });
+}
+
+TEST(EndInTheContainersCalls, TheHostsWindowMayGo) {
+    ActInEveryCall([](Placed& placed) { placed.CloseHost(); });
+}
+
+TEST(EndInTheContainersCalls, TheSiteMayGo) {
+    ActInEveryCall([](Placed& placed) { placed.Raw<IOleObject>()->SetClientSite(nullptr); });
+}
+
+// ---- No memory
+
+/// Runs the call with one allocation failing, the first, the second, and so on until it makes no further one. The call
+/// returns its HRESULT, and no exception.
+void ExpectNoMemoryIsAResult(const std::function<HRESULT()>& call) {
+    int failures = 0;
+    for (int n = 1;; ++n) {
+        ASSERT_LT(n, 10000);
+        FailAllocation(n);
+        const HRESULT result = call();
+        const bool enough = AllocationFailurePending();
+        FailAllocation(0);
+        if (enough) {
+            EXPECT_EQ(result, S_OK);
+            break;
+        }
+        failures += result == E_OUTOFMEMORY;
+    }
+    EXPECT_GT(failures, 0) << "no allocation failed";
+}
+
+/// A sink that hears of everything and keeps nothing.
+class Sink final : public automation::ComBase<IDispatch> {
+  public:
+    int calls = 0;
+
+    STDMETHOD(GetTypeInfoCount)(UINT*) override { return E_NOTIMPL; }
+    STDMETHOD(GetTypeInfo)(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHOD(GetIDsOfNames)(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHOD(Invoke)(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        ++calls;
+        return S_OK;
+    }
+};
+
+// Only the first call of a process describes the server, and no other test makes one.
+TEST(NoMemory, IsAResultOfTheFirstCallOfTheServer) {
+    const auto getClassObject = [] {
+        ComPtr<IClassFactory> factory;
+        return DllGetClassObject(__uuidof(::ctlFolderTree), IID_IClassFactory,
+                                 reinterpret_cast<void**>(factory.GetAddressOf()));
+    };
+    ExpectNoMemoryIsAResult(getClassObject);
+    EXPECT_EQ(getClassObject(), S_OK);
+}
+
+TEST(NoMemory, IsAResultOfActivation) {
+    Placed placed;
+    ExpectNoMemoryIsAResult([&] {
+        const int armed = DisarmAllocationFailure();
+        placed.Verb(OLEIVERB_HIDE);
+        EXPECT_EQ(placed.Window(), nullptr);
+        FailAllocation(armed);
+        return placed.Verb(OLEIVERB_SHOW);
+    });
+    EXPECT_NE(placed.Grid(), nullptr);
+}
+
+TEST(NoMemory, IsAResultOfThawedEvents) {
+    Placed placed;
+    const auto sink = automation::MakeCom<Sink>();
+    ComPtr<IConnectionPoint> events;
+    placed.Raw<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(__ctlFolderTree), events.GetAddressOf());
+    DWORD cookie = 0;
+    ASSERT_EQ(events->Advise(sink.Get(), &cookie), S_OK);
+    auto* const control = placed.Raw<IOleControl>();
+    ExpectNoMemoryIsAResult([&] {
+        const int armed = DisarmAllocationFailure();
+        control->FreezeEvents(TRUE);
+        placed.Object().Platform().RaiseChanged();
+        FailAllocation(armed);
+        return control->FreezeEvents(FALSE);
+    });
+    EXPECT_EQ(sink->calls, 1);
+    events->Unadvise(cookie);
+}
+
+TEST(NoMemory, IsAResultOfAnEnumeratorsCopy) {
+    Placed placed;
+    ComPtr<IEnumConnectionPoints> points;
+    ASSERT_EQ(placed.Raw<IConnectionPointContainer>()->EnumConnectionPoints(points.GetAddressOf()), S_OK);
+    ExpectNoMemoryIsAResult([&] {
+        ComPtr<IEnumConnectionPoints> copy;
+        return points->Clone(copy.GetAddressOf());
+    });
+}
+
+TEST(NoMemory, LosesATraceLineAndNothingElse) {
+    Placed placed;
+    ExpectNoMemoryIsAResult([&] {
+        placed.Object().Platform().TraceLine("ctlFolderTree: a line");
+        return AllocationFailurePending() ? S_OK : E_OUTOFMEMORY;
+    });
+}
+
+}  // namespace
+}  // namespace foldertree
