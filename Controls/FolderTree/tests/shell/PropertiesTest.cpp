@@ -242,6 +242,23 @@ TEST_F(Properties, LocalizeSetsTheCaptions) {
     EXPECT_EQ(host.ErrorLines(), Lines{});
 }
 
+TEST_F(Properties, LocalizeFitsEachCaptionsColumn) {
+    struct Columns : TreeGridObserver {
+        int changes = 0;
+        void RowsInserted(int32_t, int32_t) override {}
+        void RowsRemoved(int32_t, int32_t) override {}
+        void RowsChanged(int32_t, int32_t) override {}
+        void OutlineChanged(int32_t) override {}
+        void ColumnsChanged() override { ++changes; }
+        void AppearanceChanged() override {}
+        void CurrentRowChanged() override {}
+    } columns;
+    Grid().AddObserver(&columns);
+    control->Localize("No", "Pick", "Folder", "Lists", "One moment", "Stop");
+    Grid().RemoveObserver(&columns);
+    EXPECT_EQ(columns.changes, 3);
+}
+
 TEST_F(Properties, ReadingAPropertyIsNoChange) {
     control->Enabled();
     control->ExtendToLevel();
