@@ -33,7 +33,6 @@ inline constexpr ErrorLine highlightContactFolders{"Error in ctlFolderTree.Highl
 inline constexpr ErrorLine highlightJournalFolders{"Error in ctlFolderTree.HighlightJournalFolders ("};
 inline constexpr ErrorLine highlightTaskFolders{"Error in ctlFolderTree.HighlightTaskFolders ("};
 inline constexpr ErrorLine font{"Error in ctlFolderTree.Font ("};
-inline constexpr ErrorLine listCount{"Error in ctlFolderTree.ListCount ("};
 
 // The grid
 inline constexpr ErrorLine setupGrid{"Error in ctlFolderTree.SetupGrid ("};

@@ -119,6 +119,14 @@ TEST_F(Refresh, CancelBeforeTheFirstStoreStillReadsOne) {
     EXPECT_EQ(NamesOf(Grid()), Lines{"First"});
 }
 
+TEST_F(Refresh, CancelEndsTheSearchForTheDefaultStore) {
+    mailbox.stores = {Store("First", "01", false, {}), Store("Second", "02", true, {}),
+                      Store("Third", "03", false, {})};
+    host.onYield = [this](int) { control->CancelLoad(); };
+    Load();
+    EXPECT_EQ(NamesOf(Grid()), Lines{"First"});
+}
+
 TEST_F(Refresh, TheSelectionIsAppliedToACancelledTree) {
     const auto collection = NewCollection();
     AddItem(*collection, HostItem("B2", "0001"));

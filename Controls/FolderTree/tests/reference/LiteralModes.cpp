@@ -155,21 +155,21 @@ void LiteralControl::GetFolders_Folder(int32_t mode, const std::string& storeID,
         int32_t row = 0;
         // Only objects of the mode that knows configuration folders have them left out here.
         if (mode != 1 || folder.itemType != -1) {
-            ShowPath(path);
             grid.SetRowCount(grid.RowCount() + 1);
             row = grid.RowCount() - 1;
+            ShowPath(path);
             FillRow_Objects(mode, row, level, folder, path);
         }
         if (!HasSubfolders(mode, folder)) return;
-        if (!folder.entryID.empty())
-            for (const std::string& ancestor : ancestors)
-                if (ancestor == folder.entryID) return;
         const int32_t limit = settings_.extendToLevel;
         const bool within = mode == 1 ? level <= limit : level < limit;
         if (!(within || limit == 0) || level >= deepestLevel) {
             MarkUnread(row);
             return;
         }
+        if (!folder.entryID.empty())
+            for (const std::string& ancestor : ancestors)
+                if (ancestor == folder.entryID) return;
         std::vector<std::string> below = ancestors;
         below.push_back(folder.entryID);
         ForEachSubfolder(mode, folder, [&](const ObjectRef& child) {
@@ -301,9 +301,9 @@ void LiteralControl::ExpandChild(int32_t mode, Expansion& expansion, const Objec
     folder.storeID = storeID;
     if (!ReadFolder(mode, folder, true)) return;
     const std::string path = grid.CellText(expansion.node, colPath) + "\\" + folder.name;
-    ShowPath(path);
     const int32_t level = ChildLevel(expansion);
     const int32_t row = InsertChild(expansion);
+    ShowPath(path);
     FillRow_Objects(mode, row, level, folder, path);
     expansion.childPending = false;
     if (!HasSubfolders(mode, folder)) return;

@@ -50,6 +50,30 @@ TEST_F(Applying, ASavedItemIsFoundUnderTheOtherFlagsByte) {
     EXPECT_EQ(item->EntryID(), "0001");
 }
 
+TEST_F(Applying, ARowWithoutALongIdentifierIsFoundBeforeTheOtherFlagsByte) {
+    mailbox.stores[1].folders[1].hasLongID = false;
+    Load();
+    ASSERT_EQ(Cell("People", colKey), "SB2|");
+    const auto collection = NewCollection();
+    AddItem(*collection, HostItem("B2", "EF01"));  // with the other flags byte it is the inbox
+    control->SetSelection(collection);
+    EXPECT_TRUE(IsTicked(Grid(), Row("People")));
+    EXPECT_FALSE(IsTicked(Grid(), Row("Inbox")));
+}
+
+TEST_F(Applying, AnItemThatIsCompleteIsNotCompletedAgain) {
+    Load();
+    const auto collection = NewCollection();
+    const ItemRef item = HostItem("B2", "0001", 5);
+    AddItem(*collection, item);
+    control->SetSelection(collection);
+    Grid().SetCellText(Row("Inbox"), colFolderRecID, "7");
+    Grid().SetCellText(Row("Inbox"), colPath, "moved");
+    control->SetSelection(collection);
+    EXPECT_EQ(Cell("Inbox", colFolderRecID), "7");
+    EXPECT_EQ(item->Path(), "Mailbox\\Inbox");
+}
+
 TEST_F(Applying, KeysAreComparedWithoutRegardToCase) {
     mailbox.stores[1].id = "ABCD";
     Load();
@@ -90,7 +114,11 @@ TEST_F(Applying, AfterAnUntickTheItemIsGoneAndTheOthersAreOrdered) {
 
 TEST_F(Applying, SingleSelectUnticksEveryOtherRowFirst) {
     LoadSingleSelect();
-    for (const char* name : {"Inbox", "Zoo"}) Grid().SetCellText(Row(name), colSel, "-1");
+    for (const char* name : {"Inbox", "Zoo"}) {
+        Grid().SetCellText(Row(name), colSel, "-1");
+        control->fgd_AfterEdit(Row(name), colName);  // paints the row and does nothing else
+        ASSERT_EQ(BackColor(Grid(), Row(name)), 0x0000FFFFu);
+    }
     control->SetSelectedItem(HostItem("B2", "0002"));
     EXPECT_EQ(Cell("Inbox", colSel), "0");
     EXPECT_EQ(Cell("Zoo", colSel), "0");

@@ -303,6 +303,7 @@ TEST_F(Editing, ADoubleClickOnTheLastRowNeverTicks) {
     EXPECT_FALSE(IsTicked(Grid(), Row("Old mail")));
     EXPECT_EQ(Grid().NodeState(Row("Old mail")), 2);
     EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
 }
 
 TEST_F(Editing, ADoubleClickTicksARowWhoseBoxMayNotBeEdited) {

@@ -63,6 +63,8 @@ const std::vector<Expected> withBracket{
     {errorLines::performHighlighting, "Error in ctlFolderTree.PerformHighlighting("},
     {errorLines::getMsgItem, "Error in ctlFolderTree.GetMsgItem ("},
     {errorLines::getAdListItem, "Error in ctlFolderTree.GetAdListItem ("},
+    {errorLines::font, "Error in ctlFolderTree.Font ("},
+    {errorLines::beforeCollapse, "Error in ctlFolderTree.fgd_BeforeCollapse ("},
 };
 
 const std::vector<Expected> withoutBracket{

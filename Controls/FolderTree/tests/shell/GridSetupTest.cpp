@@ -93,6 +93,8 @@ TEST_F(Setup, TheAddressListHeadingIsFollowedWhenRowsComeOrGoAboveIt) {
     EXPECT_EQ(shell.state.addressListHeadingRow, 1);
     shell.grid.AddRow("");
     EXPECT_EQ(shell.state.addressListHeadingRow, 1);
+    shell.grid.RemoveRow(2);
+    EXPECT_EQ(shell.state.addressListHeadingRow, 1) << "what goes below it does not move it";
 }
 
 TEST_F(Setup, AFolderRowGetsThePictureOfItsType) {

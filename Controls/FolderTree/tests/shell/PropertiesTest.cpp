@@ -232,6 +232,27 @@ TEST_F(Properties, ExtendToLevelLeavesTheControlIdle) {
     ExpectIdle();
 }
 
+TEST_F(Properties, ExtendToLevelKeepsTheGridBusyMeanwhile) {
+    Load();
+    int told = 0;
+    host.onPropertyChanged = [&] {
+        bool cancel = false;
+        control->fgd_BeforeEdit(Row("Inbox"), colName, cancel);
+        EXPECT_FALSE(cancel) << "the handlers do nothing";
+        ++told;
+    };
+    control->SetExtendToLevel(0);
+    host.onPropertyChanged = nullptr;
+    EXPECT_EQ(told, 1);
+    ExpectIdle();
+}
+
+TEST_F(Properties, ALevelThatCouldNotBeReadCountsAsReadAllTheSame) {
+    control->SetExtendToLevel(2);  // there is no session
+    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.GetFolders ("), 1u);
+    EXPECT_EQ(control->BufferedToLevel(), 2);
+}
+
 TEST_F(Properties, LocalizeSetsTheCaptions) {
     control->Localize("No", "Pick", "Folder", "Lists", "One moment", "Stop");
     EXPECT_EQ(Grid().CellText(0, 0), "Pick");
@@ -240,6 +261,23 @@ TEST_F(Properties, LocalizeSetsTheCaptions) {
     EXPECT_EQ(host.pleaseWait, "One moment");
     EXPECT_EQ(host.cancel, "Stop");
     EXPECT_EQ(host.ErrorLines(), Lines{});
+}
+
+TEST_F(Properties, LocalizeFitsEachCaptionsColumn) {
+    struct Columns : TreeGridObserver {
+        int changes = 0;
+        void RowsInserted(int32_t, int32_t) override {}
+        void RowsRemoved(int32_t, int32_t) override {}
+        void RowsChanged(int32_t, int32_t) override {}
+        void OutlineChanged(int32_t) override {}
+        void ColumnsChanged() override { ++changes; }
+        void AppearanceChanged() override {}
+        void CurrentRowChanged() override {}
+    } columns;
+    Grid().AddObserver(&columns);
+    control->Localize("No", "Pick", "Folder", "Lists", "One moment", "Stop");
+    Grid().RemoveObserver(&columns);
+    EXPECT_EQ(columns.changes, 3);
 }
 
 TEST_F(Properties, ReadingAPropertyIsNoChange) {
