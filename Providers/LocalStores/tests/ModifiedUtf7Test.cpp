@@ -1,5 +1,5 @@
 // ModifiedUtf7Test: mailbox names as IMAP spells them.
-#include "maildir/ModifiedUtf7.h"
+#include "model/ModifiedUtf7.h"
 
 #include <gtest/gtest.h>
 

@@ -22,7 +22,7 @@ TEST(OpenStores, RefusesTheEmptyPath) {
     EXPECT_EQ(ErrorNumberOf([] { OpenStores(""); }), automation::errors::mapiNotFound);
 }
 
-TEST(OpenStores, NamesADirectoryThatIsNoMaildir) {
+TEST(OpenStores, NamesADirectoryWithoutMail) {
     const TemporaryDirectory directory;
     EXPECT_THAT(FailureOf([&] { OpenStores(directory.Utf8()); }), HasSubstr(directory.Utf8()));
 }

@@ -12,6 +12,10 @@
 
 #include "automation/Error.h"
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
 namespace localstores {
 
 namespace fs = std::filesystem;
@@ -44,6 +48,10 @@ std::string ReadWholeFile(const fs::path& file) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
+void MakeMaildir(const fs::path& directory) {
+    for (const char* part : {"cur", "new", "tmp"}) fs::create_directories(directory / part);
+}
+
 void WriteWholeFile(const fs::path& file, const std::string& content) {
     std::ofstream(file, std::ios::binary).write(content.data(), static_cast<std::streamsize>(content.size()));
 }
@@ -56,6 +64,14 @@ std::optional<std::string> OutputOf(const std::string& command) {
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
     if (pclose(pipe) != 0) return std::nullopt;
     return output;
+}
+
+void AsNobody(const std::function<void()>& call) {
+    constexpr uid_t nobody = 65534;
+    const uid_t user = geteuid();
+    ASSERT_EQ(seteuid(user == 0 ? nobody : user), 0);
+    call();
+    ASSERT_EQ(seteuid(user), 0);
 }
 #endif
 

@@ -30,11 +30,16 @@ class TemporaryDirectory {
 std::optional<std::filesystem::path> SamplePst();
 
 std::string ReadWholeFile(const std::filesystem::path& file);
+/// Makes the directory a mailbox of the Maildir kind; those above it are made where they are missing.
+void MakeMaildir(const std::filesystem::path& directory);
 void WriteWholeFile(const std::filesystem::path& file, const std::string& content);
 
 #ifndef _WIN32
 /// What the shell command prints on its standard output; nothing when it fails.
 std::optional<std::string> OutputOf(const std::string& command);
+
+/// Runs the call as the present user, or as nobody where that is root, who may read everything.
+void AsNobody(const std::function<void()>& call);
 #endif
 std::vector<std::string> Lines(const std::string& text);
 

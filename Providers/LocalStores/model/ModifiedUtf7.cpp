@@ -1,5 +1,5 @@
 // ModifiedUtf7: decoding.
-#include "maildir/ModifiedUtf7.h"
+#include "model/ModifiedUtf7.h"
 
 #include <cstdint>
 
