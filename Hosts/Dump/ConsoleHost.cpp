@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "localstores/CdoSession.h"
 #include "noxmapi/NOXMAPIUtils.h"
 
 void ConsoleHost::TraceLine(std::string_view line) {
@@ -13,6 +14,7 @@ void ConsoleHost::TraceLine(std::string_view line) {
 
 automation::ObjectRef ConsoleFactory::Create(std::string_view progId) {
     if (automation::SameMember(progId, "NOXMAPI.NOXMAPIUtils")) return std::make_shared<noxmapi::NOXMAPIUtils>();
+    if (automation::SameMember(progId, "MAPI.Session")) return localstores::MakeCdoSession();
     constexpr uint32_t classNotRegistered = 0x80040154;  // REGDB_E_CLASSNOTREG
     throw automation::Error(classNotRegistered, "Class not registered: " + std::string(progId));
 }

@@ -8,6 +8,7 @@
 #include "automation/Collection.h"
 #include "automation/KeyedCollection.h"
 #include "ctlFolderTree.h"
+#include "localstores/OutlookApplication.h"
 #include "localstores/RdoSession.h"
 
 namespace {
@@ -28,9 +29,12 @@ automation::ObjectRef OpenSession(const std::vector<std::string>& stores) {
 /// An item as a host keeps it between two runs: the identifiers inside the key and no more.
 foldertree::ItemRef ItemOfKey(ctlFolderTree& control, const std::string& key) {
     if (key.starts_with("L")) return control.CreateSelItem(0, "", "", "", key.substr(1));
+    // A mail client's folders have keys without a store.
+    if (!key.starts_with("S")) return control.CreateSelItem(0, "", key, "", "");
     const size_t bar = key.find('|');
-    if (!key.starts_with("S") || bar == std::string::npos)
-        throw std::runtime_error("not a row key: " + key + "\nA key is S<store>|<folder> or L<address list>.");
+    if (bar == std::string::npos)
+        throw std::runtime_error("not a row key: " + key +
+                                 "\nA key is S<store>|<folder>, L<address list> or, in mode 2, the folder alone.");
     return control.CreateSelItem(0, key.substr(1, bar - 1), key.substr(bar + 1), "", "");
 }
 
@@ -47,6 +51,31 @@ void Select(ctlFolderTree& control, const std::vector<std::string>& keys) {
     for (int32_t position = 1; position <= items->Count(); ++position)
         if (items->Item(position).ToObject()->Get("Incomplete").ToBoolean())
             throw std::runtime_error("no row has the key " + keys[static_cast<size_t>(position - 1)]);
+}
+
+void Run(ctlFolderTree& control, const Step& step) {
+    const auto itemType = static_cast<foldertree::enuFTIItemType>(step.itemType);
+    switch (step.kind) {
+        case Step::Kind::SelectAll:
+            return control.SelectAll();
+        case Step::Kind::SelectNone:
+            return control.SelectNone();
+        case Step::Kind::SelectByType:
+            return control.SelectByType(itemType, false);
+        case Step::Kind::AddByType:
+            return control.SelectByType(itemType, true);
+        case Step::Kind::CollapseToSelection:
+            return control.CollapseToSelection();
+        case Step::Kind::CollapseToType:
+            return control.CollapseToType(itemType);
+    }
+}
+
+void PrintFound(ctlFolderTree& control, const std::string& key) {
+    const foldertree::ItemRef wanted = ItemOfKey(control, key);
+    const foldertree::ItemRef found = control.GetMsgItem(wanted->StoreID(), wanted->EntryID());
+    if (found == nullptr) throw std::runtime_error("the lookup finds no folder " + key);
+    std::printf("%s\n", found->Path().c_str());
 }
 
 void Expand(ctlFolderTree& control, const std::string& path) {
@@ -98,12 +127,22 @@ void Dump(const Options& options) {
     const auto control = ctlFolderTree::Create(host, factory);
     control->UserControl_InitProperties();
     control->SetInfoStoreAccessMode(static_cast<foldertree::enuInfoStoreAccessMode>(options.mode));
+    // The other object models show what the session has opened.
     control->SetRDOSessionRef(OpenSession(options.stores));
+    control->SetApplication(localstores::MakeOutlookApplication());
     control->SetExtendToLevel(options.level);
+    control->SetShowAddressBook(options.addressBook);
+    control->SetHighlightContactFolders(options.highlightContacts);
+    control->SetHighlightJournalFolders(options.highlightJournal);
+    control->SetHighlightTaskFolders(options.highlightTasks);
     control->RefreshList();
     for (const std::string& path : options.expand) Expand(*control, path);
     Select(*control, options.select);
-    Print(control->Grid());
+    for (const Step& step : options.steps) Run(*control, step);
+    if (options.find.empty())
+        Print(control->Grid());
+    else
+        PrintFound(*control, options.find);
     control->Close();
 }
 
