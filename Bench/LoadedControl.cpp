@@ -5,9 +5,14 @@
 
 namespace foldertree::bench {
 
-LoadedControl::LoadedControl(const MailboxShape& shape, int32_t level) : control(ctlFolderTree::Create(host, host)) {
+LoadedControl::LoadedControl(const MailboxShape& shape, int32_t level, enuInfoStoreAccessMode mode)
+    : control(ctlFolderTree::Create(host, host)) {
+    const automation::ObjectRef session = MakeMemorySession(shape);
+    host.cdoSession = session;
     control->UserControl_InitProperties();
-    control->SetRDOSessionRef(MakeMemorySession(shape));
+    control->SetApplication(session);
+    control->SetRDOSessionRef(session);
+    control->SetInfoStoreAccessMode(mode);
     control->SetAllowIndexing(true);
     control->SetExtendToLevel(level);  // reads the tree
 }

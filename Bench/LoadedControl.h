@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -14,15 +15,22 @@ namespace foldertree::bench {
 /// A platform without a screen that counts what the control does.
 class CountingHost : public QuietHost, public automation::ObjectFactory {
   public:
-    void Yield() override { ++yields; }
+    void Yield() override {
+        ++yields;
+        if (onYield) onYield();
+    }
     void TraceLine(std::string_view line) override {
         ++lines;
         bytes += line.size();
     }
-    automation::ObjectRef Create(std::string_view) override {
+    /// The session that the CDO mode makes for itself.
+    automation::ObjectRef Create(std::string_view progId) override {
+        if (progId == "MAPI.Session" && cdoSession) return cdoSession;
         throw automation::VbError(automation::errors::cannotCreate);
     }
 
+    std::function<void()> onYield;
+    automation::ObjectRef cdoSession;
     int64_t yields = 0;
     int64_t lines = 0;
     size_t bytes = 0;
@@ -30,7 +38,7 @@ class CountingHost : public QuietHost, public automation::ObjectFactory {
 
 struct LoadedControl {
     /// Reads the tree down to the level; 0 reads everything.
-    LoadedControl(const MailboxShape& shape, int32_t level);
+    LoadedControl(const MailboxShape& shape, int32_t level, enuInfoStoreAccessMode mode = eISAccess_RDO_MAPITables);
     ~LoadedControl() { control->Close(); }
 
     CountingHost host;

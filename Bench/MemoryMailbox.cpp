@@ -1,5 +1,4 @@
-// MemoryMailbox: an RDO-shaped session over folders that exist only as numbers, so that a benchmark measures the
-// control.
+// MemoryMailbox: a session over folders that exist only as numbers, so that a benchmark measures the control.
 #include "MemoryMailbox.h"
 
 #include <algorithm>
@@ -8,6 +7,8 @@
 
 #include "MailboxRows.h"
 #include "automation/TabledObject.h"
+#include "enumeration/modCDODefs.h"
+#include "shell/modApplication.h"
 
 namespace foldertree::bench {
 namespace {
@@ -55,6 +56,14 @@ struct Mailbox {
 };
 using MailboxRef = std::shared_ptr<const Mailbox>;
 
+std::string StoreName(int32_t store) {
+    return "Mailbox - User " + std::to_string(store);
+}
+
+std::string StoreIdentifier(int32_t store) {
+    return MailboxRows::Identifier(static_cast<uint64_t>(store) + 1, 264);
+}
+
 /// The place in the bytes behind the flags, and a filling that differs from folder to folder.
 Value Identifier(const Place& place, size_t size, uint8_t flags) {
     Bytes id;
@@ -83,6 +92,7 @@ Place PlaceOf(std::string_view hex) {
 }
 
 std::string Name(const Place& place) {
+    if (place.number < 0) return StoreName(place.store);
     if (place.deep >= 0) return "Case " + std::to_string(place.deep);
     return "Folder " + std::to_string(place.number);
 }
@@ -122,13 +132,31 @@ class Table : public TabledObject<Table> {
     Place folder_;
 };
 
+/// A MAPI property as a CDO session gives it.
+class Field : public TabledObject<Field> {
+  public:
+    explicit Field(Value value) : value_(std::move(value)) {}
+
+    static std::span<const MemberEntry<Field>> Members() {
+        static constexpr MemberEntry<Field> members[] = {
+            {"Value", [](Field& self, const Arguments&) { return self.value_; }},
+        };
+        return members;
+    }
+
+  private:
+    Value value_;
+};
+
 class Folders : public TabledObject<Folders> {
   public:
     Folders(MailboxRef mailbox, const Place& folder) : mailbox_(std::move(mailbox)), folder_(folder) {}
 
     static std::span<const MemberEntry<Folders>> Members() {
         static constexpr MemberEntry<Folders> members[] = {
-            {"Count", [](Folders& self, const Arguments&) -> Value { return self.mailbox_->ChildCount(self.folder_); }},
+            {"Count", [](Folders& self, const Arguments&) -> Value { return self.Count(); }},
+            {"Item", [](Folders& self, const Arguments& arguments) { return self.Item(arguments[0].ToLong() - 1); },
+             nullptr, 1},
             {"MAPITable",
              [](Folders& self, const Arguments&) -> Value {
                  return std::make_shared<Table>(self.mailbox_, self.folder_);
@@ -137,7 +165,28 @@ class Folders : public TabledObject<Folders> {
         return members;
     }
 
+    std::unique_ptr<automation::Enumerator> NewEnum() override {
+        return std::make_unique<Walk>(std::static_pointer_cast<Folders>(shared_from_this()));
+    }
+
   private:
+    class Walk : public automation::Enumerator {
+      public:
+        explicit Walk(std::shared_ptr<Folders> folders) : folders_(std::move(folders)) {}
+        bool Next(Value& item) override {
+            if (next_ == folders_->Count()) return false;
+            item = folders_->Item(next_++);
+            return true;
+        }
+
+      private:
+        std::shared_ptr<Folders> folders_;
+        int32_t next_ = 0;
+    };
+
+    int32_t Count() const { return mailbox_->ChildCount(folder_); }
+    Value Item(int32_t index) const;
+
     MailboxRef mailbox_;
     Place folder_;
 };
@@ -147,37 +196,64 @@ class Folder : public TabledObject<Folder> {
     Folder(MailboxRef mailbox, const Place& place) : mailbox_(std::move(mailbox)), place_(place) {}
 
     static std::span<const MemberEntry<Folder>> Members() {
+        constexpr auto id = [](Folder& self, const Arguments&) -> Value { return self.Id(); };
         static constexpr MemberEntry<Folder> members[] = {
+            {"Name", [](Folder& self, const Arguments&) -> Value { return bench::Name(self.place_); }},
+            {"EntryID", id},
+            {"ID", id},
+            {"StoreID", [](Folder& self, const Arguments&) -> Value { return StoreIdentifier(self.place_.store); }},
+            {"DefaultItemType", [](Folder&, const Arguments&) -> Value { return int32_t{0}; }},
+            {"FolderKind", [](Folder&, const Arguments&) -> Value { return fkGeneric; }},
+            {"DefaultMessageClass", [](Folder&, const Arguments&) -> Value { return "IPM.Note"; }},
+            {"Fields",
+             [](Folder& self, const Arguments& arguments) -> Value {
+                 if (arguments[0].ToLong() == propertyTag::PR_SUBFOLDERS)
+                     return self.mailbox_->ChildCount(self.place_) > 0;
+                 return std::make_shared<Field>("IPF.Note");
+             },
+             nullptr, 1},
             {"Folders",
              [](Folder& self, const Arguments&) -> Value {
                  return std::make_shared<Folders>(self.mailbox_, self.place_);
              }},
-            {"EntryID", [](Folder&, const Arguments&) -> Value { return "00"; }},
         };
         return members;
     }
 
   private:
+    std::string Id() const { return BytesToHex(*Identifier(place_, longIdBytes, 0).AsBytes()); }
+
     MailboxRef mailbox_;
     Place place_;
 };
+
+Value Folders::Item(int32_t index) const {
+    return std::make_shared<Folder>(mailbox_, mailbox_->Child(folder_, index));
+}
 
 class Store : public TabledObject<Store> {
   public:
     Store(MailboxRef mailbox, int32_t number) : mailbox_(std::move(mailbox)), number_(number) {}
 
     static std::span<const MemberEntry<Store>> Members() {
+        constexpr auto id = [](Store& self, const Arguments&) -> Value { return StoreIdentifier(self.number_); };
+        constexpr auto root = [](Store& self, const Arguments&) -> Value {
+            return std::make_shared<Folder>(self.mailbox_, Place{self.number_, -1, -1});
+        };
         static constexpr MemberEntry<Store> members[] = {
-            {"Name",
-             [](Store& self, const Arguments&) -> Value { return "Mailbox - User " + std::to_string(self.number_); }},
-            {"EntryID",
-             [](Store& self, const Arguments&) -> Value {
-                 return MailboxRows::Identifier(static_cast<uint64_t>(self.number_) + 1, 264);
-             }},
+            {"Name", [](Store& self, const Arguments&) -> Value { return StoreName(self.number_); }},
+            {"EntryID", id},
+            {"ID", id},
             {"Default", [](Store& self, const Arguments&) -> Value { return self.number_ == 0; }},
-            {"IPMRootFolder",
+            {"Fields",
+             [](Store& self, const Arguments&) -> Value { return std::make_shared<Field>(self.number_ == 0); }, nullptr,
+             1},
+            {"IPMRootFolder", root},
+            {"RootFolder", root},
+            // A mail client's stores are folders themselves.
+            {"Folders",
              [](Store& self, const Arguments&) -> Value {
-                 return std::make_shared<Folder>(self.mailbox_, Place{self.number_, -1, -1});
+                 return std::make_shared<Folders>(self.mailbox_, Place{self.number_, -1, -1});
              }},
         };
         return members;
@@ -213,19 +289,32 @@ class Session : public TabledObject<Session> {
     explicit Session(MailboxRef mailbox) : mailbox_(std::move(mailbox)) {}
 
     static std::span<const MemberEntry<Session>> Members() {
+        constexpr auto allStores = [](Session& self, const Arguments&) -> Value {
+            return std::make_shared<Stores>(self.mailbox_);
+        };
+        constexpr auto folder = [](Session& self, const Arguments& arguments) -> Value {
+            return std::make_shared<Folder>(self.mailbox_, PlaceOf(*arguments[0].AsText()));
+        };
+        constexpr auto defaultFolder = [](Session& self, const Arguments&) -> Value {
+            return std::make_shared<Folder>(self.mailbox_, Place{0, -1, -1});
+        };
+        constexpr auto store = [](Session& self, const Arguments&) -> Value {
+            return std::make_shared<Store>(self.mailbox_, 0);
+        };
         static constexpr MemberEntry<Session> members[] = {
-            {"Stores",
-             [](Session& self, const Arguments&) -> Value { return std::make_shared<Stores>(self.mailbox_); }},
-            {"GetFolderFromID",
-             [](Session& self, const Arguments& arguments) -> Value {
-                 return std::make_shared<Folder>(self.mailbox_, PlaceOf(*arguments[0].AsText()));
-             },
-             nullptr, 3},
-            {"GetDefaultFolder",
-             [](Session& self, const Arguments&) -> Value {
-                 return std::make_shared<Folder>(self.mailbox_, Place{0, -1, -1});
-             },
-             nullptr, 1},
+            {"Stores", allStores},
+            {"InfoStores", allStores},
+            {"Folders", allStores},
+            {"GetNamespace", [](Session& self, const Arguments&) -> Value { return self.shared_from_this(); }, nullptr,
+             1},
+            {"Logon", [](Session&, const Arguments&) { return Value(); }, nullptr, 2, "ShowDialog NewSession"},
+            {"GetFolderFromID", folder, nullptr, 3},
+            {"GetFolder", folder, nullptr, 2},
+            {"GetStoreFromID", store, nullptr, 1},
+            {"GetInfoStore", store},
+            {"GetDefaultFolder", defaultFolder, nullptr, 1},
+            {"Inbox", defaultFolder},
+            {"Outbox", defaultFolder},
         };
         return members;
     }

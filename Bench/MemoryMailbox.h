@@ -1,5 +1,4 @@
-// MemoryMailbox: an RDO-shaped session over folders that exist only as numbers, so that a benchmark measures the
-// control.
+// MemoryMailbox: a session over folders that exist only as numbers, so that a benchmark measures the control.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +13,9 @@ struct MailboxShape {
     int32_t deepChildren = 0;
 };
 
-/// Ten stores; every 101st folder of a store is on level 1, the hundred behind it lie below it. Identifiers of real
-/// lengths: store 264 bytes, long form 46, short form 24.
+/// One object that every access mode can read: RDO session, mail client and CDO session at once. Ten stores; every
+/// 101st folder of a store is on level 1, the hundred behind it lie below it. Identifiers of real lengths: store 264
+/// bytes, long form 46, short form 24.
 automation::ObjectRef MakeMemorySession(const MailboxShape& shape);
 
 /// The path of the folder with the deep children.
