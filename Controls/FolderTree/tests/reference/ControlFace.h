@@ -53,6 +53,7 @@ struct SeenFrame {
     uint32_t textColor = 0;
     bool enabled = true;
     std::vector<int32_t> visibleRows;
+    std::string untold;  ///< what changed without a notification
     bool operator==(const SeenFrame&) const = default;
 };
 
@@ -121,7 +122,7 @@ class ControlFace {
     virtual int32_t RowCount() const = 0;
     virtual std::string CellText(int32_t row, int col) const = 0;
     virtual SeenRow SeeRow(int32_t row) const = 0;
-    virtual SeenFrame SeeFrame() const = 0;
+    virtual SeenFrame SeeFrame() = 0;
     virtual Settings SeeSettings() = 0;
     virtual bool Refreshing() const = 0;
     /// Null for an item that the control did not make.

@@ -329,9 +329,9 @@ SeenRow LiteralControl::SeeRow(int32_t row) const {
     return seen;
 }
 
-SeenFrame LiteralControl::SeeFrame() const {
-    return {grid.currentRow, grid.hidden,  grid.dataTypes,    grid.backColor,
-            grid.textColor,  grid.enabled, grid.VisibleRows()};
+SeenFrame LiteralControl::SeeFrame() {
+    return {grid.currentRow, grid.hidden,  grid.dataTypes,     grid.backColor,
+            grid.textColor,  grid.enabled, grid.VisibleRows(), {}};
 }
 
 const SeenItem* LiteralControl::SeeItem(const ObjectRef& object, SeenItem& seen) const {

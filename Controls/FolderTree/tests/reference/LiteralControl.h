@@ -63,7 +63,7 @@ class LiteralControl : public ControlFace {
     int32_t RowCount() const override { return grid.RowCount(); }
     std::string CellText(int32_t row, int col) const override { return grid.CellText(row, col); }
     SeenRow SeeRow(int32_t row) const override;
-    SeenFrame SeeFrame() const override;
+    SeenFrame SeeFrame() override;
     Settings SeeSettings() override { return settings_; }
     bool Refreshing() const override { return refreshing_; }
     const SeenItem* SeeItem(const automation::ObjectRef& item, SeenItem& seen) const override;

@@ -539,6 +539,7 @@ std::string FrameText(const SeenFrame& frame) {
     for (const bool hidden : frame.hidden) text += hidden ? "h" : "v";
     text += " visible";
     for (const int32_t row : frame.visibleRows) text += " " + std::to_string(row);
+    if (!frame.untold.empty()) text += "; " + frame.untold;
     return text;
 }
 
