@@ -69,6 +69,9 @@ struct SeenItem {
     bool operator==(const SeenItem&) const = default;
 };
 
+/// Thrown by the literal control out of a yield or notification in which it was closed, up to whoever began the event.
+struct ControlGone {};
+
 /// A control: the one that ships, or the literal one. Items and collections are automation objects of its own making or
 /// of its host's.
 class ControlFace {
@@ -85,6 +88,7 @@ class ControlFace {
     virtual void cmdCancel_Click() = 0;
 
     // The host
+    virtual void Close() = 0;
     virtual void Load(const Settings& settings) = 0;
     virtual void SetApplication(automation::ObjectRef application) = 0;
     virtual automation::ObjectRef CDOSession() = 0;

@@ -32,6 +32,7 @@ class ProductControl : public ControlFace {
     void SetCurrentRow(int32_t row) override { control_->Grid().SetCurrentRow(row); }
     void cmdCancel_Click() override { control_->cmdCancel_Click(); }
 
+    void Close() override { control_->Close(); }
     void Load(const Settings& settings) override {
         testing::FakeBag bag;
         bag.values = {{"Enabled", settings.enabled},
