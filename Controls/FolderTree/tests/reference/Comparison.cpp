@@ -5,10 +5,11 @@
 
 namespace foldertree::reference {
 
-std::optional<Finding> Comparison::Run(const Sequence& sequence) const {
+std::optional<Finding> Comparison::Run(const Sequence& sequence, int64_t& events) const {
     World product(product_);
     World literal(literal_);
-    for (size_t at = 0; at < sequence.size(); ++at) {
+    for (size_t at = 0; at < sequence.size() && !product.Closed(); ++at) {
+        ++events;
         product.Happen(sequence[at]);
         literal.Happen(sequence[at]);
         if (auto text = World::Difference(product, literal)) return Finding{at + 1, std::move(*text)};
@@ -16,6 +17,11 @@ std::optional<Finding> Comparison::Run(const Sequence& sequence) const {
         literal.Forget();
     }
     return std::nullopt;
+}
+
+std::optional<Finding> Comparison::Run(const Sequence& sequence) const {
+    int64_t events = 0;
+    return Run(sequence, events);
 }
 
 Sequence Comparison::Shrink(Sequence sequence, int runs) const {

@@ -53,6 +53,7 @@ struct SeenFrame {
     uint32_t textColor = 0;
     bool enabled = true;
     std::vector<int32_t> visibleRows;
+    std::string untold;  ///< what changed without a notification
     bool operator==(const SeenFrame&) const = default;
 };
 
@@ -67,6 +68,9 @@ struct SeenItem {
     int32_t folderRecID = 0;
     bool operator==(const SeenItem&) const = default;
 };
+
+/// Thrown by the literal control out of a yield or notification in which it was closed, up to whoever began the event.
+struct ControlGone {};
 
 /// A control: the one that ships, or the literal one. Items and collections are automation objects of its own making or
 /// of its host's.
@@ -84,6 +88,7 @@ class ControlFace {
     virtual void cmdCancel_Click() = 0;
 
     // The host
+    virtual void Close() = 0;
     virtual void Load(const Settings& settings) = 0;
     virtual void SetApplication(automation::ObjectRef application) = 0;
     virtual automation::ObjectRef CDOSession() = 0;
@@ -121,7 +126,7 @@ class ControlFace {
     virtual int32_t RowCount() const = 0;
     virtual std::string CellText(int32_t row, int col) const = 0;
     virtual SeenRow SeeRow(int32_t row) const = 0;
-    virtual SeenFrame SeeFrame() const = 0;
+    virtual SeenFrame SeeFrame() = 0;
     virtual Settings SeeSettings() = 0;
     virtual bool Refreshing() const = 0;
     /// Null for an item that the control did not make.

@@ -51,6 +51,7 @@ constexpr std::array<KindFacts, static_cast<size_t>(Kind::Count)> kinds{{
     {"CollapseToSelection", 8},
     {"CollapseToType", 6},
     {"ReadCDOSession", 2},
+    {"Close", 2},
     {"AddFolder", 14},
     {"AddManyFolders", 0},
     {"RemoveFolder", 10},
@@ -160,6 +161,11 @@ Sequence RandomSequence(std::mt19937& random, int length) {
                 break;
             default:
                 break;
+        }
+        // A control that goes away while nothing runs is the least of it.
+        if (event.kind == Kind::Close && event.place == Place::Now) {
+            event.place = Below(random, 2) ? Place::InYield : Place::InCall;
+            event.wait = 1 + Below(random, 40);
         }
         sequence.push_back(event);
         // What waits for a yield or a call needs a load.

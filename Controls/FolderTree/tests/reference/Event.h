@@ -49,6 +49,7 @@ enum class Kind {
     CollapseToSelection,
     CollapseToType,
     ReadCDOSession,
+    Close,  ///< the control goes away; nothing happens to it any more
     // The provider
     AddFolder,
     AddManyFolders,  ///< several hundred below one parent

@@ -3,20 +3,22 @@
 
 #include "reference/LiteralText.h"
 #include "shell/Enumerations.h"
+#include "shell/QuietHost.h"
 
 namespace foldertree::reference {
 
 using automation::Error;
 using automation::ObjectRef;
 
-LiteralControl::LiteralControl(ControlHost& host, automation::ObjectFactory& factory) : host_(host), factory_(factory) {
+LiteralControl::LiteralControl(ControlHost& host, automation::ObjectFactory& factory)
+    : host_(&host), factory_(factory) {
     SetupGrid();
     rowHeight_ = 19 * host.TwipsPerPixel();
     settings_.extendToLevel = 1;
 }
 
 void LiteralControl::Trace(const std::string& line) {
-    host_.TraceLine("ctlFolderTree: " + line);
+    host_->TraceLine("ctlFolderTree: " + line);
 }
 
 void LiteralControl::TraceError(const std::string& opening, Detail detail, const Error& error) {
@@ -34,15 +36,42 @@ bool LiteralControl::Trap(const std::string& opening, Detail detail, const std::
     }
 }
 
+void LiteralControl::Yield() {
+    host_->Yield();
+    if (closed_) throw ControlGone();
+}
+
+void LiteralControl::RaiseChanged() {
+    host_->RaiseChanged();
+    if (closed_) throw ControlGone();
+}
+
+void LiteralControl::PropertyChanged(const std::string& name) {
+    host_->PropertyChanged(name);
+    if (closed_) throw ControlGone();
+}
+
+void LiteralControl::Close() {
+    static QuietHost nobody;
+    closed_ = true;
+    cancel_ = true;
+    KillCollection(selection_);
+    session_ = nullptr;
+    singleItem_ = nullptr;
+    cdoSession_ = nullptr;
+    application_ = nullptr;
+    host_ = &nobody;
+}
+
 void LiteralControl::AdvanceProgress(int32_t addToMax, int32_t addToValue) {
     if (addToMax > -1) progressMaximum_ += addToMax;
     if (addToValue > -1) progressValue_ += addToValue;
-    host_.SetProgress(progressMaximum_, progressValue_);
+    host_->SetProgress(progressMaximum_, progressValue_);
     Yield();
 }
 
 void LiteralControl::ShowPath(const std::string& path) {
-    host_.SetProgressText(path);
+    host_->SetProgressText(path);
     Yield();
 }
 
@@ -50,20 +79,20 @@ void LiteralControl::StartLoad() {
     cancel_ = false;
     refreshing_ = true;
     busy_ = true;
-    host_.ShowWaitPanel(true);
-    host_.SetProgressText("");
-    host_.SetBusyPointer(true);
+    host_->ShowWaitPanel(true);
+    host_->SetProgressText("");
+    host_->SetBusyPointer(true);
 }
 
 void LiteralControl::ResetProgress() {
     progressMaximum_ = 1;
     progressValue_ = 0;
-    host_.SetProgress(1, 0);
+    host_->SetProgress(1, 0);
 }
 
 void LiteralControl::EndLoad(bool wasRefreshing, bool wasBusy) {
-    host_.SetBusyPointer(false);
-    host_.ShowWaitPanel(false);
+    host_->SetBusyPointer(false);
+    host_->ShowWaitPanel(false);
     busy_ = wasBusy;
     refreshing_ = wasRefreshing;
 }
@@ -147,7 +176,7 @@ void LiteralControl::SetEnabled(bool enabled) {
         grid.backColor = enabled ? 0x80000005 : 0x8000000F;
         grid.textColor = enabled ? 0x80000012 : 0x80000010;
         grid.enabled = enabled;
-        host_.PropertyChanged("Enabled");
+        PropertyChanged("Enabled");
     });
 }
 
@@ -162,7 +191,7 @@ void LiteralControl::SetHighlight(int32_t itemType, bool highlight) {
         if (flag == highlight) return;
         flag = highlight;
         PerformHighlighting();
-        host_.PropertyChanged(name);
+        PropertyChanged(name);
     });
 }
 
@@ -171,7 +200,7 @@ void LiteralControl::SetMultiSelect(bool multiSelect) {
         if (settings_.multiSelect == multiSelect) return;
         settings_.multiSelect = multiSelect;
         grid.hidden[colIndex] = !(settings_.allowIndexing && settings_.multiSelect);
-        host_.PropertyChanged("MultiSelect");
+        PropertyChanged("MultiSelect");
     });
 }
 
@@ -180,8 +209,8 @@ void LiteralControl::SetAllowIndexing(bool allowIndexing) {
         if (settings_.allowIndexing == allowIndexing) return;
         settings_.allowIndexing = allowIndexing;
         grid.hidden[colIndex] = !(settings_.allowIndexing && settings_.multiSelect);
-        host_.PropertyChanged("AllowIndexing");
-        host_.PropertyChanged("AllowIndexing");
+        PropertyChanged("AllowIndexing");
+        PropertyChanged("AllowIndexing");
     });
 }
 
@@ -190,7 +219,7 @@ void LiteralControl::SetShowAddressBook(bool show) {
         if (settings_.showAddressBook == show) return;
         settings_.showAddressBook = show;
         SetupGrid();
-        host_.PropertyChanged("ShowAddressBook");
+        PropertyChanged("ShowAddressBook");
     });
 }
 
@@ -198,7 +227,7 @@ void LiteralControl::SetInfoStoreAccessMode(int32_t mode) {
     Trap("InfoStoreAccessMode (", Detail::Bracket, [&] {
         if (settings_.mode == mode) return;
         settings_.mode = mode;
-        host_.PropertyChanged("InfoStoreAccessMode");
+        PropertyChanged("InfoStoreAccessMode");
         GetFolderIDs();
     });
 }
@@ -216,7 +245,7 @@ void LiteralControl::SetExtendToLevel(int32_t level) {
         busy_ = true;
         settings_.extendToLevel = level;
         PerformHighlighting();
-        host_.PropertyChanged("ExtendToLevel");
+        PropertyChanged("ExtendToLevel");
         if (level != 0) {
             if (bufferedToLevel_ == -1) {
                 for (int32_t row = 1; row < grid.RowCount(); ++row)
@@ -247,7 +276,7 @@ void LiteralControl::Localize(const std::string& index, const std::string& selec
         grid.SetCellText(0, colName, name);
         headingName_ = addressLists;
         if (grid.headingRow > 0) grid.SetCellText(grid.headingRow, colName, addressLists);
-        host_.SetWaitCaptions(pleaseWait, cancel);
+        host_->SetWaitCaptions(pleaseWait, cancel);
     });
 }
 
@@ -329,9 +358,9 @@ SeenRow LiteralControl::SeeRow(int32_t row) const {
     return seen;
 }
 
-SeenFrame LiteralControl::SeeFrame() const {
-    return {grid.currentRow, grid.hidden,  grid.dataTypes,    grid.backColor,
-            grid.textColor,  grid.enabled, grid.VisibleRows()};
+SeenFrame LiteralControl::SeeFrame() {
+    return {grid.currentRow, grid.hidden,  grid.dataTypes,     grid.backColor,
+            grid.textColor,  grid.enabled, grid.VisibleRows(), {}};
 }
 
 const SeenItem* LiteralControl::SeeItem(const ObjectRef& object, SeenItem& seen) const {

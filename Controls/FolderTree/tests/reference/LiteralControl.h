@@ -29,6 +29,7 @@ class LiteralControl : public ControlFace {
     void SetCurrentRow(int32_t row) override { grid.currentRow = row; }
     void cmdCancel_Click() override;
 
+    void Close() override;
     void Load(const Settings& settings) override;
     void SetApplication(automation::ObjectRef application) override { application_ = std::move(application); }
     automation::ObjectRef CDOSession() override;
@@ -63,7 +64,7 @@ class LiteralControl : public ControlFace {
     int32_t RowCount() const override { return grid.RowCount(); }
     std::string CellText(int32_t row, int col) const override { return grid.CellText(row, col); }
     SeenRow SeeRow(int32_t row) const override;
-    SeenFrame SeeFrame() const override;
+    SeenFrame SeeFrame() override;
     Settings SeeSettings() override { return settings_; }
     bool Refreshing() const override { return refreshing_; }
     const SeenItem* SeeItem(const automation::ObjectRef& item, SeenItem& seen) const override;
@@ -89,7 +90,10 @@ class LiteralControl : public ControlFace {
     void TraceError(const std::string& opening, Detail detail, const automation::Error& error);
     /// Runs a procedure's body; an error ends it in its one line. Whether it ran to its end.
     bool Trap(const std::string& opening, Detail detail, const std::function<void()>& body);
-    void Yield() { host_.Yield(); }
+    // All three throw ControlGone when the control was closed inside.
+    void Yield();
+    void RaiseChanged();
+    void PropertyChanged(const std::string& name);
     void AdvanceProgress(int32_t addToMax, int32_t addToValue);
     void ShowPath(const std::string& path);
     void StartLoad();
@@ -190,7 +194,8 @@ class LiteralControl : public ControlFace {
     void ExpandNode(int32_t row);
     void ExpandRow(Expansion& expansion, const Value& cells);
 
-    ControlHost& host_;
+    ControlHost* host_;
+    bool closed_ = false;
     automation::ObjectFactory& factory_;
 
     Settings settings_;

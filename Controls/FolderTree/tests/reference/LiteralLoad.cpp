@@ -412,8 +412,9 @@ void LiteralControl::fgd_BeforeCollapse(int32_t row, int32_t state) {
     Trap("fgd_BeforeCollapse (", Detail::Bracket, [&] {
         if (busy_) return;
         if (state != 0 || grid.CellValue(row, colIncomplete) == 0) return;
-        if (settings_.mode == 0) ExpandNode(row);
-        if (settings_.mode >= 1 && settings_.mode <= 3) ExpandNode_Objects(settings_.mode, row);
+        const int32_t mode = settings_.mode;
+        if (mode == 0) ExpandNode(row);
+        if (mode >= 1 && mode <= 3) ExpandNode_Objects(mode, row);
     });
 }
 

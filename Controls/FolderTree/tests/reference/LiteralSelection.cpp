@@ -351,7 +351,7 @@ void LiteralControl::fgd_AfterEdit(int32_t row, int32_t col) {
                 singleItem_ = CreateSelItemFromRow(row);
             }
             ReIndex();
-            host_.RaiseChanged();
+            RaiseChanged();
             Trace("Selection changed on");
             Trace("  " + grid.CellText(row, colPath));
             Trace(" SID = " + grid.CellText(row, colStoreID));
@@ -369,7 +369,7 @@ void LiteralControl::fgd_AfterEdit(int32_t row, int32_t col) {
             picks.Add(item, key, before);
             ReIndex();
             dirty_ = true;
-            host_.RaiseChanged();
+            RaiseChanged();
         }
     });
 }

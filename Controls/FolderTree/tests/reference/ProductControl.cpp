@@ -3,6 +3,7 @@
 
 #include "automation/KeyedCollection.h"
 #include "ctlFolderTree.h"
+#include "reference/ListeningCopy.h"
 #include "support/FakeBag.h"
 
 namespace foldertree::reference {
@@ -17,7 +18,9 @@ ItemRef ItemOf(const ObjectRef& object) {
 class ProductControl : public ControlFace {
   public:
     ProductControl(ControlHost& host, automation::ObjectFactory& factory)
-        : control_(ctlFolderTree::Create(host, factory)), gestures_(control_->Grid(), *control_) {
+        : control_(ctlFolderTree::Create(host, factory)),
+          gestures_(control_->Grid(), *control_),
+          listener_(control_->Grid()) {
         control_->UserControl_InitProperties();
     }
 
@@ -29,6 +32,7 @@ class ProductControl : public ControlFace {
     void SetCurrentRow(int32_t row) override { control_->Grid().SetCurrentRow(row); }
     void cmdCancel_Click() override { control_->cmdCancel_Click(); }
 
+    void Close() override { control_->Close(); }
     void Load(const Settings& settings) override {
         testing::FakeBag bag;
         bag.values = {{"Enabled", settings.enabled},
@@ -90,8 +94,8 @@ class ProductControl : public ControlFace {
 
     int32_t RowCount() const override { return control_->Grid().RowCount(); }
     std::string CellText(int32_t row, int col) const override { return control_->Grid().CellText(row, col); }
-    SeenRow SeeRow(int32_t row) const override;
-    SeenFrame SeeFrame() const override;
+    SeenRow SeeRow(int32_t row) const override { return SeeGridRow(control_->Grid(), row); }
+    SeenFrame SeeFrame() override;
     Settings SeeSettings() override;
     bool Refreshing() const override { return control_->Refreshing(); }
     const SeenItem* SeeItem(const ObjectRef& item, SeenItem& seen) const override;
@@ -100,40 +104,16 @@ class ProductControl : public ControlFace {
   private:
     std::shared_ptr<ctlFolderTree> control_;
     GridInteraction gestures_;
+    ListeningCopy listener_;
 };
 
-SeenRow ProductControl::SeeRow(int32_t row) const {
+SeenFrame ProductControl::SeeFrame() {
     const TreeGrid& grid = control_->Grid();
-    SeenRow seen;
-    for (int col = 0; col < gridColumnCount; ++col) {
-        const CellLook& look = grid.Look(row, col);
-        seen.cells[static_cast<size_t>(col)] = {grid.CellText(row, col),
-                                                look.backColor ? int64_t{*look.backColor} : -1,
-                                                look.foreColor ? int64_t{*look.foreColor} : -1,
-                                                look.bold,
-                                                static_cast<int>(look.picture),
-                                                look.pictureAlignment};
-    }
-    seen.level = grid.RowOutlineLevel(row);
-    seen.isNode = grid.IsNode(row);
-    seen.state = grid.NodeState(row);
-    seen.height = grid.RowHeight(row);
-    return seen;
-}
-
-SeenFrame ProductControl::SeeFrame() const {
-    const TreeGrid& grid = control_->Grid();
-    SeenFrame seen;
+    SeenFrame seen = SeeGridFrame(grid);
     seen.currentRow = grid.CurrentRow();
-    for (int col = 0; col < gridColumnCount; ++col) {
-        seen.hidden[static_cast<size_t>(col)] = grid.ColHidden(col);
-        seen.dataTypes[static_cast<size_t>(col)] = grid.ColDataType(col);
-    }
-    seen.backColor = grid.BackColor();
-    seen.textColor = grid.TextColor();
-    seen.enabled = grid.Enabled();
     for (int32_t position = 0; position < grid.VisibleCount(); ++position)
         seen.visibleRows.push_back(grid.VisibleRow(position));
+    seen.untold = listener_.Untold();
     return seen;
 }
 

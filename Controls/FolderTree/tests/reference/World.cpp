@@ -61,6 +61,7 @@ void World::Due(Place place) {
 }
 
 void World::Do(const Event& event) {
+    if (closed_) return;
     Note("event " + Write({event}));
     try {
         if (event.kind <= Kind::Cancel)
@@ -71,6 +72,8 @@ void World::Do(const Event& event) {
             DoItems(event);
         else
             DoProvider(event);
+    } catch (const ControlGone&) {
+        // What the literal control was doing has ended.
     } catch (const Error& error) {
         Note("host saw error " + std::to_string(error.Number()));
     }
@@ -283,6 +286,10 @@ void World::DoItems(const Event& event) {
             return control_->SelectAll();
         case Kind::SelectByType:
             return control_->SelectByType(event.a % 8 - (event.a % 8 == 7 ? 8 : 0), event.b % 2 != 0);
+        case Kind::Close:
+            control_->Close();
+            closed_ = true;
+            return;
         case Kind::CollapseToSelection:
             return control_->CollapseToSelection();
         case Kind::CollapseToType:
@@ -434,6 +441,7 @@ void World::SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel
 }
 
 void World::SetProgress(double maximum, double value) {
+    AskedByControl();
     maximum_ = maximum;
     value_ = value;
 }
@@ -453,6 +461,8 @@ void World::TraceLine(std::string_view line) {
 }
 
 void World::Called(const std::string& object, std::string_view member) {
+    // A call that was under way may be followed by others up to the next yield.
+    if (closed_) return;
     const int number = ++calls_;
     Note("call " + object + "." + std::string(member));
     Due(Place::InCall);
@@ -488,6 +498,7 @@ std::vector<std::string> World::DescribeHeld() const {
                             Describe(item));
         }
     }
+    if (closed_) return lines;
     const ObjectRef selected = control_->SelectedItem();
     lines.push_back("selected " + Describe(selected));
     lines.push_back("rows " + std::to_string(control_->ListCount()) + " buffered " +
@@ -539,6 +550,7 @@ std::string FrameText(const SeenFrame& frame) {
     for (const bool hidden : frame.hidden) text += hidden ? "h" : "v";
     text += " visible";
     for (const int32_t row : frame.visibleRows) text += " " + std::to_string(row);
+    if (!frame.untold.empty()) text += "; " + frame.untold;
     return text;
 }
 
@@ -546,6 +558,7 @@ std::string FrameText(const SeenFrame& frame) {
 
 std::optional<std::string> World::Difference(World& product, World& literal) {
     if (auto text = LineDifference("What happened", product.log_, literal.log_)) return text;
+    if (product.closed_) return LineDifference("What the host holds", product.DescribeHeld(), literal.DescribeHeld());
     if (product.control_->RowCount() != literal.control_->RowCount())
         return "The control has " + std::to_string(product.control_->RowCount()) + " rows, the literal one " +
                std::to_string(literal.control_->RowCount());

@@ -21,6 +21,7 @@ class World : private ControlHost, private CallSink {
     explicit World(const MakeControl& make);
 
     void Happen(const Event& event);
+    bool Closed() const { return closed_; }
 
     /// The first thing in which two worlds differ; nothing when all is the same: what was called, told and returned
     /// since the last call of Forget, the grid, the settings, and the items and collections that the host holds.
@@ -36,6 +37,10 @@ class World : private ControlHost, private CallSink {
     void DoProvider(const Event& event);
     void MakeItem(const Event& event);
     void Note(const std::string& line) { log_.push_back(line); }
+    /// A closed control asks its host for nothing.
+    void AskedByControl() {
+        if (closed_) Note("asked by a closed control");
+    }
     /// Runs what waits for this.
     void Due(Place place);
 
@@ -50,10 +55,19 @@ class World : private ControlHost, private CallSink {
 
     // ControlHost
     void Yield() override;
-    void SetBusyPointer(bool busy) override { busyPointer_ = busy; }
-    void ShowWaitPanel(bool visible) override { panel_ = visible; }
+    void SetBusyPointer(bool busy) override {
+        AskedByControl();
+        busyPointer_ = busy;
+    }
+    void ShowWaitPanel(bool visible) override {
+        AskedByControl();
+        panel_ = visible;
+    }
     void SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel) override;
-    void SetProgressText(std::string_view path) override { path_ = path; }
+    void SetProgressText(std::string_view path) override {
+        AskedByControl();
+        path_ = path;
+    }
     void SetProgress(double maximum, double value) override;
     automation::ObjectRef CreateFont(std::string_view) override { return nullptr; }
     automation::ObjectRef AmbientFont() override { return nullptr; }
@@ -75,6 +89,7 @@ class World : private ControlHost, private CallSink {
     double value_ = 0;
     int calls_ = 0;
     int failAt_ = 0;
+    bool closed_ = false;
 
     std::shared_ptr<Mail> mail_ = FirstMail();
     MailFactory factory_{mail_, *this};

@@ -1,0 +1,42 @@
+// ListeningCopy: a copy of a grid's rows kept up by its notifications alone, as a window keeps what it shows.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "reference/ControlFace.h"
+#include "shell/TreeGrid.h"
+
+namespace foldertree::reference {
+
+SeenRow SeeGridRow(const TreeGrid& grid, int32_t row);
+/// All but the visible rows.
+SeenFrame SeeGridFrame(const TreeGrid& grid);
+
+class ListeningCopy : private TreeGridObserver {
+  public:
+    explicit ListeningCopy(TreeGrid& grid);
+    ~ListeningCopy() override;
+    ListeningCopy(const ListeningCopy&) = delete;
+    ListeningCopy& operator=(const ListeningCopy&) = delete;
+
+    /// What is otherwise than at the last call although no notification said so; empty when all was told.
+    std::string Untold();
+
+  private:
+    void RowsInserted(int32_t firstRow, int32_t count) override;
+    void RowsRemoved(int32_t firstRow, int32_t count) override;
+    void RowsChanged(int32_t firstRow, int32_t lastRow) override;
+    void OutlineChanged(int32_t firstRow) override;
+    void ColumnsChanged() override { frame_.reset(); }
+    void AppearanceChanged() override { frame_.reset(); }
+    void CurrentRowChanged() override {}
+
+    TreeGrid& grid_;
+    std::vector<std::optional<SeenRow>> rows_;  ///< nothing for a row that was told of and not looked at since
+    std::optional<SeenFrame> frame_;
+};
+
+}  // namespace foldertree::reference
