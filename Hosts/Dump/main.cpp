@@ -124,11 +124,13 @@ void Print(const TreeGrid& grid) {
 void Dump(const Options& options) {
     ConsoleHost host(options.trace);
     ConsoleFactory factory;
+    // Before the control is told of a mode: all object models show what the session has opened, and in CDO mode the
+    // control logs on at once.
+    const automation::ObjectRef session = OpenSession(options.stores);
     const auto control = ctlFolderTree::Create(host, factory);
     control->UserControl_InitProperties();
     control->SetInfoStoreAccessMode(static_cast<foldertree::enuInfoStoreAccessMode>(options.mode));
-    // The other object models show what the session has opened.
-    control->SetRDOSessionRef(OpenSession(options.stores));
+    control->SetRDOSessionRef(session);
     control->SetApplication(localstores::MakeOutlookApplication());
     control->SetExtendToLevel(options.level);
     control->SetShowAddressBook(options.addressBook);

@@ -70,11 +70,17 @@ std::shared_ptr<Session> Session::InUse() {
 
 std::shared_ptr<Session> Session::OfSample() {
     auto session = std::make_shared<Session>();
-    session->Open("sample");
+    session->Add("sample");
     return session;
 }
 
 std::shared_ptr<Store> Session::Open(std::string_view path) {
+    auto store = Add(path);
+    sessionInUse.Offer(shared_from_this());
+    return store;
+}
+
+std::shared_ptr<Store> Session::Add(std::string_view path) {
     const StoreList opened = OpenStores(path);
     for (const auto& store : opened) {
         const auto known = Find(store->Id());
@@ -85,7 +91,6 @@ std::shared_ptr<Store> Session::Open(std::string_view path) {
     const auto formerDefault = DefaultStore();
     stores_.insert(stores_.end(), opened.begin(), opened.end());
     SetDefault(formerDefault ? *formerDefault : *first);
-    sessionInUse.Offer(shared_from_this());
     return first;
 }
 

@@ -55,6 +55,9 @@ class Session : public std::enable_shared_from_this<Session> {
     AddressListRef FindAddressList(AddressListRole role) const;
 
   private:
+    /// Opens the path without putting the session in use: nobody asked for the sample that a session begins with.
+    std::shared_ptr<Store> Add(std::string_view path);
+
     StoreList stores_;
 };
 

@@ -41,7 +41,24 @@ std::unique_ptr<Folder> MakeRoot(const StoreUid& uid, Folder*& ipmRoot) {
 struct Options {
     Manners manners;
     bool leavesAnswerForLists = true;
+    int32_t moreFolders = 0;
 };
+
+/// Numbered folders below `top`, each with up to a hundred children: the first hundred are the top's own, the next
+/// hundred the first one's, and so on.
+void AddNumberedFolders(Folder& top, const StoreUid& uid, int32_t count) {
+    constexpr size_t childrenOfEach = 100;
+    const uint64_t firstId = Fingerprint("numbered folders");
+    std::vector<Folder*> made{&top};
+    made.reserve(static_cast<size_t>(count) + 1);
+    for (size_t number = 1; number <= static_cast<size_t>(count); ++number) {
+        auto folder = std::make_unique<Folder>();
+        folder->name = "Folder " + std::to_string(number);
+        folder->containerClass = "IPF.Note";
+        folder->id = MakeFolderId(uid, firstId + number);
+        made.push_back(&made[(number - 1) / childrenOfEach]->Add(std::move(folder)));
+    }
+}
 
 /// Takes the line and those below it that belong to it, and leaves `lines` behind them.
 AddressList TakeList(std::span<const SampleList>& lines, const std::string& parentPath, const Options& options) {
@@ -93,6 +110,7 @@ std::shared_ptr<Store> MakeStore(const SampleStore& sample, const Options& optio
         open.push_back(&folder);
         paths.push_back(path);
     }
+    if (sample.kind == StoreKind::PublicFolders) AddNumberedFolders(*store.ipmRoot, uid, options.moreFolders);
     return std::make_shared<Store>(std::move(store));
 }
 
@@ -125,6 +143,12 @@ constexpr Option knownOptions[] = {
      [](Options& options, std::string_view path, std::string_view value) {
          // A table that gives nothing would have no end.
          options.manners.rowsPerRead = std::max(OptionValue(path, value), 1);
+     }},
+    {"folders",
+     [](Options& options, std::string_view path, std::string_view value) {
+         options.moreFolders = OptionValue(path, value);
+         if (static_cast<size_t>(options.moreFolders) > maxFolders)
+             throw NoSuchStore(path, "these are too many folders");
      }},
     {"count",
      [](Options& options, std::string_view path, std::string_view value) {

@@ -108,7 +108,7 @@ TEST_F(Cdo, ShowsTheSampleMailboxWhenNothingWasOpened) {
 
 TEST_F(Cdo, OpensAnotherPath) {
     const TemporaryDirectory directory;
-    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    MakeMaildir(directory.Path());
     const ObjectRef session = MakeCdoSession();
     EXPECT_EQ(Text(session->Get("Open", directory.Utf8()).RequireObject(), "ProviderName"), "Maildir");
     LogOn(session, true);
@@ -117,7 +117,7 @@ TEST_F(Cdo, OpensAnotherPath) {
 
 TEST_F(Cdo, SharesTheSessionInUseUnlessItAsksForANewOne) {
     const TemporaryDirectory directory;
-    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    MakeMaildir(directory.Path());
     session_ = nullptr;
     const ObjectRef rdo = MakeRdoSession();
     rdo->Get("Open", directory.Utf8());
@@ -132,9 +132,20 @@ TEST_F(Cdo, SharesTheSessionInUseUnlessItAsksForANewOne) {
     EXPECT_EQ(Object(plain, "InfoStores")->Get("Count").ToLong(), 3) << "a new session is what is asked for by default";
 }
 
+TEST_F(Cdo, TheSampleThatNobodyAskedForIsNotInUse) {
+    EXPECT_EQ(Stores()->Get("Count").ToLong(), 3);
+    const TemporaryDirectory directory;
+    MakeMaildir(directory.Path());
+    const ObjectRef rdo = MakeRdoSession();
+    rdo->Get("Open", directory.Utf8());
+    const ObjectRef sharing = MakeCdoSession();
+    LogOn(sharing, false);
+    EXPECT_EQ(Object(sharing, "InfoStores")->Get("Count").ToLong(), 1);
+}
+
 TEST_F(Cdo, PublicFoldersComeFirst) {
     const TemporaryDirectory directory;
-    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    MakeMaildir(directory.Path());
     const ObjectRef session = MakeCdoSession();
     session->Get("Open", directory.Utf8());
     session->Get("Open", "sample");
@@ -191,7 +202,7 @@ TEST_F(Cdo, DefaultFoldersHaveTheirOwnNumbers) {
 
 TEST_F(Cdo, StoreWithoutAnInboxHasNone) {
     const TemporaryDirectory directory;
-    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    MakeMaildir(directory.Path());
     const ObjectRef session = MakeCdoSession();
     session->Get("Open", directory.Utf8());
     LogOn(session, false);

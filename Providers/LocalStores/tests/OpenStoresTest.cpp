@@ -47,9 +47,9 @@ TEST(OpenStores, SampleTakesItsOptionsFromThePath) {
 }
 
 TEST(OpenStores, RefusesSampleOptionsThatDoNotExist) {
-    for (const char* path :
-         {"sample?", "sample?speed=1", "sample?delay=", "sample?delay=x", "sample?delay=-1", "sample?delay=1&",
-          "sample?count=1", "sample?lists=", "sample?count", "sample?delay=99999999999"})
+    for (const char* path : {"sample?", "sample?speed=1", "sample?delay=", "sample?delay=x", "sample?delay=-1",
+                             "sample?delay=1&", "sample?count=1", "sample?folders=", "sample?folders=1000001",
+                             "sample?lists=", "sample?count", "sample?delay=99999999999"})
         EXPECT_THAT(FailureOf([&] { OpenStores(path); }), HasSubstr(path));
 }
 

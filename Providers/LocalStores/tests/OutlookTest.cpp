@@ -85,7 +85,7 @@ TEST_F(Outlook, ShowsTheSampleMailboxWhenNothingWasOpened) {
 
 TEST_F(Outlook, OpensAnotherPath) {
     const TemporaryDirectory directory;
-    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    MakeMaildir(directory.Path());
     const ObjectRef application = MakeOutlookApplication();
     const ObjectRef top = application->Get("Open", directory.Utf8()).RequireObject();
     EXPECT_EQ(Text(top, "Name"), directory.Path().filename().string());
@@ -101,7 +101,7 @@ TEST_F(Outlook, PathThatCannotBeOpenedChangesNothing) {
 
 TEST_F(Outlook, ShowsTheStoresOfTheSessionInUse) {
     const TemporaryDirectory directory;
-    for (const char* part : {"cur", "new", "tmp"}) std::filesystem::create_directory(directory.Path() / part);
+    MakeMaildir(directory.Path());
     const ObjectRef session = MakeRdoSession();
     session->Get("Open", directory.Utf8());
     EXPECT_EQ(Tops()->Get("Count").ToLong(), 1) << "asked for its stores after the session was there";

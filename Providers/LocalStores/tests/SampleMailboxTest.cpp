@@ -120,6 +120,27 @@ TEST(SampleMailbox, IdentifiersAreTheSameInEveryVersion) {
               "00000000CEFC616BF016C340B0CD4FE2FF3FF130214CBDB5D7A2335A");
 }
 
+TEST(SampleMailbox, PublicFoldersCanBeAsManyAsAServerHas) {
+    const auto plain = OpenStores("sample")[0];
+    const auto store = OpenStores("sample?folders=10250")[0];
+    int count = 0;
+    int deepest = 0;
+    ForEachFolder(store->IpmRoot(), [&](const Folder& folder, int depth) {
+        EXPECT_EQ(store->Find(ShortForm(folder.id)), &folder);
+        if (!folder.name.starts_with("Folder ")) return;
+        ++count;
+        deepest = std::max(deepest, depth);
+    });
+    EXPECT_EQ(count, 10250);
+    EXPECT_EQ(deepest, 3);
+    EXPECT_EQ(store->IpmRoot().children.size(), plain->IpmRoot().children.size() + 100);
+    const Folder& first = *store->IpmRoot().children[plain->IpmRoot().children.size()];
+    EXPECT_EQ(first.name, "Folder 1");
+    EXPECT_EQ(first.children.size(), 100u);
+    EXPECT_EQ(first.children[0]->name, "Folder 101");
+    EXPECT_EQ(OpenStores("sample?folders=0")[0]->IpmRoot().children.size(), plain->IpmRoot().children.size());
+}
+
 TEST(SampleMailbox, NoTwoFoldersShareAnIdentifier) {
     std::set<std::string> ids;
     for (const Folder* folder : UserFolders()) EXPECT_TRUE(ids.insert(Hex(folder->id)).second) << folder->name;

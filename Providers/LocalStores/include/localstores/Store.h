@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -80,7 +81,7 @@ class Store {
     void Index(const Folder& folder);
 
     StoreDescription description_;
-    std::unordered_map<std::string, const Folder*> byId_;  ///< by the hexadecimal text of the long form
+    std::unordered_map<std::string_view, const Folder*> byId_;  ///< by the bytes of the long form, the folder's own
 };
 
 }  // namespace localstores
