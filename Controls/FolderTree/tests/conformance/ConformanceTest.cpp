@@ -3,6 +3,8 @@
 
 #include <ostream>
 
+#include "localstores/CdoSession.h"
+#include "localstores/OutlookApplication.h"
 #include "localstores/RdoSession.h"
 
 namespace foldertree::testing {
@@ -22,8 +24,7 @@ std::vector<Setting> ScriptedModes() {
 
 std::vector<Setting> LocalModes() {
     std::vector<Setting> settings;
-    for (const auto mode : {eISAccess_RDO_MAPITables, eISAccess_RDO_Objects})
-        settings.push_back({&modeDifferences[static_cast<size_t>(mode)], MailSource::LocalStores});
+    for (const ModeDifferences& mode : modeDifferences) settings.push_back({&mode, MailSource::LocalStores});
     return settings;
 }
 
@@ -50,17 +51,22 @@ ObjectRef LocalUtilities() {
 
 }  // namespace
 
+ObjectRef MakeLocalSession(enuInfoStoreAccessMode mode, std::string_view path) {
+    const ObjectRef session = mode == eISAccess_Outlook ? localstores::MakeOutlookApplication()
+                              : mode == eISAccess_CDO   ? localstores::MakeCdoSession()
+                                                        : localstores::MakeRdoSession();
+    session->Get("Open", path);
+    return session;
+}
+
 void ConformanceTest::Use(const Setting& setting) {
     setting_ = setting;
-    mail = IsLocal() ? LocalSample() : ManyKinds();
+    mail = IsLocal() ? LocalSample(Mode().mode) : ManyKinds();
     if (IsLocal()) factory.On("NOXMAPI.NOXMAPIUtils", [this] { return Planned(LocalUtilities()); });
 }
 
 ObjectRef ConformanceTest::MakeSession(enuInfoStoreAccessMode mode) {
-    if (!IsLocal()) return ModeTest::MakeSession(mode);
-    const ObjectRef session = localstores::MakeRdoSession();
-    session->Get("Open", "sample");
-    return session;
+    return IsLocal() ? MakeLocalSession(mode, "sample") : ModeTest::MakeSession(mode);
 }
 
 void ConformanceTest::SetUpTree(const TreeSettings& settings) {

@@ -31,6 +31,9 @@ std::vector<Setting> LocalModes();
 std::vector<Setting> AllSettings();
 std::string SettingName(const ::testing::TestParamInfo<Setting>& info);
 
+/// Local stores in the shape that the mode reads.
+automation::ObjectRef MakeLocalSession(enuInfoStoreAccessMode mode, std::string_view path);
+
 /// A control in one mode. `mail` describes what it reads, wherever that is.
 class ConformanceTest : public ModeTest {
   protected:

@@ -92,7 +92,12 @@ void ExpectedTree::ExpandRow(size_t row) {
     size_t next = row + 1;
     for (const ModeFolder* child : ChildrenOf(source.folder->children)) {
         if (IsPassedOver(*child)) continue;
-        if (mode_.classlessEndsExpansion && !child->containerClass) return;
+        if (mode_.classlessEndsExpansion && !child->containerClass) {
+            // A node with nothing new to show stays as it was, but for being open.
+            if (next == row + 1) MarkUnread(row);
+            rows_[row].closed = false;
+            return;
+        }
         const std::string path = rows_[row].cells[colPath] + "\\" + child->name;
         Insert(next, FolderRow(*source.store, *child, rows_[row].level + 1, path), {source.store, child});
         if (!child->children.empty()) MarkUnread(next++);

@@ -250,6 +250,18 @@ TEST_P(HostInYields, TheTreeMayBeEmptiedInsideAnyOutsideCall) {
     InEveryCall([this] { control->SetShowAddressBook(!control->ShowAddressBook()); }, [this] { ExpectIdle(); });
 }
 
+TEST_P(HostInYields, AnEditInsideAnyOutsideCallIsIgnored) {
+    InEveryCall(
+        [this] {
+            if (control->ListCount() > 1) control->fgd_AfterEdit(2, colSel);
+        },
+        [this] {
+            ExpectIdle();
+            EXPECT_EQ(host.changed, 0);
+            EXPECT_EQ(host.ErrorLines(), Lines{});
+        });
+}
+
 TEST_P(HostInYields, ARefreshInsideAnyOutsideCallIsTurnedAway) {
     InEveryCall([this] { control->RefreshList(); },
                 [this] {

@@ -40,23 +40,37 @@ int32_t ItemTypeOf(const std::optional<std::string>& containerClass) {
     return 0;
 }
 
-ModeFolder Described(const localstores::Folder& folder) {
-    ModeFolder result = MailFolder(folder.name, localstores::Hex(folder.id));
-    result.kind = static_cast<int32_t>(folder.type);
-    result.containerClass = folder.containerClass;
-    result.itemType = ItemTypeOf(folder.containerClass);
-    for (const auto& child : folder.children) result.children.push_back(Described(*child));
+std::vector<ModeFolder> Children(const localstores::Folder& folder, enuInfoStoreAccessMode mode) {
+    std::vector<ModeFolder> children;
+    for (const auto& child : folder.children) {
+        if (mode == eISAccess_Outlook && child->type == localstores::FolderType::Search) continue;
+        ModeFolder& described =
+            children.emplace_back(MailFolder(child->name, localstores::Hex(child->id), Children(*child, mode)));
+        described.kind = static_cast<int32_t>(child->type);
+        described.containerClass = child->containerClass;
+        described.itemType = ItemTypeOf(child->containerClass);
+    }
+    return children;
+}
+
+ModeStore Described(const localstores::Store& store, enuInfoStoreAccessMode mode) {
+    ModeStore result;
+    result.name = store.Name();
+    result.id = localstores::Hex(mode == eISAccess_Outlook ? store.IpmRoot().id : store.Id());
+    result.isDefault = store.IsDefault();
+    result.provider = store.ProviderName();
+    result.folders = Children(store.IpmRoot(), mode);
     return result;
 }
 
-ModeStore Described(const localstores::Store& store) {
-    ModeStore result;
-    result.name = store.Name();
-    result.id = localstores::Hex(store.Id());
-    result.isDefault = store.IsDefault();
-    result.provider = store.ProviderName();
-    result.folders = Described(store.IpmRoot()).children;
-    return result;
+void AddDescribed(std::vector<ModeAddressList>& lists, const localstores::AddressList& list,
+                  enuInfoStoreAccessMode mode) {
+    ModeAddressList described = AddressList(list.name, localstores::Hex(list.id));
+    if (mode != eISAccess_CDO)
+        for (const localstores::AddressList& child : list.children) AddDescribed(described.lists, child, mode);
+    if (mode != eISAccess_CDO || list.hasEntries) lists.push_back(std::move(described));
+    if (mode == eISAccess_CDO)
+        for (const localstores::AddressList& child : list.children) AddDescribed(lists, child, mode);
 }
 
 }  // namespace
@@ -109,10 +123,12 @@ ModeMailbox OrdinaryFolders() {
     return mailbox;
 }
 
-ModeMailbox LocalSample() {
+ModeMailbox LocalSample(enuInfoStoreAccessMode mode) {
     ModeMailbox mailbox;
     for (const auto& store : localstores::OpenStores("sample")) {
-        mailbox.stores.push_back(Described(*store));
+        mailbox.stores.push_back(Described(*store, mode));
+        for (const localstores::AddressList& list : store->AddressLists())
+            AddDescribed(mailbox.addressLists, list, mode);
         if (!store->IsDefault()) continue;
         for (const int32_t number : {3, 4, 5, 6, 12, 16}) {
             const localstores::Folder* folder = store->Default(static_cast<localstores::DefaultFolder>(number));

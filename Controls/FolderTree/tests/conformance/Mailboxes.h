@@ -2,6 +2,7 @@
 #pragma once
 
 #include "modes/ModeMailbox.h"
+#include "shell/Enumerations.h"
 
 namespace foldertree::testing {
 
@@ -13,7 +14,9 @@ ModeMailbox ManyKinds();
 /// same folders in the same order. Two address lists, one inside the other.
 ModeMailbox OrdinaryFolders();
 
-/// What the sample mailbox of the local stores holds.
-ModeMailbox LocalSample();
+/// What the sample mailbox of the local stores holds, as the object model of that mode tells it: a mail client shows no
+/// searches and knows a store by its top folder, and a CDO session has one flat collection of the address lists that
+/// hold addresses.
+ModeMailbox LocalSample(enuInfoStoreAccessMode mode);
 
 }  // namespace foldertree::testing

@@ -84,7 +84,7 @@ class CallsOfBothSources : public EachSetting {
     int OfALoad(MailSource source, int32_t level) {
         StartAnew();
         Use({&Mode(), source});
-        mail = LocalSample();
+        mail = LocalSample(Mode().mode);
         plan = std::make_shared<FaultPlan>();
         LoadTree({.extendToLevel = level});
         plan->FailCall(0);

@@ -25,7 +25,7 @@ TEST_P(TreeOfEachMode, IsReadToTheLevelThatTheHostWants) {
 }
 
 TEST_P(TreeOfEachMode, OpeningANodeInsertsItsChildren) {
-    const std::string node = IsLocal() ? "Customers" : "Projects";
+    const std::string node = IsLocal() ? "Europe" : "Projects";
     const TreeSettings settings{.extendToLevel = LevelToRead(2)};
     LoadTree(settings);
     ExpectedTree expected(mail, Mode(), settings);
@@ -104,6 +104,39 @@ TEST_P(TreeOfEachMode, ShowsEachPathWhileItReadsThatFolder) {
     std::erase(shown, "");
     EXPECT_EQ(shown, paths);
 }
+
+/// The sample mailbox on servers with ways of their own.
+class TreeOfOddServers : public EachSetting {
+  protected:
+    automation::ObjectRef MakeSession(enuInfoStoreAccessMode mode) override { return MakeLocalSession(mode, path); }
+    std::string path;
+};
+
+TEST_P(TreeOfOddServers, IsWholeWhenATableGivesOneRowAtATime) {
+    path = "sample?rows=1";
+    LoadTree();
+    ExpectTree({mail, Mode()});
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+}
+
+TEST_P(TreeOfOddServers, IsWholeWhenFoldersCannotBeCounted) {
+    path = "sample?count=unknown";
+    LoadTree();
+    ExpectTree({mail, Mode()});
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+}
+
+TEST_P(TreeOfOddServers, EndsWithTheFirstAddressListThatAnswersForNoOthers) {
+    path = "sample?lists=refuse";
+    LoadTree({.extendToLevel = 1, .showAddressBook = true});
+    EXPECT_EQ(host.TraceCount("AddressList scan is intentionally cancelled."), Mode().nestsAddressLists ? 1u : 0u);
+    const ExpectedTree expected(mail, Mode(), {.extendToLevel = 1, .showAddressBook = true});
+    EXPECT_EQ(Rows().size() < expected.Rows().size(), Mode().nestsAddressLists);
+    EXPECT_EQ(host.ErrorLines(), Lines{});
+    ExpectIdle();
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, TreeOfOddServers, ::testing::ValuesIn(LocalModes()), SettingName);
 
 INSTANTIATE_TEST_SUITE_P(Modes, TreeOfEachMode, ::testing::ValuesIn(AllSettings()), SettingName);
 

@@ -6,7 +6,6 @@ namespace foldertree::testing {
 namespace {
 
 using automation::Error;
-using automation::ObjectRef;
 using automation::Value;
 using automation::testing::ScriptedObject;
 
@@ -311,27 +310,6 @@ TEST_P(EachMode, ADeepHierarchyIsReadUpToTheDeepestLevel) {
     EXPECT_EQ(Grid().RowCount(), 1 + 1 + deepestWalkLevel + 1) << "header, store, folders, placeholder";
 }
 
-TEST_P(EachMode, ClosingTheControlAtAnyYieldEndsTheLoad) {
-    LoadEach();
-    const int yields = host.yields;
-    for (int stop = 1; stop <= yields; stop += 3) {
-        StartAnew();
-        Prepare(GetParam());
-        host.yields = 0;
-        host.closed = false;
-        host.callsAfterClose = 0;
-        host.onYield = [&](int yield) {
-            if (yield < stop || host.closed) return;
-            control->Close();
-            host.closed = true;
-        };
-        control->RefreshList();
-        EXPECT_EQ(host.callsAfterClose, 0) << "yield " << stop;
-        host.onYield = nullptr;
-        host.closed = false;
-    }
-}
-
 TEST_P(EachMode, TheBarGrowsByTheSubfoldersOfEachFolderAndAdvancesAfterEach) {
     LoadEach();
     // Two steps a store, the driver's and the reader's; the roots have 4 and 1 subfolders, Inbox 2 and Projects 1.
@@ -393,46 +371,6 @@ TEST_P(EachMode, ATreeEmptiedWhileAFoldersPathComesUpIsToldInOneLineAFolder) {
     EXPECT_EQ(host.ErrorLines().size(), 1u);
     EXPECT_EQ(NamesOf(Grid())[0], "People") << "what follows is read";
     ExpectIdle();
-}
-
-TEST_P(EachMode, ARefreshFromInsideAYieldIsTurnedAway) {
-    host.onYield = [&](int) { control->RefreshList(); };
-    LoadEach();
-    host.onYield = nullptr;
-    EXPECT_EQ(host.TraceCount("GetFolders: Refreshing view"), 1u);
-    EXPECT_EQ(Grid().RowCount(), 11);
-}
-
-TEST_P(EachMode, AnyMemberMayBeCalledFromInsideAYield) {
-    LoadEach();
-    const Lines tree = Tree();
-    ObjectRef collection;
-    bool show = false;
-    const std::vector<std::function<void()>> members{
-        [&] { control->SelectAll(); },
-        [&] { collection = control->Selection(); },
-        [&] { control->SetShowAddressBook(show = !show); },  // empties the grid
-        [&] { control->SelectByType(FTIMailItem, false); },
-        [&] { control->CollapseToSelection(); },
-        [&] { control->KillCollection(collection); },
-        [&] { control->SetExtendToLevel(0); },
-        [&] { control->SelectNone(); },
-        [&] { control->GetMsgItem("B2", "0011"); },
-        [&] { control->SetMultiSelect(show); },
-        [&] { Open(Grid().RowCount() - 1); },
-    };
-    for (size_t first = 0; first < members.size(); ++first) {
-        host.onYield = [&](int yield) { members[(first + static_cast<size_t>(yield)) % members.size()](); };
-        control->RefreshList();
-        host.onYield = nullptr;
-        ExpectIdle();
-    }
-    control->SetSelection(nullptr);
-    control->SetMultiSelect(true);
-    control->SetShowAddressBook(false);
-    collection = nullptr;
-    control->RefreshList();
-    EXPECT_EQ(Tree(), tree);
 }
 
 INSTANTIATE_TEST_SUITE_P(Modes, EachMode, ::testing::Values(eISAccess_RDO_Objects, eISAccess_Outlook, eISAccess_CDO),
