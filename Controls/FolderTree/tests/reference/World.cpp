@@ -75,7 +75,7 @@ void World::Do(const Event& event) {
     } catch (const ControlGone&) {
         // What the literal control was doing has ended.
     } catch (const Error& error) {
-        Note("host saw error " + std::to_string(error.Number()));
+        Returned("host saw error " + std::to_string(error.Number()));
     }
 }
 
@@ -114,7 +114,7 @@ void World::KeepCollection(const ObjectRef& collection) {
 // The user
 
 void World::DoUser(const Event& event) {
-    const auto note = [&](bool done) { Note(done ? "taken" : "refused"); };
+    const auto note = [&](bool done) { Returned(done ? "taken" : "refused"); };
     if (event.kind == Kind::Cancel) return control_->cmdCancel_Click();
     const int32_t row = Row(event.a);
     if (row < 0) return;
@@ -207,7 +207,7 @@ void World::DoItems(const Event& event) {
     switch (event.kind) {
         case Kind::ReadSelection: {
             const ObjectRef collection = control_->Selection();
-            Note(collection == nullptr ? "no selection" : "selection");
+            Returned(collection == nullptr ? "no selection" : "selection");
             KeepCollection(collection);
             if (collection == nullptr) return;
             const automation::Collection items(collection);
@@ -225,7 +225,7 @@ void World::DoItems(const Event& event) {
         }
         case Kind::ReadSelectedItem: {
             const ObjectRef item = control_->SelectedItem();
-            Note(item == nullptr ? "no item" : "item");
+            Returned(item == nullptr ? "no item" : "item");
             return Keep(item);
         }
         case Kind::AssignSelectedItem: {
@@ -251,7 +251,7 @@ void World::DoItems(const Event& event) {
                     ? control_->GetAdListItem(control_->CellText(row, colAddressListID), "")
                     : control_->GetMsgItem(control_->CellText(row, colStoreID),
                                            event.b % 4 == 1 ? "00EE" : control_->CellText(row, colEntryID));
-            Note(item == nullptr ? "not found" : "found");
+            Returned(item == nullptr ? "not found" : "found");
             return Keep(item);
         }
         case Kind::AddToCollection: {
@@ -278,7 +278,7 @@ void World::DoItems(const Event& event) {
         case Kind::KillCollection: {
             ObjectRef collection = KeptCollection(event.a);
             control_->KillCollection(collection);
-            return Note(collection == nullptr ? "killed" : "still there");
+            return Returned(collection == nullptr ? "killed" : "still there");
         }
         case Kind::SelectNone:
             return control_->SelectNone();
@@ -295,7 +295,7 @@ void World::DoItems(const Event& event) {
         case Kind::CollapseToType:
             return control_->CollapseToType(event.a % 7);
         default:
-            return Note(control_->CDOSession() == nullptr ? "no CDO session" : "CDO session");
+            return Returned(control_->CDOSession() == nullptr ? "no CDO session" : "CDO session");
     }
 }
 

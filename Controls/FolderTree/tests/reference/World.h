@@ -37,6 +37,10 @@ class World : private ControlHost, private CallSink {
     void DoProvider(const Event& event);
     void MakeItem(const Event& event);
     void Note(const std::string& line) { log_.push_back(line); }
+    /// What a call came back with. It is nobody's any more when the control was closed meanwhile.
+    void Returned(const std::string& line) {
+        if (!closed_) Note(line);
+    }
     /// A closed control asks its host for nothing.
     void AskedByControl() {
         if (closed_) Note("asked by a closed control");
