@@ -85,8 +85,15 @@ Sub Objects
     Expect "Selection", tree.Selection Is Nothing, True
     Set tree.SelectedItem = Nothing
     Expect "SelectedItem", tree.SelectedItem Is Nothing, True
-    Expect "CDOSession", tree.CDOSession Is Nothing, True
+    Expect "CDOSession where there is a CDO library", tree.CDOSession Is Nothing, Not HasClass("MAPI.Session")
 End Sub
+
+Function HasClass(progId)
+    Dim made
+    On Error Resume Next
+    Set made = CreateObject(progId)
+    HasClass = Err.Number = 0
+End Function
 
 Sub Items
     Set item = tree.CreateSelItem(5, "AB", "CD", "EF", "")

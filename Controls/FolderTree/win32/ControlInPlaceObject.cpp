@@ -22,10 +22,10 @@ void ControlInPlaceObject::WatchWindow() {
 
 HRESULT ControlInPlaceObject::Activate() {
     if (site_ != nullptr) return S_OK;
-    if (object_.Ended() || leaving_) return OLE_E_NOT_INPLACEACTIVE;
     const auto site = object_.Site().As<IOleInPlaceSite>();
     if (site == nullptr || site->CanInPlaceActivate() != S_OK) return OLE_E_NOT_INPLACEACTIVE;
-    // The container may deactivate or end the control in each of its calls; there is no site any more then.
+    if (object_.Ended() || leaving_) return OLE_E_NOT_INPLACEACTIVE;
+    // From here on the container's calls may deactivate or end the control; there is no site any more then.
     site_ = site;
     HRESULT result = site->OnInPlaceActivate();
     if (FAILED(result)) {

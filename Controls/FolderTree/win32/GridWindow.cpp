@@ -181,6 +181,7 @@ void GridWindow::UpdateScrollBar(int bar, int last, int page, int position) {
 
 void GridWindow::OnPaint() {
     Refresh();
+    if (Handle() == nullptr) return;
     PAINTSTRUCT paint{};
     const HDC dc = BeginPaint(Handle(), &paint);
     const SIZE client = layout_.Client();
