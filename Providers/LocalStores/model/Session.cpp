@@ -64,8 +64,7 @@ std::vector<AddressListRef> ChildrenOf(const AddressListRef& list) {
 }
 
 std::shared_ptr<Session> Session::InUse() {
-    auto session = sessionInUse.Get();
-    return session ? session : OfSample();
+    return sessionInUse.Get();
 }
 
 std::shared_ptr<Session> Session::OfSample() {

@@ -22,9 +22,9 @@ std::vector<AddressListRef> ChildrenOf(const AddressListRef& list);
 /// One of the stores is the default one as soon as there is one. Owned by shared pointers, used on one thread.
 class Session : public std::enable_shared_from_this<Session> {
   public:
-    /// What a program gets that asks for the mail that is there and names no path: the session in use on this thread,
-    /// which is the first one alive that opened a path; without one, a new session with the sample mailbox.
+    /// The session in use on this thread, which is the first one alive that opened a path; null without one.
     static std::shared_ptr<Session> InUse();
+    /// A new session with the sample mailbox.
     static std::shared_ptr<Session> OfSample();
 
     /// Adds the stores of the path and returns the default one of them, or the first. What is open

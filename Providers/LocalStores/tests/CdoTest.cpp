@@ -132,6 +132,15 @@ TEST_F(Cdo, SharesTheSessionInUseUnlessItAsksForANewOne) {
     EXPECT_EQ(Object(plain, "InfoStores")->Get("Count").ToLong(), 3) << "a new session is what is asked for by default";
 }
 
+TEST_F(Cdo, LeavesTheSampleAsSoonAsASessionIsInUse) {
+    EXPECT_EQ(Stores()->Get("Count").ToLong(), 3);
+    const TemporaryDirectory directory;
+    MakeMaildir(directory.Path());
+    const ObjectRef rdo = MakeRdoSession();
+    rdo->Get("Open", directory.Utf8());
+    EXPECT_EQ(Stores()->Get("Count").ToLong(), 1);
+}
+
 TEST_F(Cdo, TheSampleThatNobodyAskedForIsNotInUse) {
     EXPECT_EQ(Stores()->Get("Count").ToLong(), 3);
     const TemporaryDirectory directory;

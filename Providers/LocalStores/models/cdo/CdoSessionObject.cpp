@@ -68,15 +68,13 @@ CdoSessionRef CdoSessionObject::Self() {
     return std::static_pointer_cast<CdoSessionObject>(shared_from_this());
 }
 
-const Session& CdoSessionObject::Stores() const {
+const Session& CdoSessionObject::Stores() {
     if (!loggedOn_) throw CdoNotInitialized();
-    return *session_;
+    return session_.Get();
 }
 
 Value CdoSessionObject::Open(const Arguments& arguments) {
-    const auto session = session_ ? session_ : std::make_shared<Session>();
-    const auto store = session->Open(Required(arguments, 0).ToText());
-    session_ = session;
+    const auto store = session_.Open(Required(arguments, 0).ToText());
     return std::make_shared<CdoInfoStore>(Self(), store);
 }
 
@@ -84,12 +82,12 @@ Value CdoSessionObject::Open(const Arguments& arguments) {
 void CdoSessionObject::Logon(const Arguments& arguments) {
     constexpr size_t newSession = 3;
     const bool shared = arguments.Has(newSession) && !arguments[newSession].ToBoolean();
-    if (!session_) session_ = shared ? Session::InUse() : Session::OfSample();
+    if (!shared) session_.StandAlone();
     loggedOn_ = true;
 }
 
 void CdoSessionObject::Logoff() {
-    session_ = nullptr;
+    session_ = {};
     loggedOn_ = false;
 }
 
@@ -101,7 +99,7 @@ Value CdoSessionObject::InfoStores(const Arguments& arguments) {
     return WholeOrItem(std::make_shared<CdoInfoStores>(Self()), arguments);
 }
 
-std::shared_ptr<Store> CdoSessionObject::StoreOf(const Arguments& arguments, size_t index) const {
+std::shared_ptr<Store> CdoSessionObject::StoreOf(const Arguments& arguments, size_t index) {
     const bool isDefault = !arguments.Has(index) || arguments[index].ToText().empty();
     const auto store = isDefault ? Stores().DefaultStore() : Stores().Find(IdOf(arguments[index]));
     if (!store) throw CdoNotFound();

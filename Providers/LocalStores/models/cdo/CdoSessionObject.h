@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "model/Session.h"
+#include "model/SessionChoice.h"
 #include "models/cdo/CdoItems.h"
 
 namespace localstores {
@@ -19,7 +19,7 @@ class CdoSessionObject : public automation::TabledObject<CdoSessionObject> {
     static std::span<const automation::MemberEntry<CdoSessionObject>> Members();
 
     /// Throws MAPI_E_NOT_INITIALIZED before Logon.
-    const Session& Stores() const;
+    const Session& Stores();
 
     const char* Name() const { return "Local stores"; }
     const char* Version() const { return "1.21"; }
@@ -45,12 +45,12 @@ class CdoSessionObject : public automation::TabledObject<CdoSessionObject> {
     std::shared_ptr<CdoSessionObject> Self();
     /// The store whose identifier is the argument; the default one when that is left out or empty. Throws
     /// MAPI_E_NOT_FOUND.
-    std::shared_ptr<Store> StoreOf(const automation::Arguments& arguments, size_t index) const;
+    std::shared_ptr<Store> StoreOf(const automation::Arguments& arguments, size_t index);
     /// Throws MAPI_E_NOT_FOUND when nothing was found.
     automation::Value Made(const FolderInStore& found);
     automation::Value Default(DefaultFolder which);
 
-    std::shared_ptr<Session> session_;  ///< null until it is settled
+    SessionChoice session_;
     bool loggedOn_ = false;
 };
 

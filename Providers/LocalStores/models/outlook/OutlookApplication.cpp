@@ -37,15 +37,8 @@ OutlookApplicationRef OutlookApplication::Self() {
     return std::static_pointer_cast<OutlookApplication>(shared_from_this());
 }
 
-Session& OutlookApplication::Stores() {
-    if (!session_) session_ = Session::InUse();
-    return *session_;
-}
-
 Value OutlookApplication::Open(const Arguments& arguments) {
-    const auto session = session_ ? session_ : std::make_shared<Session>();
-    const auto store = session->Open(Required(arguments, 0).ToText());
-    session_ = session;
+    const auto store = session_.Open(Required(arguments, 0).ToText());
     return std::make_shared<OutlookFolder>(Self(), TopFolder(store));
 }
 

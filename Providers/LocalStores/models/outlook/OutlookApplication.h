@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "automation/TabledObject.h"
-#include "model/Session.h"
+#include "model/SessionChoice.h"
 
 namespace localstores {
 
@@ -25,8 +25,7 @@ class OutlookApplication : public automation::TabledObject<OutlookApplication> {
     static constexpr bool hasDefaultMember = true;
     static std::span<const automation::MemberEntry<OutlookApplication>> Members();
 
-    /// Settles which stores the application shows.
-    Session& Stores();
+    Session& Stores() { return session_.Get(); }
 
     const char* Name() const { return "Local stores"; }
     const char* Version() const { return "1.0"; }
@@ -40,7 +39,7 @@ class OutlookApplication : public automation::TabledObject<OutlookApplication> {
   private:
     std::shared_ptr<OutlookApplication> Self();
 
-    std::shared_ptr<Session> session_;  ///< null until it is settled
+    SessionChoice session_;
 };
 
 using OutlookApplicationRef = std::shared_ptr<OutlookApplication>;
