@@ -201,8 +201,9 @@ Picture ExpectedTree::PictureFor(const ModeFolder& folder) const {
     for (const auto& [number, picture] : defaults)
         if (folder.id == mailbox_.DefaultFolderID(number)) return picture;
     static const std::map<int32_t, Picture> pictures{
-        {0, Picture::Mail},    {1, Picture::Calendar}, {2, Picture::Contact},      {3, Picture::Task},
-        {4, Picture::Journal}, {5, Picture::Note},     {6, Picture::FolderClosed}, {7, Picture::FolderClosed}};
+        {0, Picture::Mail},         {1, Picture::Calendar},     {2, Picture::Contact},
+        {3, Picture::Task},         {4, Picture::Journal},      {5, Picture::Note},
+        {6, Picture::FolderClosed}, {7, Picture::FolderClosed}, {8, Picture::Trash}};
     const auto found = pictures.find(TypeOf(folder));
     return found == pictures.end() ? Picture::None : found->second;
 }

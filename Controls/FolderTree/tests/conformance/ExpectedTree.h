@@ -29,6 +29,7 @@ class ExpectedTree {
     const std::vector<GridRow>& Rows() const { return rows_; }
     /// Opens the first row with that name, which was not read.
     void Expand(std::string_view name);
+    void ExpandRow(size_t row);
     /// Opens every row that was not read, until there is none.
     void ExpandAll();
 
@@ -41,7 +42,6 @@ class ExpectedTree {
 
     void AddStore(const ModeStore& store);
     void WalkFolder(const ModeStore& store, const ModeFolder& folder, int level, const std::string& parentPath);
-    void ExpandRow(size_t row);
     void AddAddressLists(const std::vector<ModeAddressList>& lists, int level);
 
     std::vector<const ModeFolder*> ChildrenOf(const std::vector<ModeFolder>& children) const;

@@ -1,6 +1,10 @@
 // Mailboxes: their contents.
 #include "conformance/Mailboxes.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <random>
+
 #include "automation/Text.h"
 #include "localstores/OpenStores.h"
 
@@ -39,6 +43,40 @@ int32_t ItemTypeOf(const std::optional<std::string>& containerClass) {
         if (folded == text || folded.starts_with(std::string(text) + ".")) return type;
     return 0;
 }
+
+class RandomFolders {
+  public:
+    explicit RandomFolders(uint32_t seed) : random_(seed) {}
+
+    uint32_t Below(uint32_t limit) { return static_cast<uint32_t>(random_() % limit); }
+    bool OneIn(uint32_t many) { return Below(many) == 0; }
+
+    std::vector<ModeFolder> Some(int levels) {
+        std::vector<ModeFolder> folders;
+        for (uint32_t count = Below(5); count > 0; --count) folders.push_back(One(levels));
+        return folders;
+    }
+
+  private:
+    ModeFolder One(int levels) {
+        static const char* const classes[] = {"IPF.Note",    "ipm.appointment", "IPF.CONTACT", "IPF.Task",
+                                              "IPF.Journal", "IPF.StickyNote",  "IPF.Imap",    "",
+                                              "IPF.Note.Sub"};
+        char id[8];
+        std::snprintf(id, sizeof id, "00%04X", ++made_);
+        ModeFolder folder = MailFolder("n" + std::to_string(Below(30) + 10), id);
+        if (levels > 0) folder.children = Some(levels - 1);
+        folder.containerClass = classes[OneIn(2) ? 0 : Below(std::size(classes))];
+        if (OneIn(10)) folder.containerClass = std::nullopt;
+        folder.itemType = static_cast<int32_t>(OneIn(2) ? 0 : Below(9)) - (OneIn(8) ? 1 : 0);
+        if (OneIn(8)) folder.kind = 2;
+        if (OneIn(8)) folder.messageClass = "ipm.Configuration";
+        return folder;
+    }
+
+    std::mt19937 random_;
+    unsigned made_ = 0;
+};
 
 std::vector<ModeFolder> Children(const localstores::Folder& folder, enuInfoStoreAccessMode mode) {
     std::vector<ModeFolder> children;
@@ -120,6 +158,25 @@ ModeMailbox OrdinaryFolders() {
                                Typed("People", "0003", 2, "IPF.Contact")}});
     mailbox.stores.push_back({"Archive", "A1", false, {Typed("Diary", "0061", 4, "IPF.Journal")}});
     mailbox.addressLists = {AddressList("Global", "G1", {AddressList("Europe", "G11")})};
+    return mailbox;
+}
+
+ModeMailbox RandomMailbox(uint32_t seed) {
+    RandomFolders random(seed);
+    ModeMailbox mailbox;
+    const uint32_t stores = random.Below(4);
+    const uint32_t defaultStore = random.Below(std::max(stores, 1u));
+    for (uint32_t i = 0; i < stores; ++i) {
+        const std::string number = std::to_string(i);
+        mailbox.stores.push_back({"Store " + number, "A" + number, i == defaultStore, random.Some(3),
+                                  random.OneIn(2) ? "Provider " + number : ""});
+    }
+    for (const int32_t folder : {3, 4, 5, 12, 16}) {
+        char id[8];
+        std::snprintf(id, sizeof id, "00%04X", random.Below(40));
+        mailbox.defaultFolders[folder] = id;
+    }
+    mailbox.inboxID = "000001";
     return mailbox;
 }
 

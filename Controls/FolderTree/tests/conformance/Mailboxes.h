@@ -14,6 +14,9 @@ ModeMailbox ManyKinds();
 /// same folders in the same order. Two address lists, one inside the other.
 ModeMailbox OrdinaryFolders();
 
+/// Some stores with folders of any kind in any order, the same for each seed.
+ModeMailbox RandomMailbox(uint32_t seed);
+
 /// What the sample mailbox of the local stores holds, as the object model of that mode tells it: a mail client shows no
 /// searches and knows a store by its top folder, and a CDO session has one flat collection of the address lists that
 /// hold addresses.

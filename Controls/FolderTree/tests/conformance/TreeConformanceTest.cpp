@@ -105,6 +105,32 @@ TEST_P(TreeOfEachMode, ShowsEachPathWhileItReadsThatFolder) {
     EXPECT_EQ(shown, paths);
 }
 
+class TreeOfRandomMailboxes : public EachSetting {};
+
+TEST_P(TreeOfRandomMailboxes, IsWhatTheMailboxSaysAlsoAfterNodesWereOpened) {
+    for (uint32_t seed = 1; seed <= 25; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        StartAnew();
+        mail = RandomMailbox(seed);
+        const TreeSettings settings{.extendToLevel = static_cast<int32_t>(seed % 4),
+                                    .highlightContacts = seed % 5 == 0,
+                                    .highlightTasks = seed % 7 == 0};
+        LoadTree(settings);
+        ExpectedTree expected(mail, Mode(), settings);
+        ExpectTree(expected);
+        for (int32_t row = 1; row < Grid().RowCount(); ++row) {
+            if (Grid().CellText(row, colIncomplete) != "-1") continue;
+            Open(row);
+            expected.ExpandRow(static_cast<size_t>(row));
+            ExpectTree(expected);
+            if (HasFatalFailure()) return;
+        }
+        ExpectIdle();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, TreeOfRandomMailboxes, ::testing::ValuesIn(ScriptedModes()), SettingName);
+
 /// The sample mailbox on servers with ways of their own.
 class TreeOfOddServers : public EachSetting {
   protected:
