@@ -14,7 +14,8 @@
 namespace foldertree::reference {
 
 /// Slow on purpose: nothing is remembered that can be looked for. It shares no code with the control that ships, so
-/// that what both agree on was thought out twice. Collections handed to it must be LiteralCollections. Where an error
+/// that what both agree on was thought out twice. Where nothing fixes the order of calls to a provider it keeps that of
+/// the other one, since a host can act inside each. Collections handed to it must be LiteralCollections. Where an error
 /// line names a source line it has a "?".
 class LiteralControl : public ControlFace {
   public:

@@ -60,7 +60,11 @@ std::string Lower(std::string text) {
 }
 
 bool SameText(const std::string& a, const std::string& b) {
-    return a.size() == b.size() && Lower(a) == Lower(b);
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    if (a.size() != b.size()) return false;
+    for (size_t at = 0; at < a.size(); ++at)
+        if (lower(a[at]) != lower(b[at])) return false;
+    return true;
 }
 
 std::string HexText(uint32_t value) {
