@@ -6,8 +6,10 @@
 namespace foldertree::bench {
 
 LoadedControl::LoadedControl(const MailboxShape& shape, int32_t level, enuInfoStoreAccessMode mode)
+    : LoadedControl(MakeMemorySession(shape), level, mode) {}
+
+LoadedControl::LoadedControl(const automation::ObjectRef& session, int32_t level, enuInfoStoreAccessMode mode)
     : control(ctlFolderTree::Create(host, host)) {
-    const automation::ObjectRef session = MakeMemorySession(shape);
     host.cdoSession = session;
     control->UserControl_InitProperties();
     control->SetApplication(session);

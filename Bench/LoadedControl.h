@@ -39,6 +39,8 @@ class CountingHost : public QuietHost, public automation::ObjectFactory {
 struct LoadedControl {
     /// Reads the tree down to the level; 0 reads everything.
     LoadedControl(const MailboxShape& shape, int32_t level, enuInfoStoreAccessMode mode = eISAccess_RDO_MAPITables);
+    /// The session must answer in all modes.
+    LoadedControl(const automation::ObjectRef& session, int32_t level, enuInfoStoreAccessMode mode);
     ~LoadedControl() { control->Close(); }
 
     CountingHost host;

@@ -9,6 +9,7 @@
 
 #include "Figures.h"
 #include "LoadedControl.h"
+#include "automation_testing/FaultyObject.h"
 
 namespace foldertree::bench {
 namespace {
@@ -32,6 +33,21 @@ void LoadInMode(benchmark::State& state) {
             loaded = std::make_unique<LoadedControl>(shape, 0, mode);
             if (loaded->control->ListCount() < shape.folders) state.SkipWithError("folders are missing");
         });
+}
+
+/// What a load asks of a session: uses of members, and steps of enumerations.
+void OutsideCallsInMode(benchmark::State& state) {
+    const auto mode = static_cast<enuInfoStoreAccessMode>(state.range(1));
+    state.SetLabel(ModeName(mode));
+    const auto calls = std::make_shared<automation::testing::FaultPlan>();
+    const MailboxShape shape{.folders = static_cast<int32_t>(state.range(0))};
+    LoadedControl loaded(calls->Wrap(MakeMemorySession(shape)), 0, mode);
+    for (auto iteration : state) {
+        static_cast<void>(iteration);
+        calls->FailCall(0);  // counts from 1 again
+        loaded.control->RefreshList();
+    }
+    state.counters["calls/folder"] = static_cast<double>(calls->Calls()) / shape.folders;
 }
 
 /// From a cancel inside a load to the end of that load, the longest of several.
@@ -81,6 +97,10 @@ void EachMode(benchmark::internal::Benchmark* bench, std::initializer_list<int64
 }
 
 BENCHMARK(LoadInMode)->Apply([](auto* bench) { EachMode(bench, {0}); });
+BENCHMARK(OutsideCallsInMode)->Apply([](auto* bench) {
+    for (int64_t mode = 0; mode < modes; ++mode) bench->Args({10'000, mode});
+    bench->Iterations(1)->Unit(benchmark::kMillisecond);
+});
 BENCHMARK(CancelInMode)->Apply([](auto* bench) { EachMode(bench, {0, 1}); });
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Collection: the calls behind the view, and the walk by position for collections that offer no enumeration.
 #include "automation/Collection.h"
 
+#include <utility>
+
 namespace automation {
 
 namespace {
@@ -35,8 +37,8 @@ Value Collection::Item(std::string_view key) const {
     return Deref(object_).Get("Item", key);
 }
 
-void Collection::Add(const Value& item, std::string_view key, std::optional<int32_t> before) const {
-    const Value keyArgument = key.empty() ? Value(Missing()) : Value(key);
+void Collection::Add(const Value& item, std::string key, std::optional<int32_t> before) const {
+    const Value keyArgument = key.empty() ? Value(Missing()) : Value(std::move(key));
     const Value beforeArgument = before ? Value(*before) : Value(Missing());
     // Always with all three: a class of a script host has no optional arguments and refuses a call that is short of
     // one.

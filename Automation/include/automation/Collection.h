@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "automation/Object.h"
@@ -20,7 +21,7 @@ class Collection {
     Value Item(int32_t position) const;
     Value Item(std::string_view key) const;
     /// Adds at the end, or before a position.
-    void Add(const Value& item, std::string_view key, std::optional<int32_t> before = std::nullopt) const;
+    void Add(const Value& item, std::string key, std::optional<int32_t> before = std::nullopt) const;
     void Remove(int32_t position) const;
 
     /// The items in their order: one enumeration where the collection offers it, else `Count` and `Item` by position

@@ -1,6 +1,8 @@
 // BulkSelection: ticks or unticks many rows at once for the host.
 #include "selection/BulkSelection.h"
 
+#include <vector>
+
 #include "automation/Text.h"
 
 namespace foldertree {
@@ -95,15 +97,19 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
         index.Flush();
         if (error) throw *error;
         const SelectionView::FoundRows found = changed ? view_.ReIndex() : SelectionView::FoundRows();
-        if (!bAdditional) UntickRowsWithoutItem(index);
+        if (!bAdditional) UntickRowsWithoutItem(index, found);
         view_.ApplySelection(found);
         selection_.dirty = true;
     });
 }
 
-void BulkSelection::UntickRowsWithoutItem(const SelectionIndex& index) {
+void BulkSelection::UntickRowsWithoutItem(const SelectionIndex& index, const SelectionView::FoundRows& found) {
+    std::vector<bool> hasItem(static_cast<size_t>(shell_.grid.RowCount()));
+    for (const auto& each : found)
+        if (each.row != -1) hasItem[static_cast<size_t>(each.row)] = true;
     ForEachPickRow([&](int32_t row) {
-        if (IsTicked(row) && MayBePicked(row) && !index.Find(shell_.grid.CellText(row, colKey))) Untick(row);
+        if (hasItem[static_cast<size_t>(row)] || !IsTicked(row) || !MayBePicked(row)) return;
+        if (!index.Find(shell_.grid.CellText(row, colKey))) Untick(row);
     });
 }
 

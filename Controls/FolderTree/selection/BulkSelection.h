@@ -33,7 +33,8 @@ class BulkSelection {
     void Untick(int32_t row);
     /// Makes an item from the row, ticked and numbered, and adds it.
     void AddItemOfRow(SelectionIndex& index, int32_t row, int32_t number);
-    void UntickRowsWithoutItem(const SelectionIndex& index);
+    /// `found` says of which rows an item is known already.
+    void UntickRowsWithoutItem(const SelectionIndex& index, const SelectionView::FoundRows& found);
 
     ControlShell& shell_;
     SelectionSet& selection_;

@@ -22,13 +22,13 @@ SelectionIndex::SelectionIndex(SelectionSet& selection) : selection_(selection) 
         const SelItem item(value);
         std::string key = item.Key();
         const size_t hash = CaselessHash()(key);
-        Enter(item, std::move(key), hash);
+        Enter(item, item.Own() != nullptr ? std::string() : std::move(key), hash);
     }
 }
 
-void SelectionIndex::Enter(const SelItem& item, std::string key, size_t hash) {
+void SelectionIndex::Enter(const SelItem& item, std::string strangersKey, size_t hash) {
     places_.Add(hash);
-    entries_.push_back({item, item.Own() != nullptr ? std::string() : std::move(key)});
+    entries_.push_back({item, std::move(strangersKey)});
 }
 
 const SelectionIndex::Entry* SelectionIndex::Entered(std::string_view key) const {
@@ -62,8 +62,9 @@ void SelectionIndex::Add(const SelItem& item) {
     const size_t hash = CaselessHash()(key);
     // The same key again after its removal: the old item must be gone before the new one can take its key.
     if (IsLeaving(hash)) Flush();
-    Collection(selection_.EnsureCollection()).Add(item.Ref(), key);
-    Enter(item, std::move(key), hash);
+    std::string strangersKey = item.Own() != nullptr ? std::string() : key;
+    Collection(selection_.EnsureCollection()).Add(item.Ref(), std::move(key));
+    Enter(item, std::move(strangersKey), hash);
 }
 
 void SelectionIndex::Flush() {

@@ -36,7 +36,7 @@ class SelectionIndex {
         bool HasKey(std::string_view key) const;
     };
 
-    void Enter(const SelItem& item, std::string key, size_t hash);
+    void Enter(const SelItem& item, std::string strangersKey, size_t hash);
     /// The first item with that key that was not removed; null when there is none.
     const Entry* Entered(std::string_view key) const;
     bool IsLeaving(size_t hash) const;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "shell/ControlState.h"
 #include "shell/GridColumns.h"
 #include "win32/GridPainter.h"
 
@@ -477,19 +478,16 @@ void GridWindow::FinishEdit() {
 // An editor that was opened and left as it was has changed nothing, so there is nothing to tell.
 bool GridWindow::OfferNumber() {
     if (editedRow_ == 0 || !editor_->Modified()) return true;
-    committing_ = true;
-    const bool accepted = GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
-    committing_ = false;
-    return accepted;
+    const FlagSet committing(committing_);
+    return GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
 }
 
 void GridWindow::CloseEditor() {
     if (!editor_) return;
-    committing_ = true;
+    const FlagSet committing(committing_);
     // The focus stays in the control: the host is not told that it left and came back.
     if (GetFocus() == editor_->Handle()) SetFocus(Handle());
     editor_.reset();
-    committing_ = false;
     editedRow_ = 0;
 }
 
