@@ -5,6 +5,7 @@
 
 #include "enumeration/DefaultFolders.h"
 #include "enumeration/FolderRows.h"
+#include "enumeration/WalkLimits.h"
 #include "enumeration/modCDODefs.h"
 
 namespace foldertree {

@@ -9,7 +9,6 @@
 #include "enumeration/HierarchyTable.h"
 #include "enumeration/NodeExpansion.h"
 #include "enumeration/StoreReader.h"
-#include "enumeration/WalkLimits.h"
 #include "selection/SelectionView.h"
 #include "shell/ControlShell.h"
 
@@ -17,8 +16,6 @@ namespace foldertree {
 
 class RdoTabReader : public StoreReader {
   public:
-    static constexpr int32_t deepestWalkLevel = foldertree::deepestWalkLevel;
-
     RdoTabReader(ControlShell& shell, SelectionView& view) : shell_(shell), view_(view) {}
 
     void ReadDefaultFolders(DefaultFolderIDs& ids) override;
