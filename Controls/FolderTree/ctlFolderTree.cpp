@@ -160,6 +160,7 @@ ctlFolderTree::~ctlFolderTree() {
 
 void ctlFolderTree::UserControl_InitProperties() {
     if (impl_->closing) return;
+    const ChangesTold told(impl_->context.grid);
     impl_->initialised = true;
     Guarded(impl_->context, errorLines::initProperties, [&] {
         ControlState& state = impl_->state;
@@ -179,6 +180,7 @@ void ctlFolderTree::UserControl_InitProperties() {
 
 void ctlFolderTree::UserControl_ReadProperties(PropertyBag& bag) {
     if (impl_->closing) return;
+    const ChangesTold told(impl_->context.grid);
     impl_->initialised = true;
     Guarded(impl_->context, errorLines::readProperties, [&] {
         ReadPersistedProperties(impl_->context, bag);
