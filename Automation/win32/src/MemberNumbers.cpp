@@ -3,6 +3,7 @@
 
 #include <dispex.h>
 
+#include "automation/Text.h"
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComPtr.h"
 
@@ -36,10 +37,8 @@ std::optional<GUID> FixedType(IDispatch* dispatch) {
 }
 
 std::string CacheKey(std::string_view member, std::span<const std::string_view> parameters) {
-    std::string key(member);
-    for (const std::string_view parameter : parameters) (key += '\n') += parameter;
-    for (char& c : key)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    std::string key = FoldAscii(member);
+    for (const std::string_view parameter : parameters) (key += '\n') += FoldAscii(parameter);
     return key;
 }
 
