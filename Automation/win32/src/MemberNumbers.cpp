@@ -46,10 +46,7 @@ std::string CacheKey(std::string_view member, std::span<const std::string_view> 
 HRESULT AskExtended(IDispatch* dispatch, std::string_view member, std::vector<DISPID>& numbers) {
     ComPtr<IDispatchEx> extended;
     if (FAILED(dispatch->QueryInterface(IID_PPV_ARGS(extended.GetAddressOf())))) return E_NOTIMPL;
-    BSTR name = ToBstr(member);
-    const HRESULT result = extended->GetDispID(name, fdexNameCaseInsensitive, numbers.data());
-    SysFreeString(name);
-    return result;
+    return extended->GetDispID(OwnedBstr(member).Get(), fdexNameCaseInsensitive, numbers.data());
 }
 
 HRESULT Ask(IDispatch* dispatch, std::string_view member, std::span<const std::string_view> parameters,
