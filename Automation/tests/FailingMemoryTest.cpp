@@ -74,6 +74,15 @@ TEST(FailingMemory, SparesWhatIsExempt) {
     EXPECT_EQ(memory.Refused(), 1);
 }
 
+TEST(FailingMemory, CountsTheBlocksInUse) {
+    const int64_t before = LiveAllocations();
+    void* const block = ::operator new[](8);
+    EXPECT_EQ(LiveAllocations(), before + 1);
+    ::operator delete[](block);
+    ::operator delete(nullptr);
+    EXPECT_EQ(LiveAllocations(), before);
+}
+
 TEST(FailingMemory, LeavesOtherThreadsAlone) {
     std::atomic<bool> armed = false;
     bool failed = false;

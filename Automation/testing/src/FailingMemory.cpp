@@ -1,6 +1,7 @@
 // FailingMemory: the program's operator new, which a test can make fail.
 #include "automation_testing/FailingMemory.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
@@ -17,6 +18,7 @@ struct Meter {
     int64_t refused;
 };
 thread_local constinit Meter meter{};
+constinit std::atomic<int64_t> live = 0;
 
 /// Counts an allocation; whether it must fail.
 bool Refuse() {
@@ -29,7 +31,15 @@ bool Refuse() {
 }
 
 void* Allocate(std::size_t size) noexcept {
-    return Refuse() ? nullptr : std::malloc(size == 0 ? 1 : size);
+    void* const memory = Refuse() ? nullptr : std::malloc(size == 0 ? 1 : size);
+    if (memory != nullptr) live.fetch_add(1, std::memory_order_relaxed);
+    return memory;
+}
+
+void Free(void* memory) noexcept {
+    if (memory == nullptr) return;
+    live.fetch_sub(1, std::memory_order_relaxed);
+    std::free(memory);
 }
 
 void* AllocateOrThrow(std::size_t size) {
@@ -65,6 +75,10 @@ SparedMemory::~SparedMemory() {
     --meter.spared;
 }
 
+int64_t LiveAllocations() {
+    return live;
+}
+
 int64_t FailEachAllocation(bool andAllAfter, const std::function<bool(const MemoryPlan&)>& run) {
     int64_t failures = 0;
     while (run({failures + 1, andAllAfter})) ++failures;
@@ -75,6 +89,7 @@ int64_t FailEachAllocation(bool andAllAfter, const std::function<bool(const Memo
 
 using automation::testing::Allocate;
 using automation::testing::AllocateOrThrow;
+using automation::testing::Free;
 
 void* operator new(std::size_t size) {
     return AllocateOrThrow(size);
@@ -89,20 +104,20 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     return Allocate(size);
 }
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete[](void* memory) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
+    Free(memory);
 }

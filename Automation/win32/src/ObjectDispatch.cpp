@@ -146,13 +146,16 @@ class EnumVariant final : public ComBase<IEnumVARIANT> {
 
   private:
     bool Step(Value& item) {
-        if (!items_ || !items_->Next(item)) return false;
+        // A step may run anything: a Reset that replaces the items, or the last Release of this.
+        const ComPtr<EnumVariant> alive(this);
+        const std::shared_ptr<Enumerator> items = items_;
+        if (!items || !items->Next(item)) return false;
         ++position_;
         return true;
     }
 
     ObjectRef object_;
-    std::unique_ptr<Enumerator> items_;
+    std::shared_ptr<Enumerator> items_;
     ULONG position_ = 0;
 };
 

@@ -38,6 +38,9 @@ class SparedMemory {
     SparedMemory& operator=(const SparedMemory&) = delete;
 };
 
+/// Blocks of `operator new` that are in use, on all threads: to see that nothing was leaked where no sanitizer looks.
+int64_t LiveAllocations();
+
 /// Runs a scenario again and again, its n-th allocation failing in the n-th run, until a run in which none did; returns
 /// how many runs saw a failure. `run` prepares, acts within a FailingMemory(plan), compares what is left, and returns
 /// whether anything was refused. `andAllAfter` as in MemoryPlan. Every run must ask for memory in the same order.
