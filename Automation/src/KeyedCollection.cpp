@@ -1,7 +1,7 @@
-// KeyedCollection: positions in a deque, so that removing from the front is cheap, and an index over the keys.
+// KeyedCollection: entries in the order of a tree, and an index over the keys.
 #include "automation/KeyedCollection.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace automation {
 
@@ -17,7 +17,9 @@ class CollectionWalk : public Enumerator {
 
     bool Next(Value& item) override {
         if (position_ >= collection_->Count()) return false;
-        item = collection_->Item(++position_);
+        Value next = collection_->Item(position_ + 1);
+        ++position_;
+        item = std::move(next);  // what it held may end, and its end may do anything to the collection and this walk
         return true;
     }
 
@@ -54,54 +56,56 @@ std::unique_ptr<Enumerator> KeyedCollection::NewEnum() {
     return std::make_unique<CollectionWalk>(std::static_pointer_cast<KeyedCollection>(shared_from_this()));
 }
 
-const Value& KeyedCollection::Item(const Value& index) const {
-    if (const std::string* key = index.AsText()) return FindKey(*key).item;
-    return entries_[Position(index)]->item;
+KeyedCollection::~KeyedCollection() {
+    byKey_.clear();
+    for (OrderLink* link = order_.TakeAll(); link != nullptr;) {
+        const std::unique_ptr<Entry> entry(static_cast<Entry*>(link));
+        link = link->right;
+    }
+}
+
+Value KeyedCollection::Item(const Value& index) const {
+    return Find(index).item;
 }
 
 void KeyedCollection::Add(Value item, const Value& key, const Value& before, const Value& after) {
     if (!IsLeftOut(before) && !IsLeftOut(after)) throw VbError(errors::invalidCall);
     if (!IsLeftOut(key) && !key.IsText()) throw VbError(errors::typeMismatch);
 
-    size_t place = entries_.size();
+    int32_t place = Count();
     if (!IsLeftOut(before))
-        place = Position(before);
+        place = order_.PositionOf(Find(before));
     else if (!IsLeftOut(after))
-        place = Position(after) + 1;
+        place = order_.PositionOf(Find(after)) + 1;
 
     auto entry = std::make_unique<Entry>();
     entry->item = std::move(item);
     if (const std::string* text = key.AsText()) entry->key = *text;
     const bool keyed = !entry->key.empty();
-    if (keyed && !byKey_.emplace(entry->key, entry.get()).second) throw VbError(errors::duplicateKey);
-    entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(place), std::move(entry));
+    if (keyed && !byKey_.insert(entry.get()).second) throw VbError(errors::duplicateKey);
+    order_.Insert(place, *entry.release());  // nothing from here on can fail
 }
 
 void KeyedCollection::Remove(const Value& index) {
-    const auto entry = entries_.begin() + static_cast<std::ptrdiff_t>(Position(index));
-    // The item may be the last reference to an object whose end calls back into this collection: take it out first.
-    const std::unique_ptr<Entry> removed = std::move(*entry);
-    entries_.erase(entry);
-    if (!removed->key.empty()) byKey_.erase(removed->key);
+    Entry& entry = Find(index);
+    if (!entry.key.empty()) byKey_.erase(byKey_.find(&entry));  // only the search can fail
+    order_.Remove(entry);
+    // The item may be the last reference to an object whose end calls back into this collection: it goes last.
+    delete &entry;
 }
 
-const KeyedCollection::Entry& KeyedCollection::FindKey(std::string_view key) const {
+KeyedCollection::Entry& KeyedCollection::FindKey(std::string_view key) const {
     const auto found = byKey_.find(key);
     if (found == byKey_.end()) throw VbError(errors::invalidCall);
-    return *found->second;
+    return **found;
 }
 
-size_t KeyedCollection::Position(const Value& index) const {
-    if (const std::string* key = index.AsText()) {
-        const Entry* wanted = &FindKey(*key);
-        const auto found = std::find_if(entries_.begin(), entries_.end(),
-                                        [wanted](const auto& entry) { return entry.get() == wanted; });
-        return static_cast<size_t>(found - entries_.begin());
-    }
+KeyedCollection::Entry& KeyedCollection::Find(const Value& index) const {
+    if (const std::string* key = index.AsText()) return FindKey(*key);
     if (IsLeftOut(index)) throw VbError(errors::typeMismatch);
     const int32_t position = index.ToLong();
     if (position < 1 || position > Count()) throw VbError(errors::subscript);
-    return static_cast<size_t>(position) - 1;
+    return static_cast<Entry&>(*order_.At(position - 1));
 }
 
 }  // namespace automation

@@ -21,9 +21,6 @@ bool IsBlank(char c) {
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
-char Upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-}
 
 std::string_view WithoutBlanksAround(std::string_view text) {
     while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
@@ -52,7 +49,7 @@ size_t NumberLength(std::string_view text) {
         end += 1 + fraction;
     }
     if (digits == 0) return 0;
-    if (end < text.size() && Upper(text[end]) == 'E') {
+    if (end < text.size() && FoldAscii(text[end]) == 'e') {
         const size_t exponent = end + 1 + SignAt(text, end + 1);
         const size_t exponentDigits = DigitsAt(text, exponent);
         if (exponentDigits > 0) end = exponent + exponentDigits;
@@ -135,11 +132,11 @@ double Val(std::string_view text) {
     for (const char c : text) {
         if (IsBlank(c)) continue;
         if (static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) >= 0x80) break;
-        compact.push_back(Upper(c) == 'D' && (compact.empty() || compact[0] != '&') ? 'E' : c);
+        compact.push_back(FoldAscii(c) == 'd' && (compact.empty() || compact[0] != '&') ? 'E' : c);
     }
-    if (compact.size() > 2 && compact[0] == '&' && Upper(compact[1]) == 'H')
+    if (compact.size() > 2 && compact[0] == '&' && FoldAscii(compact[1]) == 'h')
         return ReadRadix(std::string_view(compact).substr(2), 16);
-    if (compact.size() > 2 && compact[0] == '&' && Upper(compact[1]) == 'O')
+    if (compact.size() > 2 && compact[0] == '&' && FoldAscii(compact[1]) == 'o')
         return ReadRadix(std::string_view(compact).substr(2), 8);
     const size_t length = NumberLength(compact);
     return length == 0 ? 0.0 : ReadNumber(std::string_view(compact).substr(0, length));

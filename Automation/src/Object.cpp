@@ -1,15 +1,9 @@
 // Object: the parts of an automation object that are the same for all.
 #include "automation/Object.h"
 
+#include "automation/Text.h"
+
 namespace automation {
-
-namespace {
-
-char LowerAscii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-}  // namespace
 
 Value Object::InvokeFrom(int line, const Invocation& call) {
     // An outside call lets messages in, and inside it the caller's only reference may go.
@@ -26,7 +20,7 @@ Value Object::InvokeFrom(int line, const Invocation& call) {
 bool SameMember(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) return false;
     for (size_t i = 0; i < a.size(); ++i)
-        if (LowerAscii(a[i]) != LowerAscii(b[i])) return false;
+        if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
     return true;
 }
 

@@ -23,9 +23,6 @@ bool IsHighSurrogate(char32_t c) {
 bool IsLowSurrogate(char32_t c) {
     return c >= 0xDC00 && c <= 0xDFFF;
 }
-char FoldAscii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
 
 /// Without a branch in the loop, so that long identifiers cost little.
 bool AllAscii(std::string_view text) {
@@ -142,12 +139,14 @@ char32_t FoldCharacter(char32_t character) {
     return static_cast<char32_t>(static_cast<int32_t>(character) + range->delta);
 }
 
+std::string FoldAscii(std::string_view text) {
+    std::string folded(text);
+    for (char& character : folded) character = FoldAscii(character);
+    return folded;
+}
+
 std::string FoldCase(std::string_view text) {
-    if (AllAscii(text)) {
-        std::string folded(text);
-        for (char& character : folded) character = FoldAscii(character);
-        return folded;
-    }
+    if (AllAscii(text)) return FoldAscii(text);
     std::string folded;
     folded.reserve(text.size());
     for (size_t position = 0; position < text.size();) {

@@ -68,6 +68,14 @@ TEST(Text, AlphabetsFoldToTheirSmallLetters) {
     EXPECT_EQ(FoldCase("ẠẾỲỸ"), "ạếỳỹ");
 }
 
+TEST(Text, FoldingOfAsciiLeavesOtherScriptsAlone) {
+    EXPECT_EQ(FoldAscii("AZ[az@ ÄЯ"), "az[az@ ÄЯ");
+    for (int byte = 0; byte < 256; ++byte) {
+        const char character = static_cast<char>(byte);
+        EXPECT_EQ(FoldAscii(character), byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : character);
+    }
+}
+
 TEST(Text, LettersWithoutAPartnerStayAsTheyAre) {
     const std::string others = "ßſςµ×÷ıİ日本אב" + smiley + loneHigh + loneLow + "\xFF\x80";
     EXPECT_EQ(FoldCase(others), others);

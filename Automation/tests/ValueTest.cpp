@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <new>
+#include <vector>
 
 #include "automation/KeyedCollection.h"
+#include "automation_testing/FailingMemory.h"
 
 namespace automation {
 namespace {
@@ -128,6 +131,54 @@ TEST(Value, ArraysKeepTheirBoundsAndAreSharedByCopies) {
     EXPECT_EQ(Value(Bytes{0, {1, 2}}).AsBytes()->items.size(), 2u);
     EXPECT_EQ(Value(1).AsArray(), nullptr);
     EXPECT_EQ(Array{}.UpperBound(), -1);
+}
+
+TEST(Value, TheUpperBoundOfAnArrayIsRightAtTheEndsOfTheNumbers) {
+    EXPECT_EQ((Array{INT32_MIN, {}}.UpperBound()), int64_t{INT32_MIN} - 1);
+    EXPECT_EQ((Array{INT32_MAX, {1, 2}}.UpperBound()), int64_t{INT32_MAX} + 1);
+    EXPECT_EQ((Array{INT32_MAX, {1}}.UpperBound()), INT32_MAX);
+}
+
+TEST(Value, ACopyForWhichThereIsNoMemoryIsNotMade) {
+    const Value original = std::string(100, 't');
+    const Array array{0, {original, original}};
+    Value assigned = 7;
+    int failures = 0;
+    for (const std::function<void()>& copy : std::vector<std::function<void()>>{
+             [&] { const Value made = original; },
+             [&] { assigned = original; },
+             [&] { const Value made = Array(array); },
+         }) {
+        failures += static_cast<int>(testing::FailEachAllocation(false, [&](const testing::MemoryPlan& plan) {
+            const testing::FailingMemory memory(plan);
+            try {
+                copy();
+            } catch (const std::bad_alloc&) {
+            }
+            return memory.Refused() > 0;
+        }));
+        EXPECT_EQ(original.ToText(), std::string(100, 't'));
+    }
+    EXPECT_EQ(assigned.ToText(), original.ToText());
+    EXPECT_GE(failures, 5);
+}
+
+TEST(Value, WhatAnAssignmentReplacesEndsWhenTheNewValueIsThere) {
+    struct Last : Object {
+        explicit Last(std::function<void()> action) : action_(std::move(action)) {}
+        ~Last() override { action_(); }
+        Value Invoke(const Invocation&) override { return {}; }
+        bool HasMember(std::string_view) const override { return false; }
+        std::function<void()> action_;
+    };
+    const Value others[] = {7, "text", Array{}, std::make_shared<KeyedCollection>(), Value()};
+    for (const Value& other : others) {
+        Value value;
+        Value seen = "not called";
+        value = std::make_shared<Last>([&] { seen = value; });
+        value = other;
+        EXPECT_EQ(seen.Raw(), other.Raw()) << other.TypeName();
+    }
 }
 
 }  // namespace

@@ -2,13 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <unordered_set>
 
 #include "automation/Object.h"
+#include "automation/OrderTree.h"
 #include "automation/TabledObject.h"
 #include "automation/TextHash.h"
 
@@ -18,6 +18,8 @@ namespace automation {
 /// is a 1-based position or a key; keys are unique and compared without regard to case. An empty key is no key. Errors:
 /// 457 duplicate key, 5 unknown key or both Before and After, 9 position out of range, 13 an index of another type. An
 /// enumerator stays usable when the collection changes; it then goes on at the same position.
+/// A member that fails, for want of memory too, has changed nothing. The end of an item may use the collection. Adding
+/// anywhere, removing by position and removing by key all take O(log n).
 class KeyedCollection : public TabledObject<KeyedCollection> {
   public:
     static constexpr bool hasDefaultMember = true;
@@ -25,22 +27,34 @@ class KeyedCollection : public TabledObject<KeyedCollection> {
 
     std::unique_ptr<Enumerator> NewEnum() override;
 
-    int32_t Count() const { return static_cast<int32_t>(entries_.size()); }
-    const Value& Item(const Value& index) const;
+    ~KeyedCollection() override;
+
+    int32_t Count() const { return order_.Count(); }
+    Value Item(const Value& index) const;
     void Add(Value item, const Value& key, const Value& before, const Value& after);
     void Remove(const Value& index);
 
   private:
-    struct Entry {
+    struct Entry : OrderLink {
         Value item;
         std::string key;  ///< empty when the entry has no key
     };
-    const Entry& FindKey(std::string_view key) const;
-    size_t Position(const Value& index) const;  ///< 0-based
+    struct KeyHash : CaselessHash {
+        using CaselessHash::operator();
+        size_t operator()(const Entry* entry) const { return (*this)(std::string_view(entry->key)); }
+    };
+    struct SameKey : CaselessEqual {
+        using CaselessEqual::operator();
+        bool operator()(const Entry* a, const Entry* b) const { return (*this)(a->key, b->key); }
+        bool operator()(std::string_view key, const Entry* entry) const { return (*this)(key, entry->key); }
+        bool operator()(const Entry* entry, std::string_view key) const { return (*this)(entry->key, key); }
+    };
 
-    std::deque<std::unique_ptr<Entry>> entries_;
-    std::unordered_map<std::string_view, Entry*, CaselessHash, CaselessEqual>
-        byKey_;  ///< its keys are the entries' own texts
+    Entry& FindKey(std::string_view key) const;
+    Entry& Find(const Value& index) const;
+
+    OrderTree order_;  ///< of all entries; they belong to the collection
+    std::unordered_set<Entry*, KeyHash, SameKey> byKey_;
 };
 
 }  // namespace automation

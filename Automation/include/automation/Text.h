@@ -18,6 +18,12 @@ size_t CharacterCount(std::string_view text);
 /// The byte offset at which the character number `count` (0-based) starts; the text's size when it has fewer.
 size_t OffsetOfCharacter(std::string_view text, size_t count);
 
+/// The small letter for A-Z; any other byte as it is. For names and words that are ASCII alone.
+constexpr char FoldAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+std::string FoldAscii(std::string_view text);
+
 /// Simple case folding: A-Z, and the one-to-one pairs of the Latin, Greek, Cyrillic, Armenian and full-width letters.
 char32_t FoldCharacter(char32_t character);
 std::string FoldCase(std::string_view text);

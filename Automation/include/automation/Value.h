@@ -46,7 +46,8 @@ struct Date {
 struct Array {
     int32_t lowerBound = 0;
     std::vector<Value> items;
-    int32_t UpperBound() const { return lowerBound + static_cast<int32_t>(items.size()) - 1; }
+    /// Beyond 32 bits where bounds and items do not fit together, as in an empty array that starts at the least number.
+    int64_t UpperBound() const { return lowerBound + static_cast<int64_t>(items.size()) - 1; }
 };
 
 /// A one-dimensional array of bytes (VT_ARRAY|VT_UI1).
@@ -61,6 +62,14 @@ struct Bytes {
 class Value {
   public:
     Value() = default;
+    Value(const Value& other) : data_(Copy(other.data_)) {}
+    Value(Value&&) noexcept = default;
+    ~Value() = default;
+    /// What the value held ends when the new one is in place: the end of an object may run anything.
+    Value& operator=(Value other) noexcept {
+        data_.swap(other.data_);
+        return *this;
+    }
     Value(bool value) : data_(value) {}                         // NOLINT(google-explicit-constructor)
     Value(int32_t value) : data_(value) {}                      // NOLINT
     Value(double value) : data_(value) {}                       // NOLINT
@@ -115,7 +124,13 @@ class Value {
     const Storage& Raw() const { return data_; }
 
   private:
-    explicit Value(Storage data) : data_(std::move(data)) {}
+    explicit Value(Storage data) noexcept : data_(std::move(data)) {}
+    /// Texts are copied before the variant is made. They alone can fail, and a variant of libstdc++ 12 whose copying
+    /// fails ends a member that it does not have.
+    static Storage Copy(const Storage& data) {
+        if (const auto* text = std::get_if<std::string>(&data)) return Storage(std::string(*text));
+        return Storage(data);
+    }
     template <class T>
     bool Holds() const {
         return std::holds_alternative<T>(data_);

@@ -22,6 +22,7 @@ class DispatchArguments {
   public:
     DispatchArguments(const Invocation& call, std::span<const DISPID> namedNumbers)
         : variants_(call.arguments.size() + call.named.size()), named_(namedNumbers.begin(), namedNumbers.end()) {
+        if (call.access != Access::Call) named_.insert(named_.begin(), DISPID_PROPERTYPUT);
         for (VARIANT& variant : variants_) VariantInit(&variant);
         try {
             auto place = variants_.begin();
@@ -31,7 +32,6 @@ class DispatchArguments {
             Clear();
             throw;
         }
-        if (call.access != Access::Call) named_.insert(named_.begin(), DISPID_PROPERTYPUT);
     }
     ~DispatchArguments() { Clear(); }
     DispatchArguments(const DispatchArguments&) = delete;

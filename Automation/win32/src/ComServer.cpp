@@ -65,12 +65,10 @@ HRESULT ComServer::CanUnloadNow() const noexcept {
 }
 
 HRESULT ComServer::Register(RegistryScope scope, const std::vector<std::wstring>& options) const noexcept {
-    const HRESULT result = ComBoundary([&] {
+    return ComBoundary([&] {
         WriteServerKeys(*this, options, RegistryKey::Classes(scope == RegistryScope::User));
         return S_OK;
     });
-    if (FAILED(result)) Unregister(scope);
-    return result;
 }
 
 HRESULT ComServer::Unregister(RegistryScope scope) const noexcept {

@@ -120,8 +120,13 @@ void RegisterWrapperMaker(WrapperMaker maker) {
 WrapperEntry::WrapperEntry(const Object* object, IDispatch* wrapper) : object_(object), wrapper_(wrapper) {
     Tables& tables = TheTables();
     const std::lock_guard lock(tables.mutex);
-    tables.wrappers[object] = wrapper;
     tables.own.insert(wrapper);
+    try {
+        tables.wrappers[object] = wrapper;
+    } catch (...) {
+        tables.own.erase(wrapper);
+        throw;
+    }
 }
 
 WrapperEntry::~WrapperEntry() {

@@ -3,6 +3,7 @@
 
 #include <dispex.h>
 
+#include "automation/Text.h"
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComPtr.h"
 
@@ -36,10 +37,8 @@ std::optional<GUID> FixedType(IDispatch* dispatch) {
 }
 
 std::string CacheKey(std::string_view member, std::span<const std::string_view> parameters) {
-    std::string key(member);
-    for (const std::string_view parameter : parameters) (key += '\n') += parameter;
-    for (char& c : key)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    std::string key = FoldAscii(member);
+    for (const std::string_view parameter : parameters) (key += '\n') += FoldAscii(parameter);
     return key;
 }
 
@@ -47,10 +46,7 @@ std::string CacheKey(std::string_view member, std::span<const std::string_view> 
 HRESULT AskExtended(IDispatch* dispatch, std::string_view member, std::vector<DISPID>& numbers) {
     ComPtr<IDispatchEx> extended;
     if (FAILED(dispatch->QueryInterface(IID_PPV_ARGS(extended.GetAddressOf())))) return E_NOTIMPL;
-    BSTR name = ToBstr(member);
-    const HRESULT result = extended->GetDispID(name, fdexNameCaseInsensitive, numbers.data());
-    SysFreeString(name);
-    return result;
+    return extended->GetDispID(OwnedBstr(member).Get(), fdexNameCaseInsensitive, numbers.data());
 }
 
 HRESULT Ask(IDispatch* dispatch, std::string_view member, std::span<const std::string_view> parameters,

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/Text.h"
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComError.h"
 #include "automation_win32/Module.h"
@@ -21,13 +22,14 @@ namespace {
 class NameTable {
   public:
     DISPID NumberOf(std::string_view name) {
-        std::string folded(name);
-        for (char& c : folded)
-            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+        std::string folded = FoldAscii(name);
         const std::lock_guard lock(mutex_);
-        const auto [entry, added] = numbers_.emplace(std::move(folded), static_cast<DISPID>(names_.size() + 1));
-        if (added) names_.emplace_back(name);
-        return entry->second;
+        if (const auto known = numbers_.find(folded); known != numbers_.end()) return known->second;
+        // Should there be no memory for the second step, the number of the first is never used again.
+        names_.emplace_back(name);
+        const auto number = static_cast<DISPID>(names_.size());
+        numbers_.emplace(std::move(folded), number);
+        return number;
     }
 
     /// Throws Error 0x80020003 for a number that was never given.
@@ -144,13 +146,16 @@ class EnumVariant final : public ComBase<IEnumVARIANT> {
 
   private:
     bool Step(Value& item) {
-        if (!items_ || !items_->Next(item)) return false;
+        // A step may run anything: a Reset that replaces the items, or the last Release of this.
+        const ComPtr<EnumVariant> alive(this);
+        const std::shared_ptr<Enumerator> items = items_;
+        if (!items || !items->Next(item)) return false;
         ++position_;
         return true;
     }
 
     ObjectRef object_;
-    std::unique_ptr<Enumerator> items_;
+    std::shared_ptr<Enumerator> items_;
     ULONG position_ = 0;
 };
 

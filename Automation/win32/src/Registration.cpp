@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+#include "RegistryEdit.h"
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComError.h"
 #include "automation_win32/Module.h"
@@ -50,15 +51,15 @@ std::wstring Hexadecimal(WORD number) {
 Library LoadLibraryOf(const std::wstring& path) {
     Library library;
     Check(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.types.GetAddressOf()));
-    TLIBATTR* attributes = nullptr;
-    Check(library.types->GetLibAttr(&attributes));
-    library.id = GuidText(attributes->guid);
-    library.version = Hexadecimal(attributes->wMajorVerNum) + L"." + Hexadecimal(attributes->wMinorVerNum);
-    library.types->ReleaseTLibAttr(attributes);
-    BSTR title = nullptr;
-    if (SUCCEEDED(library.types->GetDocumentation(-1, nullptr, &title, nullptr, nullptr)) && title != nullptr)
-        library.title = title;
-    SysFreeString(title);
+    TLIBATTR* described = nullptr;
+    Check(library.types->GetLibAttr(&described));
+    const TLIBATTR attributes = *described;
+    library.types->ReleaseTLibAttr(described);
+    library.id = GuidText(attributes.guid);
+    library.version = Hexadecimal(attributes.wMajorVerNum) + L"." + Hexadecimal(attributes.wMinorVerNum);
+    OwnedBstr title;
+    if (SUCCEEDED(library.types->GetDocumentation(-1, nullptr, title.Out(), nullptr, nullptr)))
+        library.title = title.Wide();
     return library;
 }
 
@@ -73,25 +74,23 @@ void ForEachInterface(const Library& library, const std::function<void(const Int
     const UINT count = library.types->GetTypeInfoCount();
     for (UINT i = 0; i < count; ++i) {
         ComPtr<ITypeInfo> info;
-        TYPEATTR* attributes = nullptr;
+        TYPEATTR* described = nullptr;
         Check(library.types->GetTypeInfo(i, info.GetAddressOf()));
-        Check(info->GetTypeAttr(&attributes));
-        const bool dual = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
-        const bool dispatch = attributes->typekind == TKIND_DISPATCH;
+        Check(info->GetTypeAttr(&described));
+        const TYPEATTR attributes = *described;
+        info->ReleaseTypeAttr(described);
+        const bool dual = (attributes.wTypeFlags & TYPEFLAG_FDUAL) != 0;
+        const bool dispatch = attributes.typekind == TKIND_DISPATCH;
         const bool automatic =
-            attributes->typekind == TKIND_INTERFACE && (attributes->wTypeFlags & TYPEFLAG_FOLEAUTOMATION);
-        const std::wstring id = GuidText(attributes->guid);
-        info->ReleaseTypeAttr(attributes);
+            attributes.typekind == TKIND_INTERFACE && (attributes.wTypeFlags & TYPEFLAG_FOLEAUTOMATION) != 0;
         if (!dispatch && !automatic) continue;
-        BSTR name = nullptr;
-        Check(info->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
-        const Interface found{id, name == nullptr ? L"" : name, dispatch && !dual};
-        SysFreeString(name);
-        action(found);
+        OwnedBstr name;
+        Check(info->GetDocumentation(MEMBERID_NIL, name.Out(), nullptr, nullptr, nullptr));
+        action({GuidText(attributes.guid), name.Wide(), dispatch && !dual});
     }
 }
 
-void WriteLibrary(const Library& library, const std::wstring& path, const RegistryKey& classes) {
+void WriteLibrary(const Library& library, const std::wstring& path, RegistryEdit& classes) {
     const std::wstring key = L"TypeLib\\" + library.id + L"\\" + library.version;
     classes.Write(key, L"", library.title);
     classes.Write(key + L"\\0\\" + platformKey, L"", path);
@@ -125,7 +124,7 @@ void RemoveLibrary(const Library& library, const RegistryKey& classes) {
 }
 
 void WriteClass(const ServerClass& entry, const std::wstring& path, const std::optional<Library>& library,
-                const RegistryKey& classes) {
+                RegistryEdit& classes) {
     const std::wstring id = GuidText(entry.clsid);
     const std::wstring key = L"CLSID\\" + id;
     classes.Write(entry.progId, L"", entry.title);
@@ -176,12 +175,14 @@ void ThrowIfTaken(const ServerClass& entry, const RegistryKey& classes) {
 void WriteServerKeys(const ComServer& server, const std::vector<std::wstring>& options, const RegistryKey& classes) {
     const std::wstring path = ModulePath(server.module);
     const std::optional<Library> library = LibraryOf(server, path);
-    if (library) WriteLibrary(*library, path, classes);
+    RegistryEdit edit(classes);
+    if (library) WriteLibrary(*library, path, edit);
     for (const ServerClass& entry : server.classes) {
         if (!IsWanted(entry, options)) continue;
         if (!entry.option.empty()) ThrowIfTaken(entry, classes);
-        WriteClass(entry, path, library, classes);
+        WriteClass(entry, path, library, edit);
     }
+    edit.Keep();
 }
 
 void RemoveServerKeys(const ComServer& server, const RegistryKey& classes) {

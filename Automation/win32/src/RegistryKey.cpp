@@ -47,15 +47,53 @@ void RegistryKey::RemoveTree(const std::wstring& subkey) const {
 }
 
 void RegistryKey::RemoveIfBare(const std::wstring& subkey) const {
+    CheckWin32(BareRemoval(subkey));
+}
+
+LSTATUS RegistryKey::BareRemoval(const std::wstring& subkey) const noexcept {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(key_, subkey.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+    if (RegOpenKeyExW(key_, subkey.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return ERROR_SUCCESS;
     DWORD subkeys = 0;
     DWORD values = 0;
     const LSTATUS status = RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, &values,
                                             nullptr, nullptr, nullptr, nullptr);
     RegCloseKey(key);
-    CheckWin32(status);
-    if (subkeys == 0 && values == 0) RemoveTree(subkey);
+    if (status != ERROR_SUCCESS || subkeys != 0 || values != 0) return status;
+    const LSTATUS removed = RegDeleteTreeW(key_, subkey.c_str());
+    return removed == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : removed;
+}
+
+bool RegistryKey::Has(const std::wstring& subkey) const {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(key_, subkey.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+    RegCloseKey(key);
+    return true;
+}
+
+std::optional<RegistryValue> RegistryKey::ReadRaw(const std::wstring& subkey, const std::wstring& name) const {
+    RegistryValue value;
+    constexpr DWORD anyType = RRF_RT_ANY | RRF_NOEXPAND;
+    while (true) {
+        auto size = static_cast<DWORD>(value.bytes.size());
+        const LSTATUS status = RegGetValueW(key_, subkey.c_str(), name.c_str(), anyType, &value.type,
+                                            value.bytes.empty() ? nullptr : value.bytes.data(), &size);
+        if (status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND) return std::nullopt;
+        if (status != ERROR_MORE_DATA) CheckWin32(status);
+        const bool whole = status == ERROR_SUCCESS && (size == 0 || !value.bytes.empty());
+        value.bytes.resize(size);
+        if (whole) return value;
+    }
+}
+
+void RegistryKey::RestoreRaw(const std::wstring& subkey, const std::wstring& name,
+                             const std::optional<RegistryValue>& value) const noexcept {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(key_, subkey.c_str(), 0, KEY_WRITE, &key) != ERROR_SUCCESS) return;
+    if (value)
+        RegSetValueExW(key, name.c_str(), 0, value->type, value->bytes.data(), static_cast<DWORD>(value->bytes.size()));
+    else
+        RegDeleteValueW(key, name.c_str());
+    RegCloseKey(key);
 }
 
 }  // namespace automation

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "automation/KeyedCollection.h"
+#include "automation_testing/FailingMemory.h"
 #include "automation_win32/Crossing.h"
 #include "automation_win32/ModuleLock.h"
 
@@ -31,6 +32,21 @@ ComServer Server() {
     return {GetModuleHandleW(nullptr), true, {thing}};
 }
 
+/// The values of a key, each with its type and its bytes.
+void AddValues(HKEY key, const std::wstring& path, Paths& paths) {
+    for (DWORD index = 0;; ++index) {
+        wchar_t name[256];
+        BYTE bytes[2048];
+        DWORD length = 256;
+        DWORD type = 0;
+        DWORD size = sizeof bytes;
+        if (RegEnumValueW(key, index, name, &length, nullptr, &type, bytes, &size) != ERROR_SUCCESS) return;
+        std::wstring text = path + L"|" + name + L"=" + std::to_wstring(type) + L":";
+        for (DWORD i = 0; i < size; ++i) text += std::to_wstring(bytes[i]) + L" ";
+        paths.push_back(text);
+    }
+}
+
 void AddKeys(HKEY parent, const std::wstring& path, Paths& paths) {
     for (DWORD index = 0;; ++index) {
         wchar_t name[256];
@@ -39,12 +55,13 @@ void AddKeys(HKEY parent, const std::wstring& path, Paths& paths) {
         paths.push_back(path + L"\\" + name);
         HKEY key = nullptr;
         if (RegOpenKeyExW(parent, name, 0, KEY_READ, &key) != ERROR_SUCCESS) continue;
+        AddValues(key, path + L"\\" + name, paths);
         AddKeys(key, path + L"\\" + name, paths);
         RegCloseKey(key);
     }
 }
 
-/// All keys below the user's classes.
+/// All keys below the user's classes, and their values.
 Paths UserKeys() {
     Paths paths;
     HKEY key = nullptr;
@@ -207,6 +224,68 @@ TEST(ComServer, AClassWithAnOptionIsRegisteredOnlyWhenItIsNamed) {
     EXPECT_EQ(UserValue(famousClassValue), L"{5B8F0A54-6A5B-4B3E-9F0A-1F6C7F4F2C55}");
     ASSERT_EQ(server.Install(FALSE, L"user"), S_OK);
     EXPECT_EQ(UserKeys(), before);
+}
+
+void SetUserValue(const std::wstring& key, const wchar_t* name, DWORD type, const void* bytes, size_t size) {
+    const std::wstring path = L"Software\\Classes\\" + key;
+    ASSERT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), name, type, bytes, static_cast<DWORD>(size)),
+              ERROR_SUCCESS);
+}
+
+TEST(ComServer, ARegistrationThatFailsLeavesTheEarlierOneAsItWas) {
+    ComServer server = ServerWithStandIn();
+    const Paths clean = UserKeys();
+    ASSERT_EQ(server.Install(TRUE, L"user"), S_OK);
+    // As another version may have left it: other texts and types, values that we do not write, a key that is missing.
+    constexpr wchar_t earlierPath[] = L"%ProgramFiles%\\earlier.ocx";
+    SetUserValue(thingKey + L"\\InprocServer32", L"", REG_EXPAND_SZ, earlierPath, sizeof earlierPath);
+    SetUserValue(thingKey + L"\\InprocServer32", L"ThreadingModel", REG_BINARY, "", 0);
+    SetUserValue(thingKey + L"\\Control", L"note", REG_DWORD, "\1\2\3", 4);
+    RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Classes\\" + thingKey + L"\\MiscStatus").c_str());
+    constexpr wchar_t owner[] = L"{11111111-2222-3333-4444-555555555555}";
+    SetUserValue(famousClassValue, L"", REG_SZ, owner, sizeof owner);
+    const Paths before = UserKeys();
+
+    EXPECT_EQ(server.Install(TRUE, L"user stand-in"), HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS));
+    EXPECT_EQ(UserKeys(), before);
+    server.classes[1].option.clear();
+    server.classes[1].progId = L"AutomationTest." + std::wstring(300, L'x');  // longer than a key's name may be
+    EXPECT_TRUE(FAILED(server.Register(RegistryScope::User)));
+    EXPECT_EQ(UserKeys(), before);
+
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\AutomationTest.Famous");
+    EXPECT_EQ(ServerWithStandIn().Install(FALSE, L"user"), S_OK);
+    EXPECT_EQ(UserKeys(), clean);
+}
+
+TEST(ComServer, ARegistrationForWhichThereIsNoMemoryChangesNothing) {
+    const ComServer server = Server();
+    const Paths clean = UserKeys();
+    ASSERT_EQ(server.Register(RegistryScope::User), S_OK);
+    constexpr wchar_t earlier[] = L"Title of an earlier version";
+    SetUserValue(thingKey, L"", REG_SZ, earlier, sizeof earlier);
+    const Paths before = UserKeys();
+
+    for (const bool andAllAfter : {false, true}) {
+        SetUserValue(thingKey, L"", REG_SZ, earlier, sizeof earlier);
+        const int64_t failures = testing::FailEachAllocation(andAllAfter, [&](const testing::MemoryPlan& plan) {
+            HRESULT result = S_OK;
+            int64_t refused = 0;
+            {
+                const testing::FailingMemory memory(plan);
+                result = server.Register(RegistryScope::User);
+                refused = memory.Refused();
+            }
+            if (refused == 0) return false;
+            EXPECT_EQ(result, E_OUTOFMEMORY) << plan.first;
+            EXPECT_EQ(UserKeys(), before) << plan.first;
+            return !HasFailure();
+        });
+        EXPECT_GT(failures, 100);
+    }
+    EXPECT_EQ(UserValue(thingKey), L"Thing of a test");
+    EXPECT_EQ(server.Unregister(RegistryScope::User), S_OK);
+    EXPECT_EQ(UserKeys(), clean);
 }
 
 TEST(ComServer, AStandInNeitherTakesNorRemovesTheNameOfAnInstalledClass) {

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "automation/KeyedCollection.h"
 #include "automation_testing/ScriptedObject.h"
 #include "automation_win32/Bstr.h"
@@ -201,6 +204,44 @@ TEST_F(ObjectDispatchTest, AnEnumerationThatFailsHandsOutNothing) {
     EXPECT_EQ(items->Next(2, two, &fetched), ToHresult(9));
     EXPECT_EQ(fetched, 0u);
     EXPECT_EQ(V_VT(&two[0]), VT_EMPTY);
+}
+
+/// A walk whose step does something else first.
+class InterruptedWalk : public ScriptedObject {
+  public:
+    std::function<void()> inStep;
+
+    std::unique_ptr<Enumerator> NewEnum() override {
+        struct Walk : Enumerator {
+            explicit Walk(InterruptedWalk& object) : object_(object) {}
+            ~Walk() override { ++object_.ended; }
+            bool Next(Value& item) override {
+                if (object_.inStep) std::exchange(object_.inStep, nullptr)();
+                object_.endedInStep = object_.ended;
+                item = 7;
+                return true;
+            }
+            InterruptedWalk& object_;
+        };
+        return std::make_unique<Walk>(*this);
+    }
+    int ended = 0;  ///< walks
+    int endedInStep = -1;
+};
+
+TEST(ObjectDispatch, AWalkMayBeResetAndReleasedInTheMiddleOfAStep) {
+    const auto object = std::make_shared<InterruptedWalk>();
+    ComPtr<IEnumVARIANT> walk = MakeEnumVariant(object);
+    object->inStep = [&] {
+        ASSERT_EQ(walk->Reset(), S_OK);
+        walk.Reset();
+    };
+    IEnumVARIANT* const raw = walk.Get();
+    Variant item;
+    EXPECT_EQ(raw->Next(1, item.Out(), nullptr), S_OK);
+    EXPECT_EQ(item.ToValue().ToLong(), 7);
+    EXPECT_EQ(object->endedInStep, 0);
+    EXPECT_EQ(object->ended, 2);
 }
 
 }  // namespace

@@ -39,7 +39,8 @@ struct ComServer {
     HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out) const noexcept;
     HRESULT CanUnloadNow() const noexcept;
     /// Writes ProgID, CLSID, InprocServer32 (apartment threading), Programmable, TypeLib and Interface keys. What
-    /// failed half way is taken out again. Of the classes with an option only those in `options` are written.
+    /// failed half way is taken back, and what was registered before stays. Of the classes with an option only those in
+    /// `options` are written.
     HRESULT Register(RegistryScope scope, const std::vector<std::wstring>& options = {}) const noexcept;
     /// Removes everything that Register wrote; keys that are not there are no failure.
     HRESULT Unregister(RegistryScope scope) const noexcept;
