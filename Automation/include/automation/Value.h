@@ -46,7 +46,7 @@ struct Date {
 struct Array {
     int32_t lowerBound = 0;
     std::vector<Value> items;
-    int32_t UpperBound() const { return lowerBound + static_cast<int32_t>(items.size()) - 1; }
+    int32_t UpperBound() const;
 };
 
 /// A one-dimensional array of bytes (VT_ARRAY|VT_UI1).
@@ -123,5 +123,9 @@ class Value {
 
     Storage data_;
 };
+
+inline int32_t Array::UpperBound() const {
+    return lowerBound + static_cast<int32_t>(items.size()) - 1;
+}
 
 }  // namespace automation
