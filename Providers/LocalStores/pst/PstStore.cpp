@@ -145,8 +145,9 @@ class TreeReader {
 
 }  // namespace
 
-std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_view path) {
-    const PffFile pff(file, path);
+std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_view path, const PstLimits& limits) {
+    PstReading reading(path, limits);
+    const PffFile pff(file, reading);
     TreeReader tree(pff, path);
 
     StoreDescription store;
@@ -159,6 +160,8 @@ std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_vi
     store.defaultFolders = tree.DefaultFolders();
     store.ipmRoot = tree.IpmRoot();
     store.root = tree.TakeRoot();
+    // What was taken for missing may be what was not read any more.
+    reading.CheckLimits();
     return std::make_shared<Store>(std::move(store));
 }
 
