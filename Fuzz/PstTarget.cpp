@@ -84,6 +84,12 @@ std::string DamagedFile(fuzz::FuzzInput input) {
 
 }  // namespace
 
+/// Where two columns of a damaged table have one number, libpff forgets the first of them. Nothing that we call gives
+/// these 24 bytes back; docs/stores.md says what that costs.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libpff_column_definition_initialize";
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const fuzz::ScratchDirectory scratch;
     static const std::string path = (scratch.Path() / "damaged.pst").string();

@@ -204,7 +204,7 @@ bool Same(const Value& a, const Value& b) {
 }
 
 /// The system's own conversion of what is a number.
-void CompareWithSystem(const VARIANT& variant, const Value& value) {
+void CompareWithSystem(VARIANT& variant, const Value& value) {
     const VARTYPE type = V_VT(&variant) & VT_TYPEMASK;
     if ((V_VT(&variant) & (VT_ARRAY | VT_VECTOR)) || type == VT_BSTR || type == VT_VARIANT || type == VT_DISPATCH ||
         type == VT_UNKNOWN || type == VT_ERROR || type == VT_NULL || type == VT_EMPTY)
@@ -223,7 +223,7 @@ void CompareWithSystem(const VARIANT& variant, const Value& value) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::FuzzInput input(data, size);
     VariantMaker maker(input);
-    const VARIANT variant = maker.Make(0);
+    VARIANT variant = maker.Make(0);
     try {
         const Value value = automation::FromVariant(variant);
         CompareWithSystem(variant, value);
