@@ -203,11 +203,12 @@ bool Same(const Value& a, const Value& b) {
     return a.Raw().index() == b.Raw().index() && std::visit(SameAs{b}, a.Raw());
 }
 
-/// The system's own conversion of what is a number.
+/// The system's own conversion of what is a number. It takes a Boolean that is neither true nor false for a number,
+/// too.
 void CompareWithSystem(VARIANT& variant, const Value& value) {
     const VARTYPE type = V_VT(&variant) & VT_TYPEMASK;
-    if ((V_VT(&variant) & (VT_ARRAY | VT_VECTOR)) || type == VT_BSTR || type == VT_VARIANT || type == VT_DISPATCH ||
-        type == VT_UNKNOWN || type == VT_ERROR || type == VT_NULL || type == VT_EMPTY)
+    if ((V_VT(&variant) & (VT_ARRAY | VT_VECTOR)) || type == VT_BOOL || type == VT_BSTR || type == VT_VARIANT ||
+        type == VT_DISPATCH || type == VT_UNKNOWN || type == VT_ERROR || type == VT_NULL || type == VT_EMPTY)
         return;
     VARIANT number;
     VariantInit(&number);
