@@ -1,5 +1,6 @@
-# libpff::libpff, the library that reads PST files: the system's in native builds, for Windows the DLL that
-# scripts/build-libpff leaves in build/libpff-win64.
+# libpff::libpff, the library that reads PST files, and libbfio, through which it is handed the file: the system's in
+# native builds, unless Libpff_ROOT names another; for Windows the DLL that scripts/build-libpff leaves in
+# build/libpff-win64. What scripts/build-libpff makes has both in one.
 
 include(FindPackageHandleStandardArgs)
 
@@ -16,14 +17,19 @@ if(WIN32)
 else()
     find_path(LIBPFF_INCLUDE_DIR libpff.h)
     find_library(LIBPFF_LIBRARY pff)
+    find_library(LIBBFIO_LIBRARY bfio)
     find_package_handle_standard_args(Libpff
-        REQUIRED_VARS LIBPFF_LIBRARY LIBPFF_INCLUDE_DIR
-        REASON_FAILURE_MESSAGE "install the package libpff-dev")
+        REQUIRED_VARS LIBPFF_LIBRARY LIBBFIO_LIBRARY LIBPFF_INCLUDE_DIR
+        REASON_FAILURE_MESSAGE "install the packages libpff-dev and libbfio-dev")
 endif()
-mark_as_advanced(LIBPFF_INCLUDE_DIR LIBPFF_LIBRARY)
+mark_as_advanced(LIBPFF_INCLUDE_DIR LIBPFF_LIBRARY LIBBFIO_LIBRARY)
 
 if(Libpff_FOUND AND NOT TARGET libpff::libpff)
-    add_library(libpff::libpff SHARED IMPORTED)
+    if(WIN32)
+        add_library(libpff::libpff SHARED IMPORTED)
+    else()
+        add_library(libpff::libpff UNKNOWN IMPORTED)
+    endif()
     target_include_directories(libpff::libpff SYSTEM INTERFACE "${LIBPFF_INCLUDE_DIR}")
     if(WIN32)
         set_target_properties(libpff::libpff PROPERTIES
@@ -34,5 +40,8 @@ if(Libpff_FOUND AND NOT TARGET libpff::libpff)
         add_dependencies(shipped libpff_beside_programs)
     else()
         set_target_properties(libpff::libpff PROPERTIES IMPORTED_LOCATION "${LIBPFF_LIBRARY}")
+        if(NOT LIBPFF_LIBRARY MATCHES "\\.a$")
+            target_link_libraries(libpff::libpff INTERFACE "${LIBBFIO_LIBRARY}")
+        endif()
     endif()
 endif()

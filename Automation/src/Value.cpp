@@ -22,6 +22,8 @@ template <class... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 template <class T>
 concept Number = std::is_arithmetic_v<T> && !std::is_same_v<T, bool>;

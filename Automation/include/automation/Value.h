@@ -47,7 +47,7 @@ struct Array {
     int32_t lowerBound = 0;
     std::vector<Value> items;
     /// Beyond 32 bits where bounds and items do not fit together, as in an empty array that starts at the least number.
-    int64_t UpperBound() const { return lowerBound + static_cast<int64_t>(items.size()) - 1; }
+    int64_t UpperBound() const;
 };
 
 /// A one-dimensional array of bytes (VT_ARRAY|VT_UI1).
@@ -138,5 +138,9 @@ class Value {
 
     Storage data_;
 };
+
+inline int64_t Array::UpperBound() const {
+    return lowerBound + static_cast<int64_t>(items.size()) - 1;
+}
 
 }  // namespace automation

@@ -59,9 +59,58 @@ class ArrayAccess {
     void* data_ = nullptr;
 };
 
+/// The size of an element of the type; 0 for a type that is no element's.
+size_t SizeOfElement(VARTYPE type) {
+    switch (type) {
+        case VT_I1:
+        case VT_UI1:
+            return 1;
+        case VT_BOOL:
+        case VT_I2:
+        case VT_UI2:
+            return 2;
+        case VT_I4:
+        case VT_INT:
+        case VT_UI4:
+        case VT_UINT:
+        case VT_R4:
+        case VT_ERROR:
+            return 4;
+        case VT_I8:
+        case VT_UI8:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            return 8;
+        case VT_DECIMAL:
+            return sizeof(DECIMAL);
+        case VT_BSTR:
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return sizeof(void*);
+        case VT_VARIANT:
+            return sizeof(VARIANT);
+        default:
+            return 0;
+    }
+}
+
+/// Objects, texts and variants are followed, so an array must not hold numbers in their place.
+VARTYPE KindOfPointer(VARTYPE type) {
+    if (type == VT_DISPATCH) return VT_UNKNOWN;
+    return type == VT_BSTR || type == VT_UNKNOWN || type == VT_VARIANT ? type : VARTYPE{VT_EMPTY};
+}
+
+/// Whether the array holds what the variant says. A host may put the two together wrongly.
+bool HoldsElementsOf(SAFEARRAY* array, VARTYPE type) {
+    if (SafeArrayGetDim(array) != 1 || array->cbElements != SizeOfElement(type)) return false;
+    VARTYPE own = VT_EMPTY;
+    return FAILED(SafeArrayGetVartype(array, &own)) || KindOfPointer(own) == KindOfPointer(type);
+}
+
 Value FromSafeArray(VARTYPE type, SAFEARRAY* array, int depth) {
     if (array == nullptr) return type == VT_UI1 ? Value(Bytes{}) : Value(Array{});
-    if (SafeArrayGetDim(array) != 1) throw VbError(errors::typeMismatch);
+    if (!HoldsElementsOf(array, type)) throw VbError(errors::typeMismatch);
     const auto count = static_cast<size_t>(array->rgsabound[0].cElements);
     const auto lowerBound = static_cast<int32_t>(array->rgsabound[0].lLbound);
     const size_t size = array->cbElements;

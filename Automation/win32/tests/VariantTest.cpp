@@ -206,6 +206,20 @@ TEST(Variant, ArraysOfPlainTypesAreRead) {
     VariantClear(&variant);
 }
 
+TEST(Variant, ArraysThatHoldOtherElementsThanTheVariantSaysAreAMismatch) {
+    const auto numberOf = [](VARTYPE said, VARTYPE held) {
+        VARIANT variant = Typed(VT_ARRAY | said);
+        V_ARRAY(&variant) = SafeArrayCreateVector(held, 0, 3);
+        const uint32_t number = FailureOf(variant);
+        SafeArrayDestroy(V_ARRAY(&variant));
+        return number;
+    };
+    EXPECT_EQ(numberOf(VT_I8, VT_UI1), errors::typeMismatch) << "the last elements would lie behind the array";
+    EXPECT_EQ(numberOf(VT_UI1, VT_VARIANT), errors::typeMismatch);
+    EXPECT_EQ(numberOf(VT_BSTR, VT_I8), errors::typeMismatch) << "numbers are no addresses";
+    EXPECT_EQ(numberOf(VT_DISPATCH, VT_BSTR), errors::typeMismatch);
+}
+
 TEST(Variant, ArraysOfMoreDimensionsAreAMismatch) {
     SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
     VARIANT variant = Typed(VT_ARRAY | VT_VARIANT);

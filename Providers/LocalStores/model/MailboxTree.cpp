@@ -9,6 +9,7 @@
 #include "localstores/OpenFailure.h"
 #include "model/FilePath.h"
 #include "model/ModifiedUtf7.h"
+#include "model/StoreLimits.h"
 
 namespace localstores {
 namespace {
@@ -42,7 +43,7 @@ class TreeBuilder {
         Folder* parent = root_.get();
         int depth = 1;
         for (size_t end = 0, start = 0; end != std::string_view::npos; start = end + 1, ++depth) {
-            if (depth > maxFolderDepth) throw DamagedStore(path_, "its folders are nested too deeply");
+            CheckLevel(path_, depth);
             end = fullName.find(separator_, start);
             const std::string_view level = fullName.substr(start, end - start);
             const std::string name = CanonicalName(fullName.substr(0, end));
@@ -66,7 +67,7 @@ class TreeBuilder {
     }
 
     Folder& Make(Folder& parent, const std::string& fullName, std::string_view level) {
-        if (byFullName_.size() >= maxFolders) throw DamagedStore(path_, "it has too many folders");
+        CheckFolderCount(path_, byFullName_.size() + 1);
         auto folder = std::make_unique<Folder>();
         folder->name = DisplayName(level);
         folder->containerClass = mailClass;
@@ -113,8 +114,10 @@ std::vector<fs::directory_entry> Entries(const fs::path& directory, std::error_c
     return entries;
 }
 
-bool IsWithin(const fs::path& inner, const fs::path& outer) {
-    return std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end()).first == outer.end();
+std::string PlaceOf(const fs::path& directory) {
+    std::string place = TextOf(Canonical(directory));
+    std::replace(place.begin(), place.end(), static_cast<char>(fs::path::preferred_separator), '/');
+    return place;
 }
 
 }  // namespace
@@ -149,18 +152,14 @@ std::vector<fs::directory_entry> SortedEntries(const fs::path& directory) {
     return Entries(directory, ignored);
 }
 
-DirectoryWalk::DirectoryWalk(const fs::path& root, std::string_view path) : path_(path), roots_{Canonical(root)} {}
+DirectoryWalk::DirectoryWalk(const fs::path& root, std::string_view path) : path_(path) {
+    beingRead_.Add(PlaceOf(root));
+}
 
 bool DirectoryWalk::MayEnter(const fs::directory_entry& directory, int depth) {
-    if (depth > maxFolderDepth) throw DamagedStore(path_, "its folders are nested too deeply");
+    CheckLevel(path_, depth);
     std::error_code ignored;
-    if (!directory.is_symlink(ignored)) return true;
-    const fs::path target = Canonical(directory.path());
-    const bool known = std::any_of(roots_.begin(), roots_.end(), [&](const fs::path& root) {
-        return IsWithin(target, root) || IsWithin(root, target);
-    });
-    if (!known) roots_.push_back(target);
-    return !known;
+    return !directory.is_symlink(ignored) || beingRead_.Add(PlaceOf(directory.path()));
 }
 
 }  // namespace localstores

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "localstores/Store.h"
+#include "model/DisjointPlaces.h"
 
 namespace localstores {
 
@@ -44,7 +45,7 @@ class DirectoryWalk {
 
   private:
     std::string path_;
-    std::vector<std::filesystem::path> roots_;  ///< canonical
+    DisjointPlaces<> beingRead_;
 };
 
 }  // namespace localstores

@@ -8,6 +8,7 @@ namespace {
 
 constexpr uint32_t corruptStore = 0x8004011B;
 constexpr uint32_t collision = 0x80040604;
+constexpr uint32_t tooBig = 0x80040305;
 
 automation::Error CannotOpen(uint32_t number, std::string_view path, std::string_view reason) {
     return {number, "Cannot open \"" + std::string(path) + "\": " + std::string(reason) + "."};
@@ -25,6 +26,10 @@ automation::Error NoSuchStore(std::string_view path, std::string_view reason) {
 
 automation::Error StoreCollision(std::string_view path, std::string_view reason) {
     return CannotOpen(collision, path, reason);
+}
+
+automation::Error CostlyStore(std::string_view path, std::string_view reason) {
+    return CannotOpen(tooBig, path, reason);
 }
 
 }  // namespace localstores

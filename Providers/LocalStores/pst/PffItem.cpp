@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "automation/Text.h"
-#include "localstores/OpenFailure.h"
 
 namespace localstores {
 namespace {
@@ -16,8 +15,8 @@ constexpr uint32_t typeBinary = 0x0102;
 constexpr size_t maxPropertySize = 1 << 20;
 
 /// libpff reports 1 for success, 0 for "not there" and -1 for an error.
-void Check(int result, std::string_view path, std::string_view what) {
-    if (result != 1) throw DamagedStore(path, "the file is damaged (" + std::string(what) + ")");
+void Check(int result, const PstReading& reading, std::string_view what) {
+    if (result != 1) throw reading.Failure("the file is damaged (" + std::string(what) + ")");
 }
 
 std::string Utf8OfUtf16(const std::vector<uint8_t>& bytes) {
@@ -28,22 +27,22 @@ std::string Utf8OfUtf16(const std::vector<uint8_t>& bytes) {
     return automation::FromUtf16(units);
 }
 
-std::vector<uint8_t> Data(libpff_record_entry_t* entry, std::string_view path) {
+std::vector<uint8_t> Data(libpff_record_entry_t* entry, const PstReading& reading) {
     size_t size = 0;
     if (libpff_record_entry_get_data_size(entry, &size, nullptr) != 1 || size == 0) return {};
-    if (size > maxPropertySize) throw DamagedStore(path, "a property is too large");
+    if (size > maxPropertySize) throw reading.Failure("a property is too large");
     std::vector<uint8_t> bytes(size);
-    Check(libpff_record_entry_get_data(entry, bytes.data(), size, nullptr), path, "a property cannot be read");
+    Check(libpff_record_entry_get_data(entry, bytes.data(), size, nullptr), reading, "a property cannot be read");
     return bytes;
 }
 
 /// Text of an old file, in the file's own code page.
-std::string TextOfString8(libpff_record_entry_t* entry, std::string_view path) {
+std::string TextOfString8(libpff_record_entry_t* entry, const PstReading& reading) {
     size_t size = 0;
     if (libpff_record_entry_get_data_as_utf8_string_size(entry, &size, nullptr) != 1 || size == 0) return {};
-    if (size > maxPropertySize) throw DamagedStore(path, "a property is too large");
+    if (size > maxPropertySize) throw reading.Failure("a property is too large");
     std::vector<uint8_t> text(size);
-    Check(libpff_record_entry_get_data_as_utf8_string(entry, text.data(), size, nullptr), path,
+    Check(libpff_record_entry_get_data_as_utf8_string(entry, text.data(), size, nullptr), reading,
           "a text cannot be read");
     return {text.begin(), std::find(text.begin(), text.end(), 0)};
 }
@@ -55,7 +54,7 @@ PffRecordEntryHandle PffProperties::Entry(uint32_t property, uint32_t& type) con
     const int result = libpff_record_set_get_entry_by_type(set_.get(), property, 0, &found,
                                                            LIBPFF_ENTRY_VALUE_FLAG_MATCH_ANY_VALUE_TYPE, nullptr);
     PffRecordEntryHandle entry(found);
-    if (result < 0) throw DamagedStore(path_, "the file is damaged (properties cannot be read)");
+    if (result < 0) throw reading_->Failure("the file is damaged (properties cannot be read)");
     if (result == 0 || libpff_record_entry_get_value_type(found, &type, nullptr) != 1) return nullptr;
     return entry;
 }
@@ -63,8 +62,8 @@ PffRecordEntryHandle PffProperties::Entry(uint32_t property, uint32_t& type) con
 std::optional<std::string> PffProperties::Text(uint32_t property) const {
     uint32_t type = 0;
     const auto entry = Entry(property, type);
-    if (entry && type == typeUnicode) return Utf8OfUtf16(Data(entry.get(), path_));
-    if (entry && type == typeString8) return TextOfString8(entry.get(), path_);
+    if (entry && type == typeUnicode) return Utf8OfUtf16(Data(entry.get(), *reading_));
+    if (entry && type == typeString8) return TextOfString8(entry.get(), *reading_);
     return std::nullopt;
 }
 
@@ -72,7 +71,7 @@ std::optional<std::vector<uint8_t>> PffProperties::Binary(uint32_t property) con
     uint32_t type = 0;
     const auto entry = Entry(property, type);
     if (!entry || type != typeBinary) return std::nullopt;
-    return Data(entry.get(), path_);
+    return Data(entry.get(), *reading_);
 }
 
 std::optional<uint32_t> PffProperties::Long(uint32_t property) const {
@@ -80,53 +79,49 @@ std::optional<uint32_t> PffProperties::Long(uint32_t property) const {
     uint32_t value = 0;
     const auto entry = Entry(property, type);
     if (!entry || type != typeLong) return std::nullopt;
-    Check(libpff_record_entry_get_data_as_32bit_integer(entry.get(), &value, nullptr), path_, "a number is unreadable");
+    Check(libpff_record_entry_get_data_as_32bit_integer(entry.get(), &value, nullptr), *reading_,
+          "a number is unreadable");
     return value;
 }
 
 uint32_t PffItem::Node() const {
     uint32_t node = 0;
-    Check(libpff_item_get_identifier(item_.get(), &node, nullptr), path_, "an item has no number");
+    Check(libpff_item_get_identifier(item_.get(), &node, nullptr), *reading_, "an item has no number");
     return node;
 }
 
 int PffItem::RowCount() const {
     int count = 0;
-    Check(libpff_item_get_number_of_record_sets(item_.get(), &count, nullptr), path_, "a table cannot be read");
+    Check(libpff_item_get_number_of_record_sets(item_.get(), &count, nullptr), *reading_, "a table cannot be read");
     return count;
 }
 
 PffProperties PffItem::Row(int index) const {
+    reading_->CheckLimits();
     libpff_record_set_t* set = nullptr;
-    Check(libpff_item_get_record_set_by_index(item_.get(), index, &set, nullptr), path_, "an item has no properties");
-    return {PffRecordSetHandle(set), path_};
+    Check(libpff_item_get_record_set_by_index(item_.get(), index, &set, nullptr), *reading_,
+          "an item has no properties");
+    return {PffRecordSetHandle(set), *reading_};
 }
 
 int PffItem::FolderCount() const {
     int count = 0;
-    Check(libpff_folder_get_number_of_sub_folders(item_.get(), &count, nullptr), path_,
+    Check(libpff_folder_get_number_of_sub_folders(item_.get(), &count, nullptr), *reading_,
           "a list of folders is unreadable");
     return count;
 }
 
 PffItem PffItem::FolderAt(int index) const {
     libpff_item_t* folder = nullptr;
-    Check(libpff_folder_get_sub_folder(item_.get(), index, &folder, nullptr), path_, "a folder cannot be read");
-    return {PffItemHandle(folder), path_};
+    Check(libpff_folder_get_sub_folder(item_.get(), index, &folder, nullptr), *reading_, "a folder cannot be read");
+    return {PffItemHandle(folder), *reading_};
 }
 
-PffFile::PffFile(const std::filesystem::path& file, std::string_view path) : path_(path) {
+PffFile::PffFile(const std::filesystem::path& file, PstReading& reading) : reading_(reading), input_(file, reading) {
     libpff_file_t* opened = nullptr;
-    Check(libpff_file_initialize(&opened, nullptr), path_, "libpff cannot start");
+    Check(libpff_file_initialize(&opened, nullptr), reading_, "libpff cannot start");
     file_.reset(opened);
-    // libpff takes "/" for no separator on Windows.
-    const std::filesystem::path native = std::filesystem::path(file).make_preferred();
-#ifdef _WIN32
-    const int result = libpff_file_open_wide(opened, native.c_str(), LIBPFF_OPEN_READ, nullptr);
-#else
-    const int result = libpff_file_open(opened, native.c_str(), LIBPFF_OPEN_READ, nullptr);
-#endif
-    if (result != 1) throw DamagedStore(path_, "it is no PST file, or a damaged one");
+    if (!input_.OpenAs(opened)) throw reading_.Failure("it is no PST file, or a damaged one");
 }
 
 bool PffFile::IsUnicode() const {
@@ -136,20 +131,20 @@ bool PffFile::IsUnicode() const {
 
 PffItem PffFile::MessageStore() const {
     libpff_item_t* item = nullptr;
-    Check(libpff_file_get_message_store(file_.get(), &item, nullptr), path_, "it has no message store");
-    return {PffItemHandle(item), path_};
+    Check(libpff_file_get_message_store(file_.get(), &item, nullptr), reading_, "it has no message store");
+    return {PffItemHandle(item), reading_};
 }
 
 PffItem PffFile::RootFolder() const {
     libpff_item_t* item = nullptr;
-    Check(libpff_file_get_root_folder(file_.get(), &item, nullptr), path_, "it has no root folder");
-    return {PffItemHandle(item), path_};
+    Check(libpff_file_get_root_folder(file_.get(), &item, nullptr), reading_, "it has no root folder");
+    return {PffItemHandle(item), reading_};
 }
 
 std::optional<PffItem> PffFile::Node(uint32_t node) const {
     libpff_item_t* item = nullptr;
     if (libpff_file_get_item_by_identifier(file_.get(), node, &item, nullptr) != 1) return std::nullopt;
-    return PffItem(PffItemHandle(item), path_);
+    return PffItem(PffItemHandle(item), reading_);
 }
 
 }  // namespace localstores

@@ -8,9 +8,11 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
+
+#include "pst/PffInput.h"
+#include "pst/PstReading.h"
 
 namespace localstores {
 
@@ -28,7 +30,7 @@ using PffRecordEntryHandle = std::unique_ptr<libpff_record_entry_t, PffRelease<l
 /// automation::Error.
 class PffProperties {
   public:
-    PffProperties(PffRecordSetHandle set, std::string_view path) : set_(std::move(set)), path_(path) {}
+    PffProperties(PffRecordSetHandle set, PstReading& reading) : set_(std::move(set)), reading_(&reading) {}
 
     /// A property by its number (without the type); nothing when it is missing or of another type.
     std::optional<std::string> Text(uint32_t property) const;
@@ -39,14 +41,14 @@ class PffProperties {
     PffRecordEntryHandle Entry(uint32_t property, uint32_t& type) const;
 
     PffRecordSetHandle set_;
-    std::string path_;
+    PstReading* reading_;
 };
 
 /// One node of the file: the message store, a folder, a table. Must not outlive its PffFile. Members throw
 /// automation::Error.
 class PffItem {
   public:
-    PffItem(PffItemHandle item, std::string_view path) : item_(std::move(item)), path_(path) {}
+    PffItem(PffItemHandle item, PstReading& reading) : item_(std::move(item)), reading_(&reading) {}
 
     /// The number that is unique in the file.
     uint32_t Node() const;
@@ -61,13 +63,13 @@ class PffItem {
 
   private:
     PffItemHandle item_;
-    std::string path_;
+    PstReading* reading_;
 };
 
 class PffFile {
   public:
-    /// Opens for reading. Throws automation::Error when the file is no sound PST file.
-    PffFile(const std::filesystem::path& file, std::string_view path);
+    /// Opens for reading; `reading` outlives it. Throws automation::Error when the file is no sound PST file.
+    PffFile(const std::filesystem::path& file, PstReading& reading);
 
     bool IsUnicode() const;
     PffItem MessageStore() const;
@@ -76,8 +78,9 @@ class PffFile {
     std::optional<PffItem> Node(uint32_t node) const;
 
   private:
-    PffFileHandle file_;
-    std::string path_;
+    PstReading& reading_;
+    PffInput input_;
+    PffFileHandle file_;  ///< closed before its input
 };
 
 }  // namespace localstores

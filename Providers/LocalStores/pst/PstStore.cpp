@@ -7,6 +7,7 @@
 
 #include "localstores/OpenFailure.h"
 #include "model/FilePath.h"
+#include "model/StoreLimits.h"
 #include "pst/PffItem.h"
 
 namespace localstores {
@@ -100,13 +101,13 @@ class TreeReader {
         if (!byNode_.emplace(node, folder.get()).second)
             throw DamagedStore(path_, "the file is damaged (a folder stands in two places)");
         FindRoles(properties, rolesInFolder);
-        if (byNode_.size() > maxFolders) throw DamagedStore(path_, "it has too many folders");
+        CheckFolderCount(path_, byNode_.size());
         return folder;
     }
 
     void ReadChildren(const PffItem& item, Folder& folder, int depth) {
         const int count = item.FolderCount();
-        if (count > 0 && depth > maxFolderDepth) throw DamagedStore(path_, "its folders are nested too deeply");
+        if (count > 0) CheckLevel(path_, depth);
         for (int i = 0; i < count; ++i) {
             const PffItem childItem = item.FolderAt(i);
             Folder& child = folder.Add(MakeFolder(childItem));
@@ -144,8 +145,9 @@ class TreeReader {
 
 }  // namespace
 
-std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_view path) {
-    const PffFile pff(file, path);
+std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_view path, const PstLimits& limits) {
+    PstReading reading(path, limits);
+    const PffFile pff(file, reading);
     TreeReader tree(pff, path);
 
     StoreDescription store;
@@ -158,6 +160,8 @@ std::shared_ptr<Store> ReadPst(const std::filesystem::path& file, std::string_vi
     store.defaultFolders = tree.DefaultFolders();
     store.ipmRoot = tree.IpmRoot();
     store.root = tree.TakeRoot();
+    // What was taken for missing may be what was not read any more.
+    reading.CheckLimits();
     return std::make_shared<Store>(std::move(store));
 }
 

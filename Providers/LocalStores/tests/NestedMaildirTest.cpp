@@ -11,8 +11,12 @@
 namespace localstores {
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsSupersetOf;
+using testing::Not;
+using testing::StartsWith;
 
 namespace fs = std::filesystem;
 
@@ -135,6 +139,25 @@ TEST_F(NestedMaildir, LinksToMailboxesElsewhereAreFolders) {
     fs::create_directory_symlink(other.Path(), Place("Linked"));
     fs::create_directory_symlink("/usr", Place("Elsewhere"));
     EXPECT_THAT(Names(), ElementsAre("INBOX", "Linked", "Linked/Sub"));
+}
+
+TEST_F(NestedMaildir, OfManyLinksEachPlaceIsReadOnce) {
+    constexpr int count = 100;
+    const TemporaryDirectory other;
+    Make("INBOX");
+    for (int i = 0; i < count; ++i) {
+        const std::string number = std::to_string(1000 + i);
+        MakeMaildir(other.Path() / number);
+        MakeMaildir(other.Path() / number / "Sub");
+        fs::create_directory_symlink(other.Path() / number, Place("First" + number));
+        fs::create_directory_symlink(other.Path() / number, Place("Second" + number));
+        fs::create_directory_symlink(other.Path() / number / "Sub", Place("Third" + number));
+        fs::create_directory_symlink(directory_.Path(), other.Path() / number / "Back");
+    }
+    const std::vector<std::string> names = Names();
+    EXPECT_EQ(names.size(), 1u + 2 * count);
+    EXPECT_THAT(names, IsSupersetOf({"First1000", "First1000/Sub", "First1099", "First1099/Sub"}));
+    EXPECT_THAT(names, Each(Not(StartsWith("Second"))));
 }
 
 TEST_F(NestedMaildir, WhatCannotBeReadIsNotSeen) {

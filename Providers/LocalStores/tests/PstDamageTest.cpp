@@ -7,10 +7,12 @@
 #include "TestFiles.h"
 #include "automation/Error.h"
 #include "localstores/OpenStores.h"
+#include "pst/PstStore.h"
 
 namespace localstores {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 
 class PstDamage : public testing::Test {
@@ -87,6 +89,44 @@ TEST_F(PstDamage, BlocksOfZerosAndOnesEndInAStoreOrAnError) {
             if (!Open(damaged)) ++refused;
         }
     EXPECT_GT(refused, 0);
+}
+
+constexpr uint32_t tooBig = 0x80040305;
+
+TEST_F(PstDamage, FileThatTakesTooLongIsRefusedWithItsName) {
+    WriteWholeFile(damagedFile_, sound_);
+    const auto read = [&] { ReadPst(damagedFile_, damagedFile_, {.time = std::chrono::seconds(0)}); };
+    EXPECT_EQ(ErrorNumberOf(read), tooBig);
+    EXPECT_THAT(FailureOf(read), AllOf(HasSubstr(damagedFile_), HasSubstr("longer than 0 seconds")));
+}
+
+TEST_F(PstDamage, FileThatTakesTooMuchMemoryIsRefusedWithItsNameHoweverFarItIsRead) {
+    WriteWholeFile(damagedFile_, sound_);
+    static size_t left = 0;
+    PstLimits limits;
+    limits.memoryInUse = []() noexcept -> size_t {
+        if (left == 0) return size_t{5} << 30;
+        --left;
+        return 1000;
+    };
+    const auto readFor = [&](size_t questions) {
+        return [&, questions] {
+            left = questions;
+            ReadPst(damagedFile_, damagedFile_, limits);
+        };
+    };
+    size_t questions = 1;
+    for (; questions < 100'000; questions += 1 + questions / 8) {
+        try {
+            readFor(questions)();
+            break;
+        } catch (const automation::Error&) {
+            EXPECT_EQ(ErrorNumberOf(readFor(questions)), tooBig) << questions;
+            EXPECT_THAT(FailureOf(readFor(questions)), AllOf(HasSubstr(damagedFile_), HasSubstr("1024 megabytes")));
+        }
+    }
+    EXPECT_GT(questions, 50u) << "the limits are looked at often";
+    EXPECT_LT(questions, 100'000u) << "in the end the file is read";
 }
 
 }  // namespace

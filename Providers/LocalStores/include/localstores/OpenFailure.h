@@ -13,5 +13,7 @@ automation::Error DamagedStore(std::string_view path, std::string_view reason);
 automation::Error NoSuchStore(std::string_view path, std::string_view reason);
 /// MAPI_E_COLLISION: another open store has the same identifier.
 automation::Error StoreCollision(std::string_view path, std::string_view reason);
+/// MAPI_E_TOO_BIG: reading it takes more time or memory than it may.
+automation::Error CostlyStore(std::string_view path, std::string_view reason);
 
 }  // namespace localstores
