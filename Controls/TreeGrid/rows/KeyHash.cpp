@@ -28,9 +28,10 @@ uint64_t JoinKeyHash(uint64_t start, uint64_t rest) {
     return automation::MixHash(std::rotl(start, 29) ^ rest);
 }
 
-uint64_t HashKey(std::string_view key) {
+uint64_t HashKey(std::string_view key) noexcept {
+    // No character beyond ASCII folds to an ASCII one, so the two kinds of keys never are equal.
     if (automation::IsAscii(key)) return HashParts(key);
-    return HashParts(automation::FoldCase(key));
+    return automation::CaselessHash()(key);
 }
 
 }  // namespace foldertree

@@ -6,8 +6,8 @@
 
 namespace foldertree {
 
-/// The hash of a row key: equal for keys that are equal without regard to case, in all scripts.
-uint64_t HashKey(std::string_view key);
+/// The hash of a row key: equal for keys that are equal without regard to case, in all scripts. Needs no memory.
+uint64_t HashKey(std::string_view key) noexcept;
 
 /// The hash of an ASCII key from the HashKeyStart of what stands before its first "|" and the HashText of what stands
 /// behind it. The start names a store: it is long, the same for all rows of the store, and stores differ in its end.

@@ -15,10 +15,10 @@ class TextArena {
   public:
     using Ref = uint32_t;  ///< 0 is the empty text
 
-    /// Throws automation::Error 0x8007000E when the arena is full (8 GB).
+    /// Throws automation::Error 0x8007000E when the arena is full (8 GB), and changes nothing when it or memory is.
     Ref Add(std::string_view text);
     std::string_view View(Ref ref) const;
-    void Drop(Ref ref);
+    void Drop(Ref ref) noexcept;
 
     size_t LiveBytes() const { return liveBytes_; }  ///< of the texts themselves
     /// Whether most of the arena is dropped texts.
@@ -29,6 +29,7 @@ class TextArena {
     static constexpr size_t unit = 2;
     static constexpr size_t blockSize = size_t{1} << 20;
 
+    void AddBlocks(size_t blocks);
     char* Allocate(size_t bytes, Ref& ref);
 
     struct Memory {
