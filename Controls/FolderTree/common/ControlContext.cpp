@@ -51,8 +51,8 @@ void ControlContext::RaiseChanged() {
     ThrowIfClosed();
 }
 
-void ControlContext::PropertyChanged(std::string_view name) {
-    platform_->PropertyChanged(name);
+void ControlContext::PropertyChanged(Member property) {
+    platform_->PropertyChanged(Info(property).name);
     ThrowIfClosed();
 }
 
