@@ -39,7 +39,7 @@ class FontWatch::Sink final : public automation::ComBase<IPropertyNotifySink> {
 FontWatch::FontWatch(std::shared_ptr<ctlFolderTree> control, ControlWindow& window, WindowKeeper& keeper)
     : control_(std::move(control)), sink_(automation::MakeCom<Sink>(window, keeper)) {
     control_->Grid().AddObserver(this);
-    AppearanceChanged();
+    Follow();
 }
 
 FontWatch::~FontWatch() {
@@ -54,7 +54,11 @@ void FontWatch::Stop() {
     sink_->Stop();
 }
 
-void FontWatch::AppearanceChanged() {
+void FontWatch::GridChanged(const GridChanges& changes) noexcept {
+    if (changes.appearance) Follow();
+}
+
+void FontWatch::Follow() noexcept {
     const automation::ObjectRef font = control_->Grid().Font();
     if (font == font_) return;
     Disconnect();
