@@ -59,12 +59,12 @@ class ctlFolderTree::Impl {
 
     /// Stores a changed value, runs its side effect and marks the property changed; an equal value does nothing.
     template <class T, class Effect>
-    void Set(T& stored, T value, const ErrorLine& line, std::string_view name, Effect&& effect) {
+    void Set(T& stored, T value, const ErrorLine& line, Member property, Effect&& effect) {
         Guarded(context, line, [&] {
             if (stored == value) return;
             stored = value;
             effect();
-            context.PropertyChanged(name);
+            context.PropertyChanged(property);
         });
     }
 
@@ -310,7 +310,7 @@ bool ctlFolderTree::Enabled() {
 
 void ctlFolderTree::SetEnabled(bool enabled) {
     EnterVoid(*this, *impl_, [&] {
-        impl_->Set(impl_->state.enabled, enabled, errorLines::enabled, "Enabled", [&] {
+        impl_->Set(impl_->state.enabled, enabled, errorLines::enabled, Member::enabled, [&] {
             TreeGrid& grid = impl_->context.grid;
             grid.SetBackColor(enabled ? colors::window : colors::buttonFace);
             grid.SetTextColor(enabled ? colors::buttonText : colors::buttonShadow);
@@ -326,7 +326,7 @@ bool ctlFolderTree::HighlightContactFolders() {
 void ctlFolderTree::SetHighlightContactFolders(bool highlight) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.highlightContactFolders, highlight, errorLines::highlightContactFolders,
-                   "HighlightContactFolders", [&] { PerformHighlighting(impl_->context); });
+                   Member::highlightContactFolders, [&] { PerformHighlighting(impl_->context); });
     });
 }
 
@@ -337,7 +337,7 @@ bool ctlFolderTree::HighlightJournalFolders() {
 void ctlFolderTree::SetHighlightJournalFolders(bool highlight) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.highlightJournalFolders, highlight, errorLines::highlightJournalFolders,
-                   "HighlightJournalFolders", [&] { PerformHighlighting(impl_->context); });
+                   Member::highlightJournalFolders, [&] { PerformHighlighting(impl_->context); });
     });
 }
 
@@ -351,7 +351,7 @@ void ctlFolderTree::SetExtendToLevel(int32_t level) {
             const FlagSet busy(impl_->state.gridBusy);
             impl_->state.extendToLevel = level;
             PerformHighlighting(impl_->context);
-            impl_->context.PropertyChanged("ExtendToLevel");
+            impl_->context.PropertyChanged(Member::extendToLevel);
             impl_->ExtendTo(level);
         });
     });
@@ -376,7 +376,7 @@ bool ctlFolderTree::MultiSelect() {
 
 void ctlFolderTree::SetMultiSelect(bool multiSelect) {
     EnterVoid(*this, *impl_, [&] {
-        impl_->Set(impl_->state.multiSelect, multiSelect, errorLines::multiSelect, "MultiSelect",
+        impl_->Set(impl_->state.multiSelect, multiSelect, errorLines::multiSelect, Member::multiSelect,
                    [&] { ShowIndexColumn(impl_->context); });
     });
 }
@@ -387,10 +387,10 @@ bool ctlFolderTree::AllowIndexing() {
 
 void ctlFolderTree::SetAllowIndexing(bool allowIndexing) {
     EnterVoid(*this, *impl_, [&] {
-        impl_->Set(impl_->state.allowIndexing, allowIndexing, errorLines::allowIndexing, "AllowIndexing", [&] {
+        impl_->Set(impl_->state.allowIndexing, allowIndexing, errorLines::allowIndexing, Member::allowIndexing, [&] {
             ShowIndexColumn(impl_->context);
             // Containers have always been told twice of this one.
-            impl_->context.PropertyChanged("AllowIndexing");
+            impl_->context.PropertyChanged(Member::allowIndexing);
         });
     });
 }
@@ -401,7 +401,7 @@ bool ctlFolderTree::ShowAddressBook() {
 
 void ctlFolderTree::SetShowAddressBook(bool show) {
     EnterVoid(*this, *impl_, [&] {
-        impl_->Set(impl_->state.showAddressBook, show, errorLines::showAddressBook, "ShowAddressBook",
+        impl_->Set(impl_->state.showAddressBook, show, errorLines::showAddressBook, Member::showAddressBook,
                    [&] { SetupGrid(impl_->context); });
     });
 }
@@ -456,7 +456,7 @@ void ctlFolderTree::SetInfoStoreAccessMode(enuInfoStoreAccessMode mode) {
         Guarded(impl_->context, errorLines::infoStoreAccessMode, [&] {
             if (impl_->state.infoStoreAccessMode == mode) return;
             impl_->state.infoStoreAccessMode = mode;
-            impl_->context.PropertyChanged("InfoStoreAccessMode");
+            impl_->context.PropertyChanged(Member::infoStoreAccessMode);
             impl_->driver.GetFolderIDs();
         });
     });
@@ -481,7 +481,7 @@ bool ctlFolderTree::HighlightTaskFolders() {
 void ctlFolderTree::SetHighlightTaskFolders(bool highlight) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.highlightTaskFolders, highlight, errorLines::highlightTaskFolders,
-                   "HighlightTaskFolders", [&] { PerformHighlighting(impl_->context); });
+                   Member::highlightTaskFolders, [&] { PerformHighlighting(impl_->context); });
     });
 }
 

@@ -47,9 +47,9 @@ void ControlContext::RaiseChanged() {
     ThrowIfClosed();
 }
 
-void ControlContext::PropertyChanged(std::string_view name) {
+void ControlContext::PropertyChanged(Member property) {
     grid.DeliverChanges();
-    platform_->PropertyChanged(name);
+    platform_->PropertyChanged(Info(property).name);
     ThrowIfClosed();
 }
 

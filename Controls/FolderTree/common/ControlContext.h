@@ -11,6 +11,7 @@
 #include "common/ControlPlatform.h"
 #include "common/ControlState.h"
 #include "common/ErrorEdges.h"
+#include "common/Members.h"
 #include "rows/TreeGrid.h"
 
 namespace foldertree {
@@ -44,7 +45,7 @@ class ControlContext {
     /// Raise `Changed`, or tell the container of a changed property. Both throw ControlClosed like Yield: the host may
     /// do anything in its handler.
     void RaiseChanged();
-    void PropertyChanged(std::string_view name);
+    void PropertyChanged(Member property);
     /// For the other places from which the host can have been called.
     void ThrowIfClosed() const;
 

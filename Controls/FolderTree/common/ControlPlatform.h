@@ -8,8 +8,9 @@
 namespace foldertree {
 
 /// Implemented once per platform: the Windows control, the console program, the tests. All calls come on the control's
-/// one thread. The host outlives the control or calls ctlFolderTree::Close() first; after Close() it is not called
-/// again. No method throws, except that CreateFont and AmbientFont may throw automation::Error.
+/// one thread. The platform outlives the control or calls ctlFolderTree::Close() first; after Close() it is not called
+/// again. No method throws, want of memory included: what cannot be shown or told then is lost, and the load goes on.
+/// Only CreateFont and AmbientFont may throw, automation::Error and std::bad_alloc.
 class ControlPlatform {
   public:
     virtual ~ControlPlatform() = default;

@@ -1,5 +1,7 @@
-// PersistedProperties: the settings that a container saves, with their defaults.
+// PersistedProperties: the saved members of the table, to and from a bag.
 #include "common/PersistedProperties.h"
+
+#include "common/Members.h"
 
 namespace foldertree {
 
@@ -7,31 +9,6 @@ using automation::ObjectRef;
 using automation::Value;
 
 namespace {
-
-using State = ControlState;
-
-struct BooleanProperty {
-    std::string_view name;
-    bool State::*field;
-    bool defaultValue;
-};
-
-constexpr BooleanProperty booleanProperties[] = {
-    {"Enabled", &State::enabled, true},
-    {"HighlightContactFolders", &State::highlightContactFolders, false},
-    {"HighlightJournalFolders", &State::highlightJournalFolders, false},
-    {"HighlightTaskFolders", &State::highlightTaskFolders, false},
-    {"MultiSelect", &State::multiSelect, true},
-    {"AllowIndexing", &State::allowIndexing, false},
-    {"ShowAddressBook", &State::showAddressBook, false},
-};
-
-constexpr std::string_view extendToLevelName = "ExtendToLevel";
-// A new control starts at level 1, but this default is 0: a saved 1 is written, and a missing key reads as all levels.
-constexpr int32_t extendToLevelDefault = 0;
-constexpr std::string_view fontName = "Font";
-constexpr std::string_view accessModeName = "InfoStoreAccessMode";
-constexpr int32_t accessModeDefault = eISAccess_RDO_MAPITables;
 
 /// Reads one setting through `take`; when that fails, `useDefault` and an error line.
 template <class Take, class Default>
@@ -44,11 +21,17 @@ void ReadOne(ControlContext& context, PropertyBag& bag, std::string_view name, T
     if (!read) useDefault();
 }
 
-template <class Compare>
-void WriteUnlessDefault(ControlContext& context, PropertyBag& bag, std::string_view name, const Compare& value,
-                        const Compare& defaultValue) {
-    if (value == defaultValue) return;
-    Guarded(context, errorLines::writeProperties, [&] { bag.Write(name, value); });
+/// The number that the table keeps for a saved Boolean or number.
+int32_t Kept(const Saving& saving, const Value& value) {
+    return saving.type == SavedAs::boolean ? static_cast<int32_t>(value.ToBoolean()) : value.ToLong();
+}
+
+Value AsSaved(const Saving& saving, int32_t kept) {
+    return saving.type == SavedAs::boolean ? Value(kept != 0) : Value(kept);
+}
+
+void Write(ControlContext& context, PropertyBag& bag, const MemberInfo& info, const Value& value) {
+    Guarded(context, errorLines::writeProperties, [&] { bag.Write(info.name, value); });
 }
 
 /// The container's font; null when it has none or fails to give it.
@@ -61,34 +44,32 @@ ObjectRef AmbientFont(ControlContext& context) {
 }  // namespace
 
 void ReadPersistedProperties(ControlContext& context, PropertyBag& bag) {
-    State& state = context.state;
-    for (const BooleanProperty& property : booleanProperties) {
-        bool& field = state.*property.field;
-        ReadOne(
-            context, bag, property.name, [&](const Value& saved) { field = saved.ToBoolean(); },
-            [&] { field = property.defaultValue; });
-    }
-    ReadOne(
-        context, bag, extendToLevelName, [&](const Value& saved) { state.extendToLevel = saved.ToLong(); },
-        [&] { state.extendToLevel = extendToLevelDefault; });
     ObjectRef font;
-    ReadOne(
-        context, bag, fontName, [&](const Value& saved) { font = saved.RequireObject(); },
-        [&] { font = AmbientFont(context); });
-    ReadOne(
-        context, bag, accessModeName,
-        [&](const Value& saved) { state.infoStoreAccessMode = static_cast<enuInfoStoreAccessMode>(saved.ToLong()); },
-        [&] { state.infoStoreAccessMode = static_cast<enuInfoStoreAccessMode>(accessModeDefault); });
+    for (const MemberInfo* info : SavedMembers()) {
+        const Saving& saving = info->saving;
+        if (saving.type == SavedAs::font) {
+            ReadOne(
+                context, bag, info->name, [&](const Value& value) { font = value.RequireObject(); },
+                [&] { font = AmbientFont(context); });
+        } else {
+            ReadOne(
+                context, bag, info->name, [&](const Value& value) { saving.set(context.state, Kept(saving, value)); },
+                [&] { saving.set(context.state, saving.defaultValue); });
+        }
+    }
     if (font != nullptr) context.grid.SetFont(font);
 }
 
 void WritePersistedProperties(ControlContext& context, PropertyBag& bag) {
-    const State& state = context.state;
-    for (const BooleanProperty& property : booleanProperties)
-        WriteUnlessDefault(context, bag, property.name, state.*property.field, property.defaultValue);
-    WriteUnlessDefault(context, bag, extendToLevelName, state.extendToLevel, extendToLevelDefault);
-    WriteUnlessDefault(context, bag, fontName, context.grid.Font(), AmbientFont(context));
-    WriteUnlessDefault(context, bag, accessModeName, int32_t{state.infoStoreAccessMode}, accessModeDefault);
+    for (const MemberInfo* info : SavedMembers()) {
+        const Saving& saving = info->saving;
+        if (saving.type == SavedAs::font) {
+            const ObjectRef font = context.grid.Font();
+            if (font != AmbientFont(context)) Write(context, bag, *info, font);
+        } else if (const int32_t kept = saving.get(context.state); kept != saving.defaultValue) {
+            Write(context, bag, *info, AsSaved(saving, kept));
+        }
+    }
 }
 
 }  // namespace foldertree

@@ -47,8 +47,15 @@ class EventSink final : public automation::ComBase<IDispatch> {
 class PropertySink final : public automation::ComBase<IPropertyNotifySink> {
   public:
     std::vector<DISPID> changed;
+    std::function<void()> onChanged;
+    std::function<void()> onEnd;
+
+    ~PropertySink() override {
+        if (onEnd) onEnd();
+    }
     STDMETHOD(OnChanged)(DISPID property) override {
         changed.push_back(property);
+        if (onChanged) onChanged();
         return S_OK;
     }
     STDMETHOD(OnRequestEdit)(DISPID) override { return S_OK; }
@@ -142,6 +149,60 @@ TEST(PropertyNotifications, NameThePropertyThatChanged) {
     EXPECT_THAT(sink->changed, ElementsAre(-514, 26, 14, 14));
 }
 
+TEST(PropertyNotifications, PassOverASinkThatWasDisconnectedMeanwhile) {
+    const auto control = NewControl();
+    const auto point = Point(control, IID_IPropertyNotifySink);
+    const auto first = automation::MakeCom<PropertySink>();
+    const auto second = automation::MakeCom<PropertySink>();
+    const auto third = automation::MakeCom<PropertySink>();
+    DWORD firstCookie = 0;
+    DWORD secondCookie = 0;
+    DWORD thirdCookie = 0;
+    point->Advise(first.Get(), &firstCookie);
+    point->Advise(second.Get(), &secondCookie);
+    point->Advise(third.Get(), &thirdCookie);
+    first->onChanged = [&] {
+        EXPECT_EQ(point->Unadvise(firstCookie), S_OK);
+        EXPECT_EQ(point->Unadvise(secondCookie), S_OK);
+        // As many as before, but others.
+        DWORD cookie = 0;
+        point->Advise(second.Get(), &cookie);
+        point->Advise(first.Get(), &cookie);
+    };
+    control->put_MultiSelect(VARIANT_FALSE);
+    EXPECT_THAT(first->changed, ElementsAre(13));
+    EXPECT_THAT(second->changed, ElementsAre());
+    EXPECT_THAT(third->changed, ElementsAre(13));
+    first->onChanged = nullptr;
+    control->put_MultiSelect(VARIANT_TRUE);
+    EXPECT_THAT(first->changed, ElementsAre(13, 13));
+    EXPECT_THAT(second->changed, ElementsAre(13));
+    EXPECT_THAT(third->changed, ElementsAre(13, 13));
+}
+
+TEST(PropertyNotifications, LetASinkChangeTheConnectionsWithItsEnd) {
+    const auto control = NewControl();
+    const auto point = Point(control, IID_IPropertyNotifySink);
+    const auto last = automation::MakeCom<PropertySink>();
+    DWORD lastCookie = 0;
+    {
+        const auto leaving = automation::MakeCom<PropertySink>();
+        DWORD cookie = 0;
+        point->Advise(leaving.Get(), &cookie);
+        point->Advise(last.Get(), &lastCookie);
+        leaving->onChanged = [point, cookie] { EXPECT_EQ(point->Unadvise(cookie), S_OK); };
+        leaving->onEnd = [&] {
+            EXPECT_EQ(point->Unadvise(lastCookie), S_OK);
+            DWORD fresh = 0;
+            for (int i = 0; i < 100; ++i) point->Advise(last.Get(), &fresh);
+        };
+    }
+    control->put_MultiSelect(VARIANT_FALSE);
+    EXPECT_THAT(last->changed, ElementsAre());
+    control->put_MultiSelect(VARIANT_TRUE);
+    EXPECT_EQ(last->changed.size(), 100u);
+}
+
 // ---- Changed, by keys into a hosted control
 
 class ChangedEvent : public ::testing::Test {
@@ -217,6 +278,21 @@ TEST_F(ChangedEvent, ReachesEverySinkThatWasConnectedWhenItBegan) {
     Tick();
     EXPECT_EQ(first->changed, 1);
     EXPECT_EQ(late->changed, 1);
+}
+
+TEST_F(ChangedEvent, PassesOverASinkThatAnotherDisconnects) {
+    const auto first = automation::MakeCom<EventSink>();
+    const auto second = automation::MakeCom<EventSink>();
+    const auto third = automation::MakeCom<EventSink>();
+    Connect(first);
+    const DWORD cookie = Connect(second);
+    Connect(third);
+    first->onChanged = [&] { Point(desktop_->Control(), __uuidof(__ctlFolderTree))->Unadvise(cookie); };
+    Tick();
+    EXPECT_EQ(first->changed, 1);
+    EXPECT_EQ(second->changed, 0);
+    EXPECT_EQ(third->changed, 1);
+    EXPECT_EQ(References(second.Get()), 1u);
 }
 
 TEST_F(ChangedEvent, IsHeldBackWhileEventsAreFrozenAndThenRaisedOnce) {

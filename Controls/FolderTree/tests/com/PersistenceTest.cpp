@@ -5,11 +5,14 @@
 #include <olectl.h>
 
 #include <map>
+#include <vector>
 
+#include "automation/Error.h"
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComBase.h"
 #include "automation_win32/Variant.h"
 #include "com/Server.h"
+#include "win32/com/StreamPropertyBag.h"
 
 namespace foldertree::testing {
 namespace {
@@ -216,21 +219,100 @@ TEST(StreamPersistence, RefusesAStreamThatEndsEarlyAndKeepsItsSettings) {
     EXPECT_EQ(enabled, VARIANT_TRUE);
 }
 
-TEST(StreamPersistence, RefusesALaterVersionAndOtherTypes) {
-    const auto control = NewControl();
-    const auto later = MemoryStream();
-    const uint32_t version = 2;
-    later->Write(&version, sizeof(version), nullptr);
-    Rewind(later);
-    EXPECT_TRUE(FAILED(As<IPersistStreamInit>(control)->Load(later.Get())));
+std::vector<uint8_t> BytesOf(const ComPtr<IStream>& stream) {
+    std::vector<uint8_t> bytes(static_cast<size_t>(SizeOf(stream)));
+    Rewind(stream);
+    EXPECT_EQ(stream->Read(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr), S_OK);
+    return bytes;
+}
 
-    const auto foreign = MemoryStream();
-    const uint32_t current = 1;
-    const VARTYPE text = VT_BSTR;
-    foreign->Write(&current, sizeof(current), nullptr);
-    foreign->Write(&text, sizeof(text), nullptr);
-    Rewind(foreign);
-    EXPECT_TRUE(FAILED(As<IPersistStreamInit>(control)->Load(foreign.Get())));
+ComPtr<IStream> StreamOf(const std::vector<uint8_t>& bytes) {
+    const auto stream = MemoryStream();
+    stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+    Rewind(stream);
+    return stream;
+}
+
+std::vector<uint8_t> SavedStream(const ComPtr<_ctlFolderTree>& control) {
+    const auto stream = MemoryStream();
+    EXPECT_EQ(As<IPersistStreamInit>(control)->Save(stream.Get(), FALSE), S_OK);
+    return BytesOf(stream);
+}
+
+TEST(StreamPersistence, TellsALaterVersionFromWhatNoVersionWrites) {
+    const auto control = NewControl();
+    ChangeEverything(control);
+    const std::vector<uint8_t> good = SavedStream(control);
+    const auto load = [&control](std::vector<uint8_t> bytes, uint8_t version) {
+        bytes[0] = version;
+        return As<IPersistStreamInit>(control)->Load(StreamOf(bytes).Get());
+    };
+    ASSERT_EQ(good[0], 1);
+    EXPECT_EQ(load(good, 2), STG_E_OLDDLL);
+    EXPECT_EQ(load(good, 255), STG_E_OLDDLL);
+    EXPECT_EQ(load(good, 0), STG_E_INVALIDHEADER);
+    std::vector<uint8_t> otherType = good;
+    otherType[4] = VT_BSTR;
+    EXPECT_EQ(load(otherType, 1), STG_E_INVALIDHEADER);
+    EXPECT_EQ(load({1, 0, 0, 0, VT_BOOL}, 1), STG_E_READFAULT);
+    ExpectEverythingChanged(control);
+    EXPECT_EQ(load(good, 1), S_OK);
+}
+
+/// A table of one setting of the first version and one that the second adds.
+constexpr MemberInfo firstSetting{
+    Member::enabled, "First", 1, MemberKind::propertyByValue, {.type = SavedAs::number, .place = 1, .sinceVersion = 1}};
+constexpr MemberInfo secondSetting{Member::multiSelect,
+                                   "Second",
+                                   2,
+                                   MemberKind::propertyByValue,
+                                   {.type = SavedAs::number, .place = 2, .sinceVersion = 2}};
+
+TEST(StreamPersistence, ReadsAStreamOfAnEarlierVersionWithoutWhatItDidNotHave) {
+    const MemberInfo* const earlier[] = {&firstSetting};
+    const MemberInfo* const current[] = {&firstSetting, &secondSetting};
+    StreamPropertyBag old(earlier);
+    old.Write("First", 7);
+    const auto stream = MemoryStream();
+    old.Save(*stream.Get());
+    Rewind(stream);
+    StreamPropertyBag now(current);
+    EXPECT_EQ(now.Version(), 2u);
+    now.Write("Second", 8);
+    now.Load(*stream.Get());
+    EXPECT_EQ(now.Read("First").ToLong(), 7);
+    EXPECT_TRUE(now.Read("Second").IsEmpty());
+
+    now.Write("Second", 9);
+    const auto later = MemoryStream();
+    now.Save(*later.Get());
+    Rewind(later);
+    try {
+        old.Load(*later.Get());
+        ADD_FAILURE() << "a later version was read";
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.Number(), static_cast<uint32_t>(STG_E_OLDDLL));
+    }
+    EXPECT_EQ(old.Read("First").ToLong(), 7);
+}
+
+TEST(StreamPersistence, LoadsOrRefusesADamagedStreamAndThenKeepsItsSettings) {
+    const auto saved = NewControl();
+    ChangeEverything(saved);
+    const std::vector<uint8_t> good = SavedStream(saved);
+    int refused = 0;
+    for (size_t at = 0; at < good.size(); ++at) {
+        for (const uint8_t change : {0x01, 0x80, 0xFF}) {
+            std::vector<uint8_t> damaged = good;
+            damaged[at] = static_cast<uint8_t>(damaged[at] ^ change);
+            const auto control = NewControl();
+            ChangeEverything(control);
+            if (SUCCEEDED(As<IPersistStreamInit>(control)->Load(StreamOf(damaged).Get()))) continue;
+            ++refused;
+            ExpectEverythingChanged(control);
+        }
+    }
+    EXPECT_GT(refused, 30);
 }
 
 TEST(StreamPersistence, KnowsWhetherASettingChangedSinceItWasSaved) {

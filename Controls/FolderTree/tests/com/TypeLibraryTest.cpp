@@ -2,11 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
 #include "automation_win32/Bstr.h"
 #include "com/Server.h"
+#include "common/Members.h"
 
 namespace foldertree::testing {
 namespace {
@@ -255,6 +257,89 @@ TEST(TypeLibrary, DeclaresTheTypesThatHostsPass) {
     EXPECT_EQ(Signature(L"CreateSelItem", INVOKE_FUNC),
               "(optional Long, optional String, optional String, optional String, optional String) As "
               "_clsFolderTreeItem*");
+}
+
+// ---- The table of members
+
+/// What the type library says of a member: its number, how it is used, and the type of its value.
+struct Described {
+    MEMBERID number = 0;
+    int uses = 0;  ///< INVOKEKINDs
+    std::string valueType;
+    std::string arguments;
+};
+
+std::map<std::string, Described> DescribedMembers() {
+    std::map<std::string, Described> members;
+    const auto info = Info(__uuidof(_ctlFolderTree));
+    TYPEATTR* attributes = nullptr;
+    EXPECT_EQ(info->GetTypeAttr(&attributes), S_OK);
+    for (WORD i = 0; i < attributes->cFuncs; ++i) {
+        FUNCDESC* function = nullptr;
+        EXPECT_EQ(info->GetFuncDesc(i, &function), S_OK);
+        if ((function->wFuncFlags & FUNCFLAG_FRESTRICTED) == 0) {
+            Described& member = members[NameOf(*info.Get(), function->memid)];
+            member.number = function->memid;
+            member.uses |= function->invkind;
+            if (function->invkind == INVOKE_PROPERTYGET)
+                member.valueType = TypeText(*info.Get(), function->elemdescFunc.tdesc);
+            if (function->invkind == INVOKE_FUNC && function->cParams == 1)
+                member.arguments = TypeText(*info.Get(), function->lprgelemdescParam[0].tdesc);
+        }
+        info->ReleaseFuncDesc(function);
+    }
+    info->ReleaseTypeAttr(attributes);
+    return members;
+}
+
+int UsesOf(MemberKind kind) {
+    switch (kind) {
+        case MemberKind::readOnly:
+            return INVOKE_PROPERTYGET;
+        case MemberKind::propertyByValue:
+            return INVOKE_PROPERTYGET | INVOKE_PROPERTYPUT;
+        case MemberKind::propertyByReference:
+            return INVOKE_PROPERTYGET | INVOKE_PROPERTYPUTREF;
+        default:
+            return INVOKE_FUNC;
+    }
+}
+
+TEST(MemberTable, TellsWhatTheTypeLibraryTells) {
+    const auto described = DescribedMembers();
+    EXPECT_EQ(described.size(), AllMembers().size());
+    for (const MemberInfo& info : AllMembers()) {
+        SCOPED_TRACE(info.name);
+        const auto found = described.find(std::string(info.name));
+        ASSERT_NE(found, described.end());
+        EXPECT_EQ(found->second.number, info.number);
+        EXPECT_EQ(found->second.uses, UsesOf(info.kind));
+        EXPECT_EQ(found->second.arguments == "Variant*", info.kind == MemberKind::methodOnVariable);
+        if (info.saving.type == SavedAs::boolean) {
+            EXPECT_EQ(found->second.valueType, "Boolean");
+        }
+        if (info.saving.type == SavedAs::font) {
+            EXPECT_EQ(found->second.valueType, "IFontDisp*");
+        }
+        if (info.saving.type == SavedAs::number) {
+            EXPECT_THAT(found->second.valueType, ::testing::AnyOf("Long", "enuInfoStoreAccessMode"));
+        }
+        // What can be set by value is what containers save, and the font.
+        EXPECT_EQ(info.saving.type != SavedAs::nothing,
+                  info.kind == MemberKind::propertyByValue || info.member == Member::font);
+    }
+}
+
+TEST(MemberTable, StandsInInterfaceOrder) {
+    std::vector<std::string> slots;
+    for (const std::string& slot : Members(*Slots(__uuidof(_ctlFolderTree)).Get())) {
+        const std::string name = slot.substr(slot.find(' ') + 1);
+        const std::string plain = name.substr(0, name.find('('));
+        if (slots.empty() || slots.back() != plain) slots.push_back(plain);
+    }
+    std::vector<std::string> names;
+    for (const MemberInfo& info : AllMembers()) names.emplace_back(info.name);
+    EXPECT_EQ(names, slots);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "automation_win32/ComError.h"
 #include "win32/com/ListEnumerator.h"
@@ -22,10 +23,14 @@ using ConnectionEnumerator =
 
 }  // namespace
 
-std::vector<ConnectionPoint::Sink> ConnectionPoint::Sinks() const {
-    std::vector<Sink> sinks;
-    for (const Connection& connection : connections_) sinks.push_back(connection.sink);
-    return sinks;
+ConnectionPoint::Sink ConnectionPoint::NextSink(DWORD& told, DWORD last) const {
+    for (const Connection& connection : connections_) {
+        if (connection.cookie <= told) continue;
+        if (connection.cookie > last) break;
+        told = connection.cookie;
+        return connection.sink;
+    }
+    return nullptr;
 }
 
 void ConnectionPoint::DisconnectAll() {
@@ -74,7 +79,8 @@ HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
     const auto found = std::find_if(connections_.begin(), connections_.end(),
                                     [&](const Connection& connection) { return connection.cookie == cookie; });
     if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
-    const Sink keep = found->sink;
+    // Released when the list is whole again: a sink's Release may call back.
+    const Sink gone = std::move(found->sink);
     connections_.erase(found);
     return S_OK;
 }

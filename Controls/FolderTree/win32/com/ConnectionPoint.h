@@ -25,8 +25,15 @@ class ConnectionPoint final : public IConnectionPoint {
     ConnectionPoint& operator=(const ConnectionPoint&) = delete;
 
     const IID& Interface() const { return iid_; }
-    /// A copy of the list, for calls during which sinks may come and go.
-    std::vector<Sink> Sinks() const;
+    /// Calls `tell` with each sink that is connected now and still is when its turn comes. Sinks may come and go in the
+    /// middle, and the end of one may do anything; whoever calls keeps the control's memory. Needs no memory itself.
+    template <class Tell>
+    void ForEachSink(Tell&& tell) const {
+        // A new connection has a higher number than all before it.
+        const DWORD last = lastCookie_;
+        DWORD told = 0;
+        while (const Sink sink = NextSink(told, last)) tell(*sink.Get());
+    }
     void DisconnectAll();
 
     // IUnknown: references count on the control
@@ -42,9 +49,12 @@ class ConnectionPoint final : public IConnectionPoint {
     STDMETHOD(EnumConnections)(IEnumConnections** connections) override;
 
   private:
+    /// The sink with the least number above `told` and up to `last`, whose number `told` becomes; null at the end.
+    Sink NextSink(DWORD& told, DWORD last) const;
+
     IConnectionPointContainer& container_;
     const IID iid_;
-    std::vector<Connection> connections_;
+    std::vector<Connection> connections_;  ///< by their numbers
     DWORD lastCookie_ = 0;
 };
 

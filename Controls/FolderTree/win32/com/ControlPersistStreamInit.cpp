@@ -58,8 +58,10 @@ HRESULT ControlPersistStreamInit::GetSizeMax(ULARGE_INTEGER* size) {
 
 HRESULT ControlPersistStreamInit::InitNew() {
     const ControlObject::Use use(object_);
-    object_.Core().UserControl_InitProperties();
-    return S_OK;
+    return automation::ComBoundary([&] {
+        object_.Core().UserControl_InitProperties();
+        return S_OK;
+    });
 }
 
 }  // namespace foldertree

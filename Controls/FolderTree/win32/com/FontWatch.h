@@ -14,10 +14,11 @@
 namespace foldertree {
 
 /// Follows the grid to each new font object and tells the window of changes inside it. Stop() lets the font go; nothing
-/// is told after it.
+/// is told after it. A font that cannot be watched, for want of memory or because it refuses, is used all the same.
 class FontWatch final : public TreeGridObserver {
   public:
-    FontWatch(std::shared_ptr<ctlFolderTree> control, ControlWindow& window);
+    /// The keeper is held while the window hears of a change: it reads the font anew, and the font is the host's.
+    FontWatch(std::shared_ptr<ctlFolderTree> control, ControlWindow& window, WindowKeeper& keeper);
     ~FontWatch() override;
 
     void Stop();
@@ -26,7 +27,8 @@ class FontWatch final : public TreeGridObserver {
 
   private:
     class Sink;
-    void Follow();
+    void Follow() noexcept;
+    void Connect(const automation::ObjectRef& font);
     void Disconnect();
 
     std::shared_ptr<ctlFolderTree> control_;

@@ -1,33 +1,19 @@
 // LateBoundArguments: a late-bound call as the type library wants it, from the forms that hosts use.
 #include "win32/com/LateBoundArguments.h"
 
-#include <olectl.h>
-
-#include <algorithm>
-#include <iterator>
+#include "common/Members.h"
 
 namespace foldertree {
-
-namespace {
-
-// The numbers of FolderTree.idl.
-constexpr DISPID killCollection = 5;
-constexpr DISPID objectProperties[] = {1 /* Application */, DISPID_FONT, 7 /* SelectedItem */, 8 /* Selection */,
-                                       12 /* RDOSessionRef */};
-
-bool IsObjectProperty(DISPID member) {
-    return std::find(std::begin(objectProperties), std::end(objectProperties), member) != std::end(objectProperties);
-}
-
-}  // namespace
 
 LateBoundArguments::LateBoundArguments(DISPID member, WORD flags, DISPPARAMS& parameters)
     : flags_(flags), parameters_(parameters) {
     VariantInit(&argument_);
     VariantInit(&own_);
-    if (parameters.cArgs != 1) return;
-    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 && IsObjectProperty(member)) TakeReference();
-    if ((flags & DISPATCH_METHOD) != 0 && member == killCollection) PassByReference();
+    const MemberInfo* const info = FindMember(member);
+    if (parameters.cArgs != 1 || info == nullptr) return;
+    const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (put && info->kind == MemberKind::propertyByReference) TakeReference();
+    if ((flags & DISPATCH_METHOD) != 0 && info->kind == MemberKind::methodOnVariable) PassByReference();
 }
 
 LateBoundArguments::~LateBoundArguments() {

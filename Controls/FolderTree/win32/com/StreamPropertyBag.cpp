@@ -17,15 +17,6 @@ using automation::Value;
 
 namespace {
 
-constexpr uint32_t streamVersion = 1;
-
-// Streams that containers have saved depend on this order: add new settings at the end, with a new version.
-constexpr const char* settings[] = {
-    "Enabled",     "HighlightContactFolders", "HighlightJournalFolders", "HighlightTaskFolders",
-    "MultiSelect", "AllowIndexing",           "ShowAddressBook",         "ExtendToLevel",
-    "Font",        "InfoStoreAccessMode",
-};
-
 template <class Number>
 Number ReadNumber(IStream& stream) {
     Number number = 0;
@@ -101,17 +92,24 @@ void WriteValue(IStream& stream, const Value& value) {
 
 }  // namespace
 
+uint32_t StreamPropertyBag::Version() const {
+    return settings_.empty() ? 1 : settings_.back()->saving.sinceVersion;
+}
+
 void StreamPropertyBag::Load(IStream& stream) {
-    if (ReadNumber<uint32_t>(stream) != streamVersion) Check(STG_E_OLDDLL);
+    const auto version = ReadNumber<uint32_t>(stream);
+    if (version == 0) Check(STG_E_INVALIDHEADER);
+    if (version > Version()) Check(STG_E_OLDDLL);
     decltype(values_) values;
-    for (const char* name : settings) values.emplace(name, ReadValue(stream));
+    for (const MemberInfo* setting : settings_)
+        if (setting->saving.sinceVersion <= version) values.emplace(setting->name, ReadValue(stream));
     values_ = std::move(values);
 }
 
 void StreamPropertyBag::Save(IStream& stream) const {
-    WriteNumber(stream, streamVersion);
-    for (const char* name : settings) {
-        const auto found = values_.find(name);
+    WriteNumber(stream, Version());
+    for (const MemberInfo* setting : settings_) {
+        const auto found = values_.find(setting->name);
         WriteValue(stream, found != values_.end() ? found->second : Value());
     }
 }

@@ -4,15 +4,13 @@
 #include <olectl.h>
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
-#include "FolderTree.idl.h"
 #include "automation_win32/Bstr.h"
 #include "automation_win32/Crossing.h"
+#include "common/Members.h"
 #include "win32/com/ControlInterfaces.h"
 #include "win32/com/ControlObject.h"
-#include "win32/com/TypeLibrary.h"
 #include "win32/window/MessagePump.h"
 
 namespace foldertree {
@@ -32,44 +30,52 @@ std::string ToAnsi(std::wstring_view text) {
     return ansi;
 }
 
-/// DISPID_UNKNOWN, which means "any property", when the name is not one of the type library's.
+/// DISPID_UNKNOWN, which means "any property", when no member has the name.
 DISPID PropertyId(std::string_view name) {
-    std::wstring wide = ToWide(name);
-    LPOLESTR text = wide.data();
-    DISPID id = DISPID_UNKNOWN;
-    TypeInfoDispatch(__uuidof(_ctlFolderTree)).GetIDsOfNames(&text, 1, &id);
-    return id;
+    const MemberInfo* const member = FindMember(name);
+    return member == nullptr ? DISPID_UNKNOWN : member->number;
+}
+
+/// What fails, for want of memory as a rule, is lost; the core goes on.
+template <class Body>
+void NoThrow(Body&& body) noexcept {
+    try {
+        body();
+    } catch (...) {
+    }
 }
 
 }  // namespace
 
-void WindowsPlatform::Yield() {
+void WindowsPlatform::Yield() noexcept {
     const ControlObject::Use use(object_);
-    const bool goesOn =
-        PumpWaitingMessages([this](MSG& message) { return object_.Window().TranslateAccelerator(message); });
-    if (!goesOn) object_.Core().CancelLoad();
+    NoThrow([this] {
+        const bool goesOn =
+            PumpWaitingMessages([this](MSG& message) { return object_.Window().TranslateAccelerator(message); });
+        if (!goesOn) object_.Core().CancelLoad();
+    });
 }
 
-void WindowsPlatform::SetBusyPointer(bool busy) {
-    if (window_ != nullptr) window_->SetBusyPointer(busy);
+void WindowsPlatform::SetBusyPointer(bool busy) noexcept {
+    if (window_ != nullptr) NoThrow([&] { window_->SetBusyPointer(busy); });
 }
 
-void WindowsPlatform::ShowWaitPanel(bool visible) {
+void WindowsPlatform::ShowWaitPanel(bool visible) noexcept {
     // Hiding the panel moves the focus, and the container may let go of the control when it hears of that.
     const ControlObject::Use use(object_);
-    if (window_ != nullptr) window_->ShowWaitPanel(visible);
+    if (window_ != nullptr) NoThrow([&] { window_->ShowWaitPanel(visible); });
 }
 
-void WindowsPlatform::SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel) {
-    if (window_ != nullptr) window_->SetWaitCaptions(pleaseWait, cancel);
+void WindowsPlatform::SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel) noexcept {
+    if (window_ != nullptr) NoThrow([&] { window_->SetWaitCaptions(pleaseWait, cancel); });
 }
 
-void WindowsPlatform::SetProgressText(std::string_view path) {
-    if (window_ != nullptr) window_->SetProgressText(path);
+void WindowsPlatform::SetProgressText(std::string_view path) noexcept {
+    if (window_ != nullptr) NoThrow([&] { window_->SetProgressText(path); });
 }
 
-void WindowsPlatform::SetProgress(double maximum, double value) {
-    if (window_ != nullptr) window_->SetProgress(maximum, value);
+void WindowsPlatform::SetProgress(double maximum, double value) noexcept {
+    if (window_ != nullptr) NoThrow([&] { window_->SetProgress(maximum, value); });
 }
 
 automation::ObjectRef WindowsPlatform::CreateFont(std::string_view name) {
@@ -91,7 +97,7 @@ automation::ObjectRef WindowsPlatform::AmbientFont() {
     return automation::FromCom(object_.Site().Font().Get());
 }
 
-int WindowsPlatform::TwipsPerPixel() {
+int WindowsPlatform::TwipsPerPixel() noexcept {
     constexpr int twipsPerInch = 1440;
     const HDC screen = GetDC(nullptr);
     const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSY);
@@ -99,7 +105,7 @@ int WindowsPlatform::TwipsPerPixel() {
     return twipsPerInch / std::max(dotsPerInch, 1);
 }
 
-void WindowsPlatform::FreezeEvents(bool freeze) {
+void WindowsPlatform::FreezeEvents(bool freeze) noexcept {
     if (freeze) {
         ++freezes_;
         return;
@@ -108,35 +114,31 @@ void WindowsPlatform::FreezeEvents(bool freeze) {
     if (freezes_ == 0 && std::exchange(heldBack_, false)) RaiseChanged();
 }
 
-void WindowsPlatform::RaiseChanged() {
+void WindowsPlatform::RaiseChanged() noexcept {
     if (freezes_ > 0) {
         heldBack_ = true;
         return;
     }
     const ControlObject::Use use(object_);
-    for (const auto& sink : object_.Interfaces().connectionPoints.events.Sinks()) {
+    object_.Interfaces().connectionPoints.events.ForEachSink([](IUnknown& sink) {
         DISPPARAMS none = {};
-        // A sink that fails, or that went away meanwhile, is its own affair.
-        static_cast<IDispatch*>(sink.Get())
-            ->Invoke(changedEvent, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
-    }
+        // A sink that fails is its own affair.
+        static_cast<IDispatch&>(sink).Invoke(changedEvent, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none,
+                                             nullptr, nullptr, nullptr);
+    });
 }
 
-void WindowsPlatform::PropertyChanged(std::string_view name) {
+void WindowsPlatform::PropertyChanged(std::string_view name) noexcept {
     const ControlObject::Use use(object_);
     object_.dirty = true;
     const DISPID property = PropertyId(name);
-    for (const auto& sink : object_.Interfaces().connectionPoints.propertyNotifications.Sinks())
-        static_cast<IPropertyNotifySink*>(sink.Get())->OnChanged(property);
+    object_.Interfaces().connectionPoints.propertyNotifications.ForEachSink(
+        [property](IUnknown& sink) { static_cast<IPropertyNotifySink&>(sink).OnChanged(property); });
     object_.Interfaces().view.SendViewChange();
 }
 
-// Error lines are written where an error has just been caught; tracing it must not raise the next one.
 void WindowsPlatform::TraceLine(std::string_view line) noexcept {
-    try {
-        OutputDebugStringA(ToAnsi(ToWide(line)).c_str());
-    } catch (const std::exception&) {
-    }
+    NoThrow([line] { OutputDebugStringA(ToAnsi(ToWide(line)).c_str()); });
 }
 
 }  // namespace foldertree

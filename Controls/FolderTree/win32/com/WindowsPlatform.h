@@ -11,6 +11,7 @@ namespace foldertree {
 
 class ControlObject;
 
+/// An edge that no exception passes, where the contract says so.
 class WindowsPlatform final : public ControlPlatform {
   public:
     explicit WindowsPlatform(ControlObject& object) : object_(object) {}
@@ -22,20 +23,19 @@ class WindowsPlatform final : public ControlPlatform {
     void Attach(ControlWindow& window) { window_ = &window; }
 
     /// The container asks for silence; one `Changed` stands for all that were held back.
-    void FreezeEvents(bool freeze);
+    void FreezeEvents(bool freeze) noexcept;
 
-    void Yield() override;
-    void SetBusyPointer(bool busy) override;
-    void ShowWaitPanel(bool visible) override;
-    void SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel) override;
-    void SetProgressText(std::string_view path) override;
-    void SetProgress(double maximum, double value) override;
+    void Yield() noexcept override;
+    void SetBusyPointer(bool busy) noexcept override;
+    void ShowWaitPanel(bool visible) noexcept override;
+    void SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel) noexcept override;
+    void SetProgressText(std::string_view path) noexcept override;
+    void SetProgress(double maximum, double value) noexcept override;
     automation::ObjectRef CreateFont(std::string_view name) override;
     automation::ObjectRef AmbientFont() override;
-    int TwipsPerPixel() override;
-    void RaiseChanged() override;
-    void PropertyChanged(std::string_view name) override;
-    /// A line for which there is no memory is lost.
+    int TwipsPerPixel() noexcept override;
+    void RaiseChanged() noexcept override;
+    void PropertyChanged(std::string_view name) noexcept override;
     void TraceLine(std::string_view line) noexcept override;
 
   private:

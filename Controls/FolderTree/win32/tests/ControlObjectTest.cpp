@@ -316,7 +316,7 @@ TEST(NoMemory, IsAResultOfActivation) {
     EXPECT_NE(placed.Grid(), nullptr);
 }
 
-TEST(NoMemory, IsAResultOfThawedEvents) {
+TEST(NoMemory, KeepsNoEventBack) {
     Placed placed;
     const auto sink = automation::MakeCom<Sink>();
     ComPtr<IConnectionPoint> events;
@@ -324,15 +324,58 @@ TEST(NoMemory, IsAResultOfThawedEvents) {
     DWORD cookie = 0;
     ASSERT_EQ(events->Advise(sink.Get(), &cookie), S_OK);
     auto* const control = placed.Raw<IOleControl>();
-    ExpectNoMemoryIsAResult([&] {
-        const int armed = DisarmAllocationFailure();
-        control->FreezeEvents(TRUE);
-        placed.Object().Platform().RaiseChanged();
-        FailAllocation(armed);
-        return control->FreezeEvents(FALSE);
-    });
+    control->FreezeEvents(TRUE);
+    placed.Object().Platform().RaiseChanged();
+    FailAllocation(1);
+    EXPECT_EQ(control->FreezeEvents(FALSE), S_OK);
+    EXPECT_TRUE(AllocationFailurePending()) << "to tell of an event needs no memory";
+    FailAllocation(0);
     EXPECT_EQ(sink->calls, 1);
     events->Unadvise(cookie);
+}
+
+const std::string longText(99, 't');  // longer than a text that needs no memory of its own
+
+/// What the core may ask of the platform in the middle of anything, and while an error already unwinds.
+const std::vector<std::pair<const char*, void (*)(WindowsPlatform&)>> platformCalls = {
+    {"Yield", [](WindowsPlatform& platform) { platform.Yield(); }},
+    {"SetBusyPointer", [](WindowsPlatform& platform) { platform.SetBusyPointer(true); }},
+    {"ShowWaitPanel", [](WindowsPlatform& platform) { platform.ShowWaitPanel(true); }},
+    {"SetWaitCaptions", [](WindowsPlatform& platform) { platform.SetWaitCaptions(longText, longText); }},
+    {"SetProgressText", [](WindowsPlatform& platform) { platform.SetProgressText(longText); }},
+    {"SetProgress", [](WindowsPlatform& platform) { platform.SetProgress(2, 1); }},
+    {"TwipsPerPixel", [](WindowsPlatform& platform) { platform.TwipsPerPixel(); }},
+    {"RaiseChanged", [](WindowsPlatform& platform) { platform.RaiseChanged(); }},
+    {"PropertyChanged", [](WindowsPlatform& platform) { platform.PropertyChanged("HighlightContactFolders"); }},
+    {"TraceLine", [](WindowsPlatform& platform) { platform.TraceLine(longText); }},
+    {"ShowWaitPanel, hidden again", [](WindowsPlatform& platform) { platform.ShowWaitPanel(false); }},
+};
+
+TEST(NoMemory, NeverPassesThePlatform) {
+    Placed placed;
+    ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    WindowsPlatform& platform = placed.Object().Platform();
+    int failures = 0;
+    for (const auto& [name, call] : platformCalls) {
+        for (int n = 1;; ++n) {
+            ASSERT_LT(n, 10000) << name;
+            // Whatever the call has to show is there to be painted.
+            InvalidateRect(placed.Window(), nullptr, TRUE);
+            FailAllocation(n);
+            EXPECT_NO_THROW(call(platform)) << name << ", allocation " << n;
+            const bool enough = AllocationFailurePending();
+            FailAllocation(0);
+            if (enough) break;
+            ++failures;
+        }
+    }
+    EXPECT_GT(failures, 5);
+    // Once there is memory again, everything is shown as ever.
+    platform.SetProgressText("path");
+    platform.ShowWaitPanel(true);
+    EXPECT_TRUE(IsWindowVisible(GetParent(placed.CancelButton())));
+    platform.ShowWaitPanel(false);
+    EXPECT_FALSE(IsWindowVisible(GetParent(placed.CancelButton())));
 }
 
 TEST(NoMemory, IsAResultOfAnEnumeratorsCopy) {
