@@ -2,6 +2,7 @@
 #include "rows/RowStore.h"
 
 #include <new>
+#include <utility>
 
 #include "automation/Error.h"
 #include "automation/Text.h"
@@ -39,20 +40,50 @@ class HeldStyles {
 
 // Rows
 
-RowId RowStore::TakeRecord() {
-    if (!freeRows_.empty()) {
-        const RowId row = freeRows_.back();
-        freeRows_.pop_back();
-        return row;
-    }
+RowId NewRows::Insert() {
+    const RowId row = store_.Insert(next_);
+    ++next_;
+    return row;
+}
+
+NewRows::~NewRows() {
+    while (next_ > first_) store_.Remove(--next_);
+}
+
+/// The record that the next row will have; it is not taken yet.
+RowId RowStore::NextRecord() {
+    if (freeRow_ != noRow) return freeRow_;
     if (nextRow_ / recordsPerBlock == blocks_.size()) blocks_.push_back(std::make_unique<RowRecord[]>(recordsPerBlock));
-    return nextRow_++;
+    return nextRow_;
+}
+
+void RowStore::TakeRecord(RowId row) noexcept {
+    if (row == nextRow_) {
+        ++nextRow_;
+    } else {
+        freeRow_ = std::exchange(Record(row).style, 0);
+    }
+}
+
+void RowStore::GiveBackRecord(RowId row) noexcept {
+    RowRecord& record = Record(row);
+    const auto generation = static_cast<uint16_t>(Generation(record) + 1);
+    record = RowRecord{};
+    record.flags = static_cast<uint16_t>(generation << generationShift);
+    if (generation == lastGeneration) return;
+    record.style = std::exchange(freeRow_, row);
+}
+
+std::optional<RowId> RowStore::RowOf(RowHandle handle) const {
+    if (handle.store_ != number_ || Generation(Record(handle.row_)) != handle.generation_) return std::nullopt;
+    return handle.row_;
 }
 
 RowId RowStore::Insert(int32_t number) {
     if (Count() >= maxCount) throw automation::VbError(automation::errors::outOfMemory);
-    const RowId row = TakeRecord();
+    const RowId row = NextRecord();
     order_.Insert(number, row);
+    TakeRecord(row);
     return row;
 }
 
@@ -69,24 +100,27 @@ void RowStore::Remove(int32_t number) noexcept {
     }
     styles_.Release(record.style);
     order_.Remove(number);
-    record = RowRecord{};
-    freeRows_.push_back(row);
+    GiveBackRecord(row);
     CompactOwnTexts();
 }
 
 void RowStore::AppendCopy(const RowStore& from, RowId row) {
-    const RowId copy = Insert(Count());
+    NewRows copies(*this, Count());
+    const RowId copy = copies.Insert();
+    for (int col = 0; col < schema_.columns; ++col)
+        if (col != schema_.key) SetText(copy, col, from.View(row, col));
     // The key comes last, so that it is found to be put together from the other cells.
-    for (int col = 0; col < schema_.columns; ++col) SetText(copy, col, from.Text(row, col));
+    if (schema_.key != GridSchema::none) SetText(copy, schema_.key, from.Text(row, schema_.key));
     RowRecord& record = Record(copy);
     record.style = styles_.Acquire(from.Style(row));
     record.level = from.Level(row);
     SetIsNode(copy, from.IsNode(row));
     SetIsCollapsed(copy, from.IsCollapsed(row));
+    copies.Keep();
 }
 
 void RowStore::SetFlag(RowRecord& record, Flag flag, bool on) {
-    record.flags = static_cast<uint8_t>(on ? record.flags | flag : record.flags & ~flag);
+    record.flags = static_cast<uint16_t>(on ? record.flags | flag : record.flags & ~flag);
 }
 
 // Cells
@@ -282,8 +316,7 @@ int32_t RowStore::Scan(std::string_view text, int32_t start, int col) const {
 
 bool RowStore::ChangeStyles(int32_t first, int32_t last, const StyleChange& change) {
     HeldStyles held(styles_, static_cast<size_t>(last - first) + 1);
-    for (int32_t number = first; number <= last; ++number)
-        held.Hold(styles_.Changed(Record(At(number)).style, change));
+    for (int32_t number = first; number <= last; ++number) held.Hold(styles_.Changed(Record(At(number)).style, change));
     bool changed = false;
     for (int32_t number = first; number <= last; ++number) {
         RowStyles::Id& style = Record(At(number)).style;
@@ -295,8 +328,8 @@ bool RowStore::ChangeStyles(int32_t first, int32_t last, const StyleChange& chan
 }
 
 size_t RowStore::MemoryUse() const {
-    size_t total = sizeof *this + blocks_.size() * recordsPerBlock * sizeof(RowRecord) +
-                   blocks_.capacity() * sizeof(void*) + freeRows_.capacity() * sizeof(RowId);
+    size_t total =
+        sizeof *this + blocks_.size() * recordsPerBlock * sizeof(RowRecord) + blocks_.capacity() * sizeof(void*);
     total += order_.MemoryUse() + ownTexts_.MemoryUse() + pool_.MemoryUse() + styles_.MemoryUse() + keys_.MemoryUse();
     pool_.ForEach([&](const PooledText& text) { total += text.Text().capacity(); });
     return total;

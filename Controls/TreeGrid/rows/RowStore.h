@@ -11,6 +11,7 @@
 
 #include "rows/GridSchema.h"
 #include "rows/KeyIndex.h"
+#include "rows/RowHandle.h"
 #include "rows/RowSequence.h"
 #include "rows/RowStyles.h"
 #include "rows/TextArena.h"
@@ -27,13 +28,19 @@ class RowStore {
     /// More rows than this are refused as out of memory; the rows alone would take 3 GB.
     static constexpr int32_t maxCount = 0x02000000;
 
-    explicit RowStore(const GridSchema& schema) : schema_(schema) {}
+    /// `number` tells this store from the others that the same grid has had: handles of one mean nothing to another.
+    RowStore(const GridSchema& schema, uint32_t number) : schema_(schema), number_(number) {}
     RowStore(const RowStore&) = delete;
     RowStore& operator=(const RowStore&) = delete;
 
     int32_t Count() const { return order_.Count(); }
     RowId At(int32_t number) const { return order_.At(number); }
     int32_t NumberOf(RowId row) const { return order_.NumberOf(row); }
+    uint32_t Number() const { return number_; }
+
+    RowHandle HandleOf(RowId row) const { return {number_, row, Generation(Record(row))}; }
+    /// Nothing when the row has gone.
+    std::optional<RowId> RowOf(RowHandle handle) const;
 
     /// A new, empty row before the row that now has the number; with number Count(), at the end.
     /// Throws automation::Error 0x8007000E beyond maxCount.
@@ -67,22 +74,30 @@ class RowStore {
     size_t OwnTextBytes() const { return ownTexts_.LiveBytes(); }
 
   private:
-    enum Flag : uint8_t { isNode = 1, isCollapsed = 2, keyIsDerived = 4 };
+    enum Flag : uint16_t { isNode = 1, isCollapsed = 2, keyIsDerived = 4 };
+    // The rest of the flags' word counts the rows that have had the record. A record whose count is full is not used
+    // again, so no handle ever names a later row.
+    static constexpr int generationShift = 3;
+    static constexpr uint16_t lastGeneration = UINT16_MAX >> generationShift;
 
     /// One cache line a row.
     struct RowRecord {
         uint32_t cells[GridSchema::maxColumns] = {};  ///< TextArena::Ref of an own text, TextPool::Id of a shared one
         RowStyles::Id style = 0;
         int16_t level = 0;
-        uint8_t flags = 0;
+        uint16_t flags = 0;
     };
+    static_assert(sizeof(RowRecord) == 64);
     static constexpr size_t recordsPerBlock = 1024;
 
     RowRecord& Record(RowId row) { return blocks_[row / recordsPerBlock][row % recordsPerBlock]; }
     const RowRecord& Record(RowId row) const { return blocks_[row / recordsPerBlock][row % recordsPerBlock]; }
+    static uint16_t Generation(const RowRecord& record) { return record.flags >> generationShift; }
     bool Has(RowId row, Flag flag) const { return (Record(row).flags & flag) != 0; }
     static void SetFlag(RowRecord& record, Flag flag, bool on);
-    RowId TakeRecord();
+    RowId NextRecord();
+    void TakeRecord(RowId row) noexcept;
+    void GiveBackRecord(RowId row) noexcept;
 
     bool SetShared(RowRecord& record, int col, std::string_view text);
     bool SetOwn(RowRecord& record, int col, std::string_view text);
@@ -112,17 +127,38 @@ class RowStore {
     int32_t FindKey(std::string_view text, int32_t start) const;
     int32_t Scan(std::string_view text, int32_t start, int col) const;
 
+    static constexpr RowId noRow = UINT32_MAX;
+
     const GridSchema schema_;
+    const uint32_t number_;
     std::vector<std::unique_ptr<RowRecord[]>> blocks_;
-    std::vector<RowId> freeRows_;
+    RowId freeRow_ = noRow;  ///< the first record to use again; the style of each names the next
     RowId nextRow_ = 0;
     RowSequence order_;
     TextArena ownTexts_;
     size_t nextCompaction_ = 0;  ///< so many dropped bytes must there be before compacting is tried again
     TextPool pool_;
-    TextPool::Id lastPooled_[GridSchema::maxColumns] = {};  ///< the text that was written last in each column; holds a reference
+    TextPool::Id lastPooled_[GridSchema::maxColumns] =
+        {};  ///< the text that was written last in each column; holds a reference
     RowStyles styles_;
     KeyIndex keys_{order_};
+};
+
+/// Rows that are put in one behind the other for something that may yet fail: removed again unless they are kept.
+class NewRows {
+  public:
+    NewRows(RowStore& store, int32_t first) : store_(store), first_(first), next_(first) {}
+    ~NewRows();
+    NewRows(const NewRows&) = delete;
+    NewRows& operator=(const NewRows&) = delete;
+
+    RowId Insert();
+    void Keep() noexcept { first_ = next_; }
+
+  private:
+    RowStore& store_;
+    int32_t first_;
+    int32_t next_;
 };
 
 }  // namespace foldertree

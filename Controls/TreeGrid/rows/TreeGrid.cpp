@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
+#include <utility>
 
 #include "automation/Error.h"
 #include "rows/Outline.h"
@@ -19,14 +21,10 @@ namespace {
     throw automation::VbError(automation::errors::invalidCall);
 }
 
-void CheckColumn(int col) {
-    if (col < 0 || col >= gridColumnCount) ThrowSubscript();
-}
-
-void CheckSetting(CellSetting setting, uint32_t value) {
+void CheckSetting(const GridSchema& schema, CellSetting setting, uint32_t value) {
     switch (setting) {
         case CellSetting::Picture:
-            if (value >= static_cast<uint32_t>(pictureCount)) ThrowInvalidCall();
+            if (value > schema.pictures) ThrowInvalidCall();
             return;
         case CellSetting::PictureAlignment:
             if (value > UINT8_MAX) ThrowInvalidCall();
@@ -43,7 +41,22 @@ void CheckSetting(CellSetting setting, uint32_t value) {
 
 class TreeGrid::Impl final : public OutlineRows {
   public:
-    Impl() { store->Insert(0); }
+    explicit Impl(const GridSchema& meaning) : schema(meaning) { store->Insert(0); }
+
+    void CheckColumn(int col) const {
+        if (col < 0 || col >= schema.columns) ThrowSubscript();
+    }
+
+    int32_t CurrentRow() const { return RowOf(cursor).value_or(0); }
+    std::optional<int32_t> RowOf(RowHandle handle) const {
+        const std::optional<RowId> row = store->RowOf(handle);
+        if (!row) return std::nullopt;
+        return store->NumberOf(*row);
+    }
+    void SetCurrentRow(int32_t row) {
+        cursor = store->HandleOf(store->At(row));
+        changes.cursor = true;
+    }
 
     RowId Row(int32_t row) const {
         if (row < 0 || row >= store->Count()) ThrowSubscript();
@@ -61,75 +74,90 @@ class TreeGrid::Impl final : public OutlineRows {
         return {store->Level(id), store->IsNode(id) && store->IsCollapsed(id)};
     }
 
-    template <class... Parameters, class... Arguments>
-    void Tell(void (TreeGridObserver::*event)(Parameters...), Arguments... arguments) const {
-        for (TreeGridObserver* observer : observers) (observer->*event)(arguments...);
-    }
-    void TellOutline(int32_t row) {
+    void OutlineChanged(int32_t row) {
         outline.Invalidate(row);
-        Tell(&TreeGridObserver::OutlineChanged, row);
+        changes.OutlineChangedFrom(row);
     }
 
     void Append(int32_t count);
-    void Truncate(int32_t count);
-    void KeepFirstRows(int32_t count);
-    void CursorAfterRemoval(int32_t first, int32_t count);
+    void Truncate(int32_t count) noexcept;
+    void KeepFixedRows() noexcept;
+    void RemoveRowsFrom(int32_t count) noexcept;
+    void CursorAfterRemoval(int32_t first) noexcept;
 
-    std::unique_ptr<RowStore> store = std::make_unique<RowStore>();
+    const GridSchema schema;
+    std::unique_ptr<RowStore> store = std::make_unique<RowStore>(schema, 1);
     mutable Outline outline{*this};
     int32_t fixedRows = 1;
     int32_t fixedCols = 0;
-    int32_t currentRow = 0;
-    std::array<bool, gridColumnCount> hidden{};
-    std::array<int32_t, gridColumnCount> dataTypes{};
+    RowHandle cursor;
+    std::array<bool, GridSchema::maxColumns> hidden{};
+    std::array<int32_t, GridSchema::maxColumns> dataTypes{};
     automation::ObjectRef font;
     OleColor backColor = colors::window;
     OleColor textColor = colors::buttonText;
     bool enabled = true;
     std::string editText;
     std::vector<TreeGridObserver*> observers;
+    GridChanges changes;      ///< not yet told
+    bool delivering = false;  ///< observers that leave are taken out of the list afterwards
 };
 
 void TreeGrid::Impl::Append(int32_t count) {
-    if (count > RowStore::maxCount - store->Count()) throw automation::VbError(automation::errors::outOfMemory);
     const int32_t first = store->Count();
-    for (int32_t added = 0; added < count; ++added) store->Insert(store->Count());
-    Tell(&TreeGridObserver::RowsInserted, first, count);
+    if (count > RowStore::maxCount - first) throw automation::VbError(automation::errors::outOfMemory);
+    NewRows rows(*store, first);
+    for (int32_t added = 0; added < count; ++added) rows.Insert();
+    rows.Keep();
+    changes.RowsMovedFrom(first);
 }
 
-void TreeGrid::Impl::Truncate(int32_t count) {
-    const int32_t removed = store->Count() - count;
+void TreeGrid::Impl::Truncate(int32_t count) noexcept {
+    const bool hadCursor = CurrentRow() < count;
     outline.Invalidate(count);
-    if (removed > count) {
-        KeepFirstRows(count);
+    changes.RowsMovedFrom(count);
+    if (count == fixedRows) {
+        KeepFixedRows();
+        changes.emptied = true;
     } else {
-        while (store->Count() > count) store->Remove(store->Count() - 1);
+        RemoveRowsFrom(count);
     }
-    Tell(&TreeGridObserver::RowsRemoved, count, removed);
-    CursorAfterRemoval(count, removed);
+    if (!hadCursor) CursorAfterRemoval(count);
 }
 
-// When fewer rows stay than go, copying them is less work, and all memory of the others is given back.
-void TreeGrid::Impl::KeepFirstRows(int32_t count) {
-    auto kept = std::make_unique<RowStore>();
-    for (int32_t row = 0; row < count; ++row) kept->AppendCopy(*store, store->At(row));
-    store = std::move(kept);
+void TreeGrid::Impl::RemoveRowsFrom(int32_t count) noexcept {
+    while (store->Count() > count) store->Remove(store->Count() - 1);
+}
+
+// Copying the few rows that stay is less work than removing all others, and gives all memory of those back. Without
+// memory for the copies the others are removed where they stand.
+void TreeGrid::Impl::KeepFixedRows() noexcept {
+    try {
+        auto kept = std::make_unique<RowStore>(schema, store->Number() + 1);
+        for (int32_t row = 0; row < fixedRows; ++row) kept->AppendCopy(*store, store->At(row));
+        store = std::move(kept);
+    } catch (const std::bad_alloc&) {
+        RemoveRowsFrom(fixedRows);
+    }
 }
 
 // A removed cursor row hands the cursor to the row above it: of a node's placeholder that is the node.
-void TreeGrid::Impl::CursorAfterRemoval(int32_t first, int32_t count) {
-    if (currentRow < first) return;
-    if (currentRow >= first + count) {
-        currentRow -= count;
-        return;
-    }
+void TreeGrid::Impl::CursorAfterRemoval(int32_t first) noexcept {
     const int32_t above = std::max(first - 1, fixedRows);
-    currentRow = above < store->Count() ? above : 0;
-    Tell(&TreeGridObserver::CurrentRowChanged);
+    if (above < store->Count()) {
+        SetCurrentRow(above);
+    } else {
+        cursor = {};
+        changes.cursor = true;
+    }
 }
 
-TreeGrid::TreeGrid() : impl_(std::make_unique<Impl>()) {}
+TreeGrid::TreeGrid(const GridSchema& schema) : impl_(std::make_unique<Impl>(schema)) {}
 TreeGrid::~TreeGrid() = default;
+
+const GridSchema& TreeGrid::Schema() const {
+    return impl_->schema;
+}
 
 // Shape
 
@@ -145,11 +173,11 @@ void TreeGrid::SetRowCount(int32_t count) {
 }
 
 int32_t TreeGrid::ColCount() const {
-    return gridColumnCount;
+    return impl_->schema.columns;
 }
 
 void TreeGrid::SetColCount(int32_t count) {
-    if (count != gridColumnCount) ThrowSubscript();
+    if (count != impl_->schema.columns) ThrowSubscript();
 }
 
 int32_t TreeGrid::FixedRowCount() const {
@@ -159,13 +187,12 @@ int32_t TreeGrid::FixedRowCount() const {
 void TreeGrid::SetFixedRowCount(int32_t count) {
     if (count < 0 || count > RowCount()) ThrowSubscript();
     if (count == impl_->fixedRows) return;
-    impl_->outline.Invalidate(0);
     impl_->fixedRows = count;
-    impl_->Tell(&TreeGridObserver::OutlineChanged, 0);
+    impl_->OutlineChanged(0);
 }
 
 void TreeGrid::SetFixedColCount(int32_t count) {
-    if (count < 0 || count > gridColumnCount) ThrowSubscript();
+    if (count < 0 || count > impl_->schema.columns) ThrowSubscript();
     impl_->fixedCols = count;
 }
 
@@ -174,20 +201,32 @@ int32_t TreeGrid::AddRow(std::string_view text, std::optional<int32_t> before) {
     const int32_t row = before.value_or(RowCount());
     if (row < impl.fixedRows || row > RowCount()) ThrowSubscript();
     const std::string first(text);  // the view may be of a cell of this grid
-    const RowId id = impl.store->Insert(row);
-    impl.store->SetText(id, colSel, first);
+    NewRows added(*impl.store, row);
+    impl.store->SetText(added.Insert(), 0, first);
+    added.Keep();
     impl.outline.Invalidate(row);
-    if (impl.currentRow >= row && row + 1 < RowCount()) ++impl.currentRow;
-    impl.Tell(&TreeGridObserver::RowsInserted, row, 1);
+    impl.changes.RowsMovedFrom(row);
     return row;
 }
 
 void TreeGrid::RemoveRow(int32_t row) {
     if (row < impl_->fixedRows || row >= RowCount()) ThrowSubscript();
+    const bool isCursor = HandleOf(row) == impl_->cursor;
     impl_->outline.Invalidate(row);
     impl_->store->Remove(row);
-    impl_->Tell(&TreeGridObserver::RowsRemoved, row, 1);
-    impl_->CursorAfterRemoval(row, 1);
+    impl_->changes.RowsMovedFrom(row);
+    if (RowCount() == impl_->fixedRows) impl_->changes.emptied = true;
+    if (isCursor) impl_->CursorAfterRemoval(row);
+}
+
+// Identity
+
+RowHandle TreeGrid::HandleOf(int32_t row) const {
+    return impl_->store->HandleOf(impl_->Row(row));
+}
+
+std::optional<int32_t> TreeGrid::RowOf(RowHandle handle) const {
+    return impl_->RowOf(handle);
 }
 
 // Cells
@@ -197,7 +236,7 @@ std::string TreeGrid::CellText(int32_t row, int col) const {
 }
 
 void TreeGrid::SetCellText(int32_t row, int col, std::string_view text) {
-    if (impl_->store->SetText(impl_->Cell(row, col), col, text)) impl_->Tell(&TreeGridObserver::RowsChanged, row, row);
+    if (impl_->store->SetText(impl_->Cell(row, col), col, text)) impl_->changes.RowsChanged(row, row);
 }
 
 double TreeGrid::CellValue(int32_t row, int col) const {
@@ -205,12 +244,16 @@ double TreeGrid::CellValue(int32_t row, int col) const {
 }
 
 std::string_view TreeGrid::CellView(int32_t row, int col) const {
-    if (col == colKey) ThrowInvalidCall();
+    if (col == impl_->schema.key) ThrowInvalidCall();
     return impl_->store->View(impl_->Cell(row, col), col);
 }
 
+int32_t TreeGrid::FindRow(std::string_view text, int32_t startRow) const {
+    return FindRow(text, startRow, impl_->schema.key);
+}
+
 int32_t TreeGrid::FindRow(std::string_view text, int32_t startRow, int col) const {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     if (startRow < 0 || startRow > RowCount()) ThrowSubscript();
     return impl_->store->Find(text, startRow, col);
 }
@@ -222,14 +265,12 @@ void TreeGrid::SetCellFormat(CellSetting setting, int32_t row, int col, uint32_t
 }
 
 void TreeGrid::SetCellFormat(CellSetting setting, int32_t row1, int col1, int32_t row2, int col2, uint32_t value) {
-    CheckColumn(col1);
-    CheckColumn(col2);
+    impl_->CheckColumn(col1);
+    impl_->CheckColumn(col2);
     if (row1 < 0 || row2 >= RowCount() || row1 > row2 || col1 > col2) ThrowSubscript();
-    CheckSetting(setting, value);
+    CheckSetting(impl_->schema, setting, value);
     const StyleChange change{static_cast<int>(setting), col1, col2, value};
-    bool changed = false;
-    for (int32_t row = row1; row <= row2; ++row) changed |= impl_->store->ChangeStyle(impl_->store->At(row), change);
-    if (changed) impl_->Tell(&TreeGridObserver::RowsChanged, row1, row2);
+    if (impl_->store->ChangeStyles(row1, row2, change)) impl_->changes.RowsChanged(row1, row2);
 }
 
 uint32_t TreeGrid::CellFormat(CellSetting setting, int32_t row, int col) const {
@@ -255,7 +296,8 @@ const CellLook& TreeGrid::Look(int32_t row, int col) const {
 
 void TreeGrid::SetRowHeight(int32_t row, int32_t twips) {
     const StyleChange change{StyleChange::rowHeight, 0, 0, static_cast<uint32_t>(std::max(twips, 0))};
-    if (impl_->store->ChangeStyle(impl_->Row(row), change)) impl_->Tell(&TreeGridObserver::RowsChanged, row, row);
+    impl_->Row(row);
+    if (impl_->store->ChangeStyles(row, row, change)) impl_->changes.RowsChanged(row, row);
 }
 
 int32_t TreeGrid::RowHeight(int32_t row) const {
@@ -272,7 +314,7 @@ void TreeGrid::SetRowOutlineLevel(int32_t row, int16_t level) {
     const RowId id = impl_->Row(row);
     if (impl_->store->Level(id) == level) return;
     impl_->store->SetLevel(id, level);
-    impl_->TellOutline(row);
+    impl_->OutlineChanged(row);
 }
 
 bool TreeGrid::IsNode(int32_t row) const {
@@ -283,7 +325,7 @@ void TreeGrid::SetIsNode(int32_t row, bool isNode) {
     const RowId id = impl_->Row(row);
     if (impl_->store->IsNode(id) == isNode) return;
     impl_->store->SetIsNode(id, isNode);
-    impl_->TellOutline(row);
+    impl_->OutlineChanged(row);
 }
 
 int32_t TreeGrid::NodeState(int32_t row) const {
@@ -295,7 +337,7 @@ void TreeGrid::SetNodeState(int32_t row, int32_t state) {
     if (state != nodeExpanded && state != nodeCollapsed) ThrowInvalidCall();
     if (NodeState(row) == state) return;
     impl_->store->SetIsCollapsed(id, state == nodeCollapsed);
-    impl_->TellOutline(row);
+    impl_->OutlineChanged(row);
 }
 
 bool TreeGrid::HasChildren(int32_t row) const {
@@ -326,48 +368,46 @@ int32_t TreeGrid::VisibleAncestor(int32_t row) const {
 // Cursor
 
 int32_t TreeGrid::CurrentRow() const {
-    return impl_->currentRow;
+    return impl_->CurrentRow();
 }
 
 void TreeGrid::SetCurrentRow(int32_t row) {
     impl_->Row(row);
-    if (impl_->currentRow == row) return;
-    impl_->currentRow = row;
-    impl_->Tell(&TreeGridObserver::CurrentRowChanged);
+    if (CurrentRow() != row) impl_->SetCurrentRow(row);
 }
 
 // Columns
 
 bool TreeGrid::ColHidden(int col) const {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     return impl_->hidden[static_cast<size_t>(col)];
 }
 
 void TreeGrid::SetColHidden(int col, bool hidden) {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     bool& now = impl_->hidden[static_cast<size_t>(col)];
     if (now == hidden) return;
     now = hidden;
-    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+    impl_->changes.columns = true;
 }
 
 int32_t TreeGrid::ColDataType(int col) const {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     return impl_->dataTypes[static_cast<size_t>(col)];
 }
 
 void TreeGrid::SetColDataType(int col, int32_t type) {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     int32_t& now = impl_->dataTypes[static_cast<size_t>(col)];
     if (now == type) return;
     now = type;
-    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+    impl_->changes.columns = true;
 }
 
 void TreeGrid::AutoSizeColumns(int firstCol, int lastCol) {
-    CheckColumn(firstCol);
-    CheckColumn(lastCol);
-    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+    impl_->CheckColumn(firstCol);
+    impl_->CheckColumn(lastCol);
+    impl_->changes.columns = true;
 }
 
 // Grid-wide
@@ -377,8 +417,8 @@ const automation::ObjectRef& TreeGrid::Font() const {
 }
 
 void TreeGrid::SetFont(automation::ObjectRef font) {
-    impl_->font = std::move(font);
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    std::swap(impl_->font, font);  // the end of the old one, which may run other code, comes last
+    impl_->changes.appearance = true;
 }
 
 OleColor TreeGrid::BackColor() const {
@@ -387,7 +427,7 @@ OleColor TreeGrid::BackColor() const {
 
 void TreeGrid::SetBackColor(OleColor color) {
     impl_->backColor = color;
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    impl_->changes.appearance = true;
 }
 
 OleColor TreeGrid::TextColor() const {
@@ -396,7 +436,7 @@ OleColor TreeGrid::TextColor() const {
 
 void TreeGrid::SetTextColor(OleColor color) {
     impl_->textColor = color;
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    impl_->changes.appearance = true;
 }
 
 bool TreeGrid::Enabled() const {
@@ -405,7 +445,7 @@ bool TreeGrid::Enabled() const {
 
 void TreeGrid::SetEnabled(bool enabled) {
     impl_->enabled = enabled;
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    impl_->changes.appearance = true;
 }
 
 const std::string& TreeGrid::EditText() const {
@@ -417,11 +457,27 @@ void TreeGrid::SetEditText(std::string_view text) {
 }
 
 void TreeGrid::AddObserver(TreeGridObserver* observer) {
+    DeliverChanges();
     impl_->observers.push_back(observer);
 }
 
 void TreeGrid::RemoveObserver(TreeGridObserver* observer) {
-    std::erase(impl_->observers, observer);
+    if (impl_->delivering)
+        std::ranges::replace(impl_->observers, observer, nullptr);
+    else
+        std::erase(impl_->observers, observer);
+}
+
+void TreeGrid::DeliverChanges() noexcept {
+    if (!impl_->changes.Any()) return;
+    const GridChanges changes = std::exchange(impl_->changes, {});
+    // By position and not by iterator: an observer may leave, or take another along, when it hears of a change.
+    const bool outermost = !std::exchange(impl_->delivering, true);
+    for (size_t each = 0; each < impl_->observers.size(); ++each)
+        if (TreeGridObserver* const observer = impl_->observers[each]) observer->GridChanged(changes);
+    if (!outermost) return;
+    impl_->delivering = false;
+    std::erase(impl_->observers, nullptr);
 }
 
 TreeGrid::Memory TreeGrid::MemoryUse() const {

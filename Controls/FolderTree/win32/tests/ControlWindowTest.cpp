@@ -72,7 +72,7 @@ class ControlWindowTest : public testing::Test {
     MSG KeyMessage(HWND window, WPARAM key) const { return {window, WM_KEYDOWN, key, 1, 0, {0, 0}}; }
 
     HostWindow host_;
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     RecordingEvents events_{grid_};
     TestKeeper keeper_;
     std::function<void()> onCancel_;
@@ -257,6 +257,7 @@ TEST_F(ControlWindowTest, ChangesOfTheGridAreShownByThemselves) {
     WatchPaints(control_->Grid().Handle());
     for (int i = 0; i < 1000; ++i) AddFolder(grid_, 1, "Folder");
     EXPECT_EQ(PaintsOf(control_->Grid().Handle()), 0) << "not before the grid's change is complete";
+    grid_.DeliverChanges();
     EXPECT_TRUE(HostWindow::PumpUntil([&] {
         SCROLLINFO bar{};
         bar.cbSize = sizeof bar;
