@@ -112,7 +112,7 @@ const std::vector<Operation>& Operations() {
         {"a row in the middle", [](TreeGrid& grid) { grid.AddRow(Long("text"), 10); },
          [](PlainGrid& plain) { plain.InsertRow(10, Long("text")); }},
         Counting("some more rows", someRows + 10),
-        Counting("many more rows", someRows + 2500),
+        Counting("many more rows", someRows + 1100),
         Counting("fewer rows", 10),
         Counting("no rows", 1),
         {"a row less", [](TreeGrid& grid) { grid.RemoveRow(12); }, [](PlainGrid& plain) { plain.RemoveRow(12); }},
@@ -194,7 +194,7 @@ TEST(TreeGridWithoutMemory, OperationsWhereTablesGrowHappenWhollyOrNotAtAll) {
     const Operation row = {"a row in the middle", [](TreeGrid& grid) { grid.AddRow(Long("text"), 10); },
                            [](PlainGrid& plain) { plain.InsertRow(10, Long("text")); }};
     const Operation key = Writing("a key of its own", 5, colKey, Long("key"));
-    for (int32_t rows : {46, 47, 48, 49, 62, 63, 64, 65, 96, 97, 254, 255, 256, 257, 1022, 1023, 1024}) {
+    for (int32_t rows : {47, 48, 63, 64, 95, 96, 255, 256, 1022, 1023}) {
         for (const Operation* operation : {&row, &key}) {
             SCOPED_TRACE(std::string(operation->name) + ", " + std::to_string(rows) + " rows");
             FailEachAllocation(true, [&](const MemoryPlan& plan) {
