@@ -60,7 +60,7 @@ class GridInteractionTest : public ::testing::Test {
         events_.meanwhile = [action = std::move(action)](bool&) { action(); };
     }
 
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     Events events_{grid_};
     GridInteraction interaction_{grid_, events_};
 };

@@ -156,7 +156,7 @@ class Painter {
         if (grid_.IsNode(row) && grid_.HasChildren(row))
             PaintGlyph(layout_.Glyph(cell, level), grid_.NodeState(row) == nodeExpanded);
         icons_.Draw(dc_, look.picture, layout_.Icon(cell, level), !enabled_);
-        Text(dc_, layout_.NameText(cell, level, look.picture != Picture::None), grid_.CellText(row, colName), DT_LEFT);
+        Text(dc_, layout_.NameText(cell, level, look.picture != noPicture), grid_.CellText(row, colName), DT_LEFT);
     }
 
     void PaintGlyph(const RECT& glyph, bool open) {

@@ -40,7 +40,7 @@ class GridPaintingTest : public testing::Test {
     }
     RECT Box(int32_t row) const { return layout_.Box(Cell(row, colSel)); }
 
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     GridFonts fonts_;
     GridLayout layout_;
     Icons icons_;
@@ -227,7 +227,7 @@ TEST_F(GridPaintingTest, AnAreaWithoutRoomIsPainted) {
 }
 
 TEST_F(GridPaintingTest, AGridThatHoldsNothingYetIsPainted) {
-    const TreeGrid empty;
+    const TreeGrid empty{folderSchema};
     fonts_.Load(empty.Font(), 96);
     const GridLayout layout = MeasureGrid(empty, fonts_, 96, area, 0);
     const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
@@ -267,7 +267,7 @@ TEST_F(GridPaintingTest, AFontThatFailsLeavesTheDefaultOne) {
 
 TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     HostWindow host;
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     SetUpGrid(grid);
     AddFolder(grid, 0, "Mailbox", rowKind::store);
     TickRow(grid, AddFolder(grid, 1, "Inbox"), "1");

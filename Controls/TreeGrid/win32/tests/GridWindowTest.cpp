@@ -66,7 +66,7 @@ class GridWindowTest : public testing::Test {
     }
 
     HostWindow host_;
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     RecordingEvents events_{grid_};
     TestKeeper keeper_;
     std::unique_ptr<GridWindow> window_;
