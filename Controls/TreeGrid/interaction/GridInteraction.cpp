@@ -2,6 +2,7 @@
 #include "interaction/GridInteraction.h"
 
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "interaction/CursorMoves.h"
@@ -87,9 +88,10 @@ void GridInteraction::CloseOrStepOut(int32_t row) {
 // ---- Acts on one row
 
 bool GridInteraction::ToggleTick(int32_t row) {
-    if (!MayEdit(grid_, events_, row, colSel)) return false;
-    FlipTick(grid_, row);
-    events_.fgd_AfterEdit(row, colSel);
+    const std::optional<int32_t> asked = AskToEdit(grid_, events_, row, colSel);
+    if (!asked) return false;
+    FlipTick(grid_, *asked);
+    events_.fgd_AfterEdit(*asked, colSel);
     return true;
 }
 
@@ -97,6 +99,7 @@ void GridInteraction::SetNode(int32_t row, bool open) {
     if (!TakesGesture(grid_, row) || !HasSign(grid_, row)) return;
     const int32_t state = open ? nodeExpanded : nodeCollapsed;
     if (grid_.NodeState(row) != state) TurnNode(grid_, events_, row, state);
+    grid_.DeliverChanges();
 }
 
 void GridInteraction::ToggleNode(int32_t row) {

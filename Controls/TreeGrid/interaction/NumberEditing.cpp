@@ -1,7 +1,6 @@
 // NumberEditing: typing a row's number: when it may begin, when the text is offered, and what ends it.
 #include "interaction/NumberEditing.h"
 
-#include <algorithm>
 #include <string>
 
 #include "interaction/FlagSet.h"
@@ -24,31 +23,37 @@ class OfferedText {
 
 }  // namespace
 
-bool NumberEditing::MayOpen(int32_t row) {
-    return MayEdit(grid_, events_, row, colIndex);
+std::optional<int32_t> NumberEditing::AskToOpen(int32_t row) {
+    return AskToEdit(grid_, events_, row, colIndex);
 }
 
 bool NumberEditing::Commit(int32_t row, std::string_view text) {
     if (!TakesGesture(grid_, row)) return false;
+    const RowHandle handle = grid_.HandleOf(row);
     const std::string typed(text);
     bool cancel = false;
     {
         const OfferedText offered(grid_, typed);
         events_.fgd_ValidateEdit(row, colIndex, cancel);
     }
-    if (cancel || !TakesGesture(grid_, row)) return false;
-    grid_.SetCellText(row, colIndex, typed);
-    events_.fgd_AfterEdit(row, colIndex);
+    const std::optional<int32_t> now = grid_.RowOf(handle);
+    if (cancel || !now || !grid_.Enabled()) return false;
+    grid_.SetCellText(*now, colIndex, typed);
+    events_.fgd_AfterEdit(*now, colIndex);
     return true;
 }
 
 void NumberEditing::Open(int32_t row) {
     if (grid_.ColHidden(colIndex) || grid_.CellValue(row, colSel) == 0) return;
+    // What ends before may move the row.
+    const RowHandle handle = grid_.HandleOf(row);
     Finish();
-    if (!MayOpen(row) || !view_.Shown()) return;
-    row_ = row;
-    view_.OpenNumberBox(row, grid_.CellText(row, colIndex));
-    if (view_.OpenedNumberBox() == nullptr) row_ = 0;
+    const std::optional<int32_t> still = grid_.RowOf(handle);
+    const std::optional<int32_t> asked = still ? AskToOpen(*still) : std::nullopt;
+    if (!asked || !view_.Shown()) return;
+    row_ = handle;
+    view_.OpenNumberBox(*asked, grid_.CellText(*asked, colIndex));
+    if (view_.OpenedNumberBox() == nullptr) row_ = {};
 }
 
 void NumberEditing::Accept() {
@@ -71,29 +76,26 @@ void NumberEditing::Finish() {
 }
 
 void NumberEditing::CloseWhereLost() {
-    const bool lost = row_ == 0 || !grid_.VisiblePosition(row_) || !grid_.Enabled();
-    if (lost && view_.OpenedNumberBox() != nullptr) Close();
+    if (view_.OpenedNumberBox() != nullptr && IsLost()) Close();
+}
+
+bool NumberEditing::IsLost() const {
+    const std::optional<int32_t> row = grid_.RowOf(row_);
+    return !row || !grid_.VisiblePosition(*row) || !grid_.Enabled();
 }
 
 // A box that was opened and left as it was has changed nothing, so there is nothing to tell.
 bool NumberEditing::Offer(NumberBox& box) {
-    if (row_ == 0 || !box.Modified()) return true;
+    const std::optional<int32_t> row = grid_.RowOf(row_);
+    if (!row || !box.Modified()) return true;
     const FlagSet ending(ending_);
-    return Commit(row_, box.Text());
+    return Commit(*row, box.Text());
 }
 
 void NumberEditing::Close() {
     const FlagSet ending(ending_);
-    row_ = 0;
+    row_ = {};
     view_.CloseNumberBox();
-}
-
-void NumberEditing::RowsInserted(int32_t firstRow, int32_t count) {
-    if (row_ >= firstRow) row_ += count;
-}
-
-void NumberEditing::RowsRemoved(int32_t firstRow, int32_t count) {
-    if (row_ >= firstRow) row_ = row_ < firstRow + count ? 0 : row_ - count;
 }
 
 }  // namespace foldertree

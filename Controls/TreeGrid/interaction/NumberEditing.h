@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "interaction/GridEvents.h"
@@ -16,7 +17,7 @@ class NumberEditing {
     NumberEditing(TreeGrid& grid, GridEvents& events, GridView& view) : grid_(grid), events_(events), view_(view) {}
 
     /// Whether the box may open on the row's number (before-edit).
-    bool MayOpen(int32_t row);
+    bool MayOpen(int32_t row) { return AskToOpen(row).has_value(); }
     /// A text is offered: validate-edit; when accepted it is written, then after-edit. False when refused.
     bool Commit(int32_t row, std::string_view text);
 
@@ -31,17 +32,16 @@ class NumberEditing {
     /// Closes the box where the row is gone, hidden or not to be edited any more; nothing is offered.
     void CloseWhereLost();
 
-    void RowsInserted(int32_t firstRow, int32_t count);
-    void RowsRemoved(int32_t firstRow, int32_t count);
-
   private:
+    std::optional<int32_t> AskToOpen(int32_t row);
+    bool IsLost() const;
     bool Offer(NumberBox& box);
     void Close();
 
     TreeGrid& grid_;
     GridEvents& events_;
     GridView& view_;
-    int32_t row_ = 0;
+    RowHandle row_;
     /// While a text is offered something may be shown that takes the focus, and a box that closes gives it back;
     /// neither ends the edit once more.
     bool ending_ = false;

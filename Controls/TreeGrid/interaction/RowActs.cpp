@@ -7,12 +7,13 @@ bool TakesGesture(const TreeGrid& grid, int32_t row) {
     return grid.Enabled() && row >= grid.FixedRowCount() && row < grid.RowCount();
 }
 
-// A notification may load, refresh or empty the tree, so the row is looked at again after it.
-bool MayEdit(TreeGrid& grid, GridEvents& events, int32_t row, int col) {
-    if (!TakesGesture(grid, row)) return false;
+// A notification may load, refresh or empty the tree, so the row is looked for again after it.
+std::optional<int32_t> AskToEdit(TreeGrid& grid, GridEvents& events, int32_t row, int col) {
+    if (!TakesGesture(grid, row)) return std::nullopt;
+    const RowHandle handle = grid.HandleOf(row);
     bool cancel = false;
     events.fgd_BeforeEdit(row, col, cancel);
-    return !cancel && TakesGesture(grid, row);
+    return cancel || !grid.Enabled() ? std::nullopt : grid.RowOf(handle);
 }
 
 void FlipTick(TreeGrid& grid, int32_t row) {
@@ -24,11 +25,13 @@ int32_t OtherNodeState(const TreeGrid& grid, int32_t row) {
 }
 
 bool TurnNode(TreeGrid& grid, GridEvents& events, int32_t row, int32_t state) {
+    const RowHandle handle = grid.HandleOf(row);
     const bool wasNode = grid.IsNode(row);
     bool cancel = false;
     events.fgd_BeforeCollapse(row, static_cast<int16_t>(state), cancel);
-    if (cancel || row >= grid.RowCount() || grid.IsNode(row) != wasNode) return false;
-    grid.SetNodeState(row, state);
+    const std::optional<int32_t> now = grid.RowOf(handle);
+    if (cancel || !now || grid.IsNode(*now) != wasNode) return false;
+    grid.SetNodeState(*now, state);
     return true;
 }
 

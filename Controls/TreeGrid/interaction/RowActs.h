@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "interaction/GridEvents.h"
 #include "rows/TreeGrid.h"
@@ -11,8 +12,9 @@ namespace foldertree {
 /// Whether the row is one that a user can act on now. A disabled grid takes no gesture.
 bool TakesGesture(const TreeGrid& grid, int32_t row);
 
-/// Asks with before-edit whether the cell may be edited. False also when the row takes no gesture, before or after.
-bool MayEdit(TreeGrid& grid, GridEvents& events, int32_t row, int col);
+/// Asks with before-edit whether the cell may be edited. Where the row stands after the question; nothing when it was
+/// refused, or when the row takes no gesture, before or after.
+std::optional<int32_t> AskToEdit(TreeGrid& grid, GridEvents& events, int32_t row, int col);
 
 /// Writes the other tick into the row's box: "0" over a tick, "-1" over none. Asks and tells nobody.
 void FlipTick(TreeGrid& grid, int32_t row);

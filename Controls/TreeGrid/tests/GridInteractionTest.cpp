@@ -96,6 +96,38 @@ TEST_F(GridInteractionTest, ATickWhoseRowIsGoneAfterTheQuestionIsDropped) {
     EXPECT_THAT(events_.lines, ElementsAre("before-edit 2,0 []"));
 }
 
+TEST_F(GridInteractionTest, ATickStaysWithItsRowWhenRowsComeAboveItDuringTheQuestion) {
+    grid_.SetCellText(2, colName, "meant");
+    Meanwhile([&] { grid_.AddRow("", 1); });
+    EXPECT_TRUE(interaction_.ToggleTick(2));
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 2,0 []", "after-edit 3,0 [-1]"));
+    EXPECT_EQ(grid_.CellText(3, colName), "meant");
+}
+
+TEST_F(GridInteractionTest, ANumberAndANodeStayWithTheirRowsToo) {
+    MakeNode(nodeCollapsed);
+    Meanwhile([&] { grid_.AddRow("", 1); });
+    EXPECT_TRUE(interaction_.CommitIndex(3, "7"));
+    EXPECT_EQ(grid_.CellText(4, colIndex), "7");
+    interaction_.SetNode(2, true);
+    EXPECT_EQ(grid_.NodeState(3), nodeExpanded);
+}
+
+TEST_F(GridInteractionTest, ATreeThatIsFilledAnewDuringTheQuestionHasNotTheRowThatWasMeant) {
+    MakeNode(nodeCollapsed);
+    Meanwhile([&] {
+        grid_.SetRowCount(1);
+        grid_.SetRowCount(4);
+        MakeNode(nodeCollapsed);
+    });
+    EXPECT_FALSE(interaction_.ToggleTick(2));
+    EXPECT_FALSE(interaction_.CommitIndex(2, "7"));
+    interaction_.SetNode(1, true);
+    EXPECT_EQ(grid_.NodeState(1), nodeCollapsed);
+    EXPECT_EQ(grid_.CellText(2, colSel), "");
+    EXPECT_EQ(grid_.CellText(2, colIndex), "");
+}
+
 TEST_F(GridInteractionTest, TheNumberEditorOpensUnlessItIsRefused) {
     EXPECT_TRUE(interaction_.MayEditIndex(3));
     Refuse();
@@ -461,14 +493,12 @@ TEST_F(GestureTest, WhatTakesTheFocusWhileANumberIsOfferedOffersItNotAgain) {
 TEST_F(GestureTest, ANumberStaysWithItsRowAndClosesWithoutIt) {
     OpenNumber(3, "1");
     grid_.AddRow("", 2);
-    gestures_.Number().RowsInserted(2, 1);
     gestures_.Number().CloseWhereLost();
     view_.Type("7");
     gestures_.Number().Accept();
     EXPECT_EQ(grid_.CellText(4, colIndex), "7");
     OpenNumber(4, "7");
     grid_.RemoveRow(4);
-    gestures_.Number().RowsRemoved(4, 1);
     gestures_.Number().CloseWhereLost();
     EXPECT_FALSE(view_.open);
 }

@@ -13,15 +13,6 @@
 namespace foldertree {
 namespace {
 
-/// A row number that follows its row: where it stands after rows came or went.
-int32_t AfterInsertion(int32_t row, int32_t firstRow, int32_t count) {
-    return row >= firstRow ? row + count : row;
-}
-int32_t AfterRemoval(int32_t row, int32_t firstRow, int32_t count) {
-    if (row < firstRow) return row;
-    return std::max(firstRow, row - count);
-}
-
 struct KeyMeaning {
     WPARAM key;
     GridKey meaning;
@@ -89,63 +80,35 @@ void GridWindow::OnHandleGone() {
 
 // ---- What the grid tells
 
-void GridWindow::RowsInserted(int32_t firstRow, int32_t count) {
-    const bool inView = MayBeInView(firstRow);
-    if (topRow_ != 0) topRow_ = AfterInsertion(topRow_, firstRow, count);
-    lastShownRow_ = AfterInsertion(lastShownRow_, firstRow, count);
-    interaction_.Number().RowsInserted(firstRow, count);
-    countStale_ = true;
-    NoteChange(inView);
-}
-
-void GridWindow::RowsRemoved(int32_t firstRow, int32_t count) {
-    const bool inView = MayBeInView(firstRow);
-    topRow_ = AfterRemoval(topRow_, firstRow, count);
-    lastShownRow_ = AfterRemoval(lastShownRow_, firstRow, count);
-    interaction_.Number().RowsRemoved(firstRow, count);
+void GridWindow::GridChanged(const GridChanges& changes) noexcept {
+    const bool rows = changes.firstMoved != GridChanges::noRow || changes.firstOutline != GridChanges::noRow;
     // A tree that is filled anew starts at its beginning.
-    if (grid_.RowCount() <= grid_.FixedRowCount()) topRow_ = left_ = widestName_ = 0;
-    countStale_ = true;
-    NoteChange(inView);
+    if (changes.emptied) {
+        topRow_ = {};
+        left_ = widestName_ = 0;
+    }
+    if (changes.appearance) fontLoaded_ = false;
+    countStale_ = countStale_ || rows;
+    pictureStale_ = pictureStale_ || AreInView(changes);
+    if (Handle() != nullptr && (countStale_ || pictureStale_)) stale_();
 }
 
-void GridWindow::RowsChanged(int32_t firstRow, int32_t lastRow) {
-    const bool header = firstRow < grid_.FixedRowCount();
-    const bool inView = header || (MayBeInView(firstRow) && lastRow >= topRow_);
-    if (inView) NoteChange(true);
-}
-
-void GridWindow::OutlineChanged(int32_t firstRow) {
-    countStale_ = true;
-    NoteChange(MayBeInView(firstRow));
-}
-
-void GridWindow::ColumnsChanged() {
-    NoteChange(true);
-}
-
-void GridWindow::AppearanceChanged() {
-    fontLoaded_ = false;
-    NoteChange(true);
-}
-
-void GridWindow::CurrentRowChanged() {
-    NoteChange(true);
-}
-
-void GridWindow::NoteChange(bool inView) {
-    pictureStale_ = pictureStale_ || inView;
-    if (Handle() != nullptr) stale_();
+bool GridWindow::AreInView(const GridChanges& changes) const {
+    if (changes.columns || changes.appearance || changes.cursor) return true;
+    if (MayBeInView(std::min(changes.firstMoved, changes.firstOutline))) return true;
+    const bool header = changes.firstChanged < grid_.FixedRowCount();
+    return header || (MayBeInView(changes.firstChanged) && changes.lastChanged >= firstShownRow_);
 }
 
 // The row behind the last one counts too: it decides whether the last one has something to open.
 bool GridWindow::MayBeInView(int32_t firstRow) const {
-    return !viewFull_ || firstRow <= lastShownRow_ + 1;
+    return firstRow != GridChanges::noRow && (!viewFull_ || firstRow <= lastShownRow_ + 1);
 }
 
 // ---- Painting
 
 void GridWindow::Refresh() {
+    grid_.DeliverChanges();
     if (Handle() == nullptr || (!pictureStale_ && !countStale_)) return;
     interaction_.Number().CloseWhereLost();
     // A grid that is switched off loses the focus, and the host may end the control when it hears of that.
@@ -160,7 +123,9 @@ void GridWindow::Refresh() {
 }
 
 void GridWindow::ReloadFont() {
-    AppearanceChanged();
+    GridChanges changes;
+    changes.appearance = true;
+    GridChanged(changes);
 }
 
 void GridWindow::LoadFontOnce() {
@@ -177,13 +142,14 @@ void GridWindow::Measure() {
     const int32_t count = grid_.VisibleCount();
     const GridLayout atTop = MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, 0);
     int32_t position = 0;
-    if (count > 0 && topRow_ != 0) {
-        const int32_t row = std::clamp(topRow_, grid_.FixedRowCount(), grid_.RowCount() - 1);
-        position = grid_.VisiblePosition(grid_.VisibleAncestor(row)).value_or(0);
+    if (const auto top = grid_.RowOf(topRow_)) {
+        position = grid_.VisiblePosition(grid_.VisibleAncestor(*top)).value_or(0);
+    } else if (topRow_ != RowHandle()) {
+        position = layout_.TopPosition();
     }
     position = std::clamp(position, 0, std::max(0, count - atTop.FullRows()));
     if (position != layout_.TopPosition()) pictureStale_ = true;
-    topRow_ = count > 0 ? grid_.VisibleRow(position) : 0;
+    topRow_ = count > 0 ? grid_.HandleOf(grid_.VisibleRow(position)) : RowHandle();
     layout_ =
         position == 0 ? atTop : MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, position);
     MeasureNames();
@@ -236,10 +202,12 @@ void GridWindow::NoteShownRows() {
     const int32_t count = grid_.VisibleCount();
     const int32_t end = layout_.TopPosition() + layout_.ShownRows();
     viewFull_ = count >= end;
+    firstShownRow_ = count > 0 ? grid_.VisibleRow(layout_.TopPosition()) : 0;
     lastShownRow_ = count > 0 ? grid_.VisibleRow(std::min(count, end) - 1) : 0;
 }
 
 void GridWindow::Draw(HDC dc, SIZE area) {
+    grid_.DeliverChanges();
     LoadFontOnce();
     const GridLayout layout = MeasureGrid(grid_, fonts_, DpiOf(Handle()), area, layout_.TopPosition());
     PaintGrid(dc, Picture(layout, false));
@@ -253,7 +221,7 @@ void GridWindow::ScrollTo(int64_t position) {
     if (target == layout_.TopPosition() || grid_.VisibleCount() == 0) return;
     interaction_.Number().Finish();
     if (Handle() == nullptr || grid_.VisibleCount() == 0) return;
-    topRow_ = grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1));
+    topRow_ = grid_.HandleOf(grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1)));
     pictureStale_ = true;
     Refresh();
 }

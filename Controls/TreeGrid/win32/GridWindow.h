@@ -62,15 +62,9 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     void OnHandleGone() override;
 
   private:
-    // What the grid tells. Nothing is done here, since the grid is in the middle of a change.
-    void RowsInserted(int32_t firstRow, int32_t count) override;
-    void RowsRemoved(int32_t firstRow, int32_t count) override;
-    void RowsChanged(int32_t firstRow, int32_t lastRow) override;
-    void OutlineChanged(int32_t firstRow) override;
-    void ColumnsChanged() override;
-    void AppearanceChanged() override;
-    void CurrentRowChanged() override;
-    void NoteChange(bool inView);
+    /// Only notes what is no longer right.
+    void GridChanged(const GridChanges& changes) noexcept override;
+    bool AreInView(const GridChanges& changes) const;
     bool MayBeInView(int32_t firstRow) const;
 
     // Painting
@@ -118,9 +112,10 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     bool fontLoaded_ = false;
     GridLayout layout_;
 
-    int32_t topRow_ = 0;        ///< the row that is kept at the top; 0 before the first row came
-    int32_t lastShownRow_ = 0;  ///< the last row in view when it was last painted
-    bool viewFull_ = false;     ///< whether rows reached the lower edge then
+    RowHandle topRow_;           ///< the row that is kept at the top; none before the first row came
+    int32_t firstShownRow_ = 0;  ///< the rows in view when they were last painted
+    int32_t lastShownRow_ = 0;
+    bool viewFull_ = false;  ///< whether rows reached the lower edge then
     bool pictureStale_ = true;
     bool countStale_ = true;
     int wheelRest_ = 0;
