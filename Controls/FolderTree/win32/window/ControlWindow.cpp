@@ -16,6 +16,22 @@ namespace {
 constexpr UINT_PTR frameTimer = 1;
 constexpr int borderWidth = 1;
 
+/// Takes a window down again that could not be completed, for want of memory or because its parent went.
+class HalfMade {
+  public:
+    explicit HalfMade(Window& window) : window_(window) {}
+    ~HalfMade() {
+        if (!complete_) window_.DestroyHandle();
+    }
+    HalfMade(const HalfMade&) = delete;
+    HalfMade& operator=(const HalfMade&) = delete;
+    void Complete() { complete_ = true; }
+
+  private:
+    Window& window_;
+    bool complete_ = false;
+};
+
 /// A device context of the screen.
 class ScreenDc {
   public:
@@ -72,11 +88,12 @@ HWND ControlWindow::Create(HWND parent, const RECT& place) {
     timerRuns_ = false;
     if (CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS) == nullptr)
         return nullptr;
+    HalfMade half(*this);
     RECT inner{};
     GetClientRect(Handle(), &inner);
-    grid_.Create(Handle(), inner);
-    panel_.Create(Handle());
+    if (grid_.Create(Handle(), inner) == nullptr || panel_.Create(Handle()) == nullptr) return nullptr;
     SetUserMode(userMode_);
+    half.Complete();
     return Handle();
 }
 
