@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "interaction/GridView.h"
+
 namespace foldertree {
 
 /// Lengths in pixels.
@@ -23,8 +25,6 @@ struct GridMetrics {
     /// rows are never lower than their text.
     static GridMetrics For(int dpi, int rowTwips, int fontHeight);
 };
-
-enum class GridPart { Nothing, Header, Box, Index, Glyph, Row };
 
 /// Pure geometry, without a window. Positions count the visible rows, 0-based; coordinates are the window's client
 /// area. Only the columns colSel, colIndex and colName are ever shown; the name takes what the two others leave, or as

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <string>
 
-#include "automation/Text.h"
+#include "interaction/CursorMoves.h"
 #include "win32/ShownText.h"
 
 namespace foldertree {
@@ -50,7 +50,8 @@ class Painter {
           grid_(picture.grid),
           layout_(picture.layout),
           fonts_(picture.fonts),
-          icons_(picture.icons),
+          pictures_(picture.pictures),
+          hasBox_(picture.hasBox),
           metrics_(layout_.Metrics()),
           focused_(picture.focused),
           enabled_(grid_.Enabled()),
@@ -68,7 +69,7 @@ class Painter {
         Fill(dc_, {0, 0, client.cx, client.cy}, back_);
         const int32_t first = layout_.TopPosition();
         const int32_t end = std::min(grid_.VisibleCount(), first + layout_.ShownRows());
-        const int32_t cursor = grid_.CurrentRow();
+        const int32_t cursor = CursorRow(grid_);
         for (int32_t position = first; position < end; ++position) {
             const int32_t row = grid_.VisibleRow(position);
             PaintRow(position, row, row == cursor);
@@ -124,7 +125,7 @@ class Painter {
     }
 
     void PaintBox(const RECT& cell, int32_t row) {
-        const BoxKind kind = BoxOf(grid_, row);
+        const BoxKind kind = BoxOf(grid_, hasBox_, row);
         if (kind == BoxKind::None) return;
         const bool greyed = kind == BoxKind::Greyed || !enabled_;
         const RECT box = layout_.Box(cell);
@@ -153,9 +154,8 @@ class Painter {
     }
 
     void PaintName(const RECT& cell, int32_t row, int level, const CellLook& look) {
-        if (grid_.IsNode(row) && grid_.HasChildren(row))
-            PaintGlyph(layout_.Glyph(cell, level), grid_.NodeState(row) == nodeExpanded);
-        icons_.Draw(dc_, look.picture, layout_.Icon(cell, level), !enabled_);
+        if (HasSign(grid_, row)) PaintGlyph(layout_.Glyph(cell, level), grid_.NodeState(row) == nodeExpanded);
+        pictures_.Draw(dc_, look.picture, layout_.Icon(cell, level), !enabled_);
         Text(dc_, layout_.NameText(cell, level, look.picture != noPicture), grid_.CellText(row, colName), DT_LEFT);
     }
 
@@ -173,7 +173,8 @@ class Painter {
     const TreeGrid& grid_;
     const GridLayout& layout_;
     const GridFonts& fonts_;
-    const Icons& icons_;
+    const GridPictures& pictures_;
+    const RowHasBox& hasBox_;
     const GridMetrics& metrics_;
     const bool focused_;
     const bool enabled_;
@@ -249,11 +250,6 @@ GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SI
 
 int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout) {
     return Measurer(grid, fonts, layout.Metrics()).WidestName(fonts, layout);
-}
-
-BoxKind BoxOf(const TreeGrid& grid, int32_t row) {
-    if (automation::EqualNoCase(grid.CellText(row, colRowKind), rowKind::dummy)) return BoxKind::None;
-    return grid.Look(row, colSel).backColor == colors::buttonFace ? BoxKind::Greyed : BoxKind::Plain;
 }
 
 COLORREF ToColorRef(OleColor color) {

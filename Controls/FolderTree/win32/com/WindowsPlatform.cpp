@@ -11,7 +11,6 @@
 #include "common/Members.h"
 #include "win32/com/ControlInterfaces.h"
 #include "win32/com/ControlObject.h"
-#include "win32/window/MessagePump.h"
 
 namespace foldertree {
 
@@ -50,9 +49,7 @@ void NoThrow(Body&& body) noexcept {
 void WindowsPlatform::Yield() noexcept {
     const ControlObject::Use use(object_);
     NoThrow([this] {
-        const bool goesOn =
-            PumpWaitingMessages([this](MSG& message) { return object_.Window().TranslateAccelerator(message); });
-        if (!goesOn) object_.Core().CancelLoad();
+        if (!object_.Window().PumpMessages()) object_.Core().CancelLoad();
     });
 }
 
