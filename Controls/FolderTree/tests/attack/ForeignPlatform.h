@@ -1,0 +1,73 @@
+// ForeignPlatform: the fake platform, with a border around it and around the fonts that it hands out.
+#pragma once
+
+#include "attack/Border.h"
+#include "attack/ForeignObject.h"
+#include "support/FakeHost.h"
+
+namespace foldertree::attack {
+
+class ForeignPlatform : public testing::FakeHost {
+  public:
+    explicit ForeignPlatform(BorderRef border) : border_(std::move(border)) {
+        onYield = [this](int) { border_->Reach(Place::Yield, ""); };
+        onChanged = [this] { border_->Reach(Place::Changed, ""); };
+        onPropertyChanged = [this] { border_->Reach(Place::PropertyChanged, ""); };
+    }
+
+    void Yield() override {
+        const Abroad abroad(border_);
+        FakeHost::Yield();
+    }
+    void SetBusyPointer(bool busy) override {
+        const Abroad abroad(border_);
+        FakeHost::SetBusyPointer(busy);
+    }
+    void ShowWaitPanel(bool visible) override {
+        const Abroad abroad(border_);
+        FakeHost::ShowWaitPanel(visible);
+    }
+    void SetWaitCaptions(std::string_view pleaseWaitText, std::string_view cancelText) override {
+        const Abroad abroad(border_);
+        FakeHost::SetWaitCaptions(pleaseWaitText, cancelText);
+    }
+    void SetProgressText(std::string_view path) override {
+        const Abroad abroad(border_);
+        FakeHost::SetProgressText(path);
+    }
+    void SetProgress(double maximum, double value) override {
+        const Abroad abroad(border_);
+        FakeHost::SetProgress(maximum, value);
+    }
+    automation::ObjectRef CreateFont(std::string_view name) override {
+        const Abroad abroad(border_);
+        border_->Reach(Place::FontCreation, name);
+        return MakeForeign(FakeHost::CreateFont(name), fontPlaces, border_);
+    }
+    automation::ObjectRef AmbientFont() override {
+        const Abroad abroad(border_);
+        border_->Reach(Place::AmbientFont, "");
+        return FakeHost::AmbientFont();
+    }
+    int TwipsPerPixel() override {
+        const Abroad abroad(border_);
+        return FakeHost::TwipsPerPixel();
+    }
+    void RaiseChanged() override {
+        const Abroad abroad(border_);
+        FakeHost::RaiseChanged();
+    }
+    void PropertyChanged(std::string_view name) override {
+        const Abroad abroad(border_);
+        FakeHost::PropertyChanged(name);
+    }
+    void TraceLine(std::string_view line) override {
+        const Abroad abroad(border_);
+        FakeHost::TraceLine(line);
+    }
+
+  private:
+    BorderRef border_;
+};
+
+}  // namespace foldertree::attack
