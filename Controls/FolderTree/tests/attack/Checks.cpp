@@ -30,7 +30,8 @@ void CheckCurrent(World& world, const Bystander& current, Findings& findings) {
         const auto* item = dynamic_cast<const clsFolderTreeItem*>(object.get());
         const int32_t row = item ? grid.FindRow(item->Key()) : -1;
         if (row > 0 && !testing::IsTicked(grid, row))
-            findings.push_back("the assigned collection is not shown: no tick at " + grid.CellText(row, colName));
+            findings.push_back("the assigned collection is not shown, a tick is missing" + std::string(detailMark) +
+                               grid.CellText(row, colName));
     }
     if (world.control->Selection() != current.collection.face)
         findings.push_back("the assigned collection is not the control's");
@@ -67,7 +68,7 @@ void CheckIdle(World& world, Findings& findings) {
 void CheckBystanders(World& world, Findings& findings) {
     for (const Bystander& each : world.bystanders)
         if (ItemsNow(*each.collection.items) != each.items)
-            findings.push_back("a collection that was assigned meanwhile is touched: " +
+            findings.push_back("a collection that was assigned meanwhile is touched" + std::string(detailMark) +
                                std::to_string(each.collection.items->Count()) + " items of " +
                                std::to_string(each.items.size()));
     if (!IsOpen(world) || world.bystanders.empty()) return;
@@ -83,7 +84,7 @@ void CheckGrid(World& world, Findings& findings) {
         const std::string key = grid.CellText(row, colKey);
         const int32_t found = key.empty() ? row : grid.FindRow(key);
         if (found < 0 || found > row)
-            findings.push_back("row " + std::to_string(row) + " is not found by its key " + key);
+            findings.push_back("a row is not found by its key" + std::string(detailMark) + key);
     }
 }
 
@@ -99,13 +100,14 @@ void CheckFreshStart(World& world, const std::vector<std::string>& expected, Fin
             const std::string wanted = row < expected.size() ? expected[row] : "(none)";
             if (is != wanted) difference = "row " + std::to_string(row + 1) + " is " + is + ", not " + wanted;
         }
-        findings.push_back("after a fresh start the tree is not as that of a new control: " + difference);
+        findings.push_back("after a fresh start the tree is not as that of a new control" + std::string(detailMark) +
+                           difference);
     }
     if (!world.setting.multiSelect) return;
     world.control->SelectAll();
     const int32_t selected = automation::Collection(world.control->Selection()).Count();
     if (selected != RowsToPick(world.control->Grid()))
-        findings.push_back("after a fresh start " + std::to_string(selected) + " rows can be selected");
+        findings.push_back("after a fresh start not all can be selected");
     world.control->SelectNone();
     if (automation::Collection(world.control->Selection()).Count() != 0)
         findings.push_back("after a fresh start not all can be unselected");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "attack/World.h"
@@ -9,6 +10,8 @@
 namespace foldertree::attack {
 
 using Findings = std::vector<std::string>;
+/// Between what kind of finding it is, and what it is about in this case.
+inline constexpr std::string_view detailMark = " -- ";
 
 /// Foreign objects, items and scripted objects that exist now.
 int LiveObjects();

@@ -91,11 +91,6 @@ Findings Matrix::Run(const Combination& combination) const {
     return findings;
 }
 
-std::string Matrix::PlaceOf(const Combination& combination) const {
-    const Trap::Passed& place = runs_[combination.run].places[combination.place];
-    return std::string(NameOf(place.place)) + (place.what.empty() ? "" : " (" + place.what + ")");
-}
-
 std::string Matrix::Write(const Combination& combination) const {
     const MatrixRun& run = runs_[combination.run];
     return std::string(run.setting->name) + "; " + run.member->name + "; " + std::to_string(combination.place + 1) +

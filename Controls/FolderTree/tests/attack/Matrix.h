@@ -47,8 +47,9 @@ class Matrix {
     /// "setting; member; place number; action", which Read() understands.
     std::string Write(const Combination& combination) const;
     std::optional<Combination> Read(const std::string& text) const;
-    /// The place in words.
-    std::string PlaceOf(const Combination& combination) const;
+    const Trap::Passed& PlaceOf(const Combination& combination) const {
+        return runs_[combination.run].places[combination.place];
+    }
 
   private:
     std::vector<MatrixRun> runs_;

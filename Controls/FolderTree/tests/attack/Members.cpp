@@ -13,7 +13,17 @@ namespace {
 using Control = ctlFolderTree;
 
 ObjectRef NewFont(World& world) {
+    const Abroad abroad(world.border);
     return MakeForeign(std::make_shared<automation::testing::ScriptedObject>("Font"), fontPlaces, world.border);
+}
+
+void MakeAnother(World& world) {
+    std::unique_ptr<ForeignPlatform> platform;
+    {
+        const Abroad abroad(world.border);
+        platform = std::make_unique<ForeignPlatform>(world.border);
+    }
+    const auto another = Control::Create(*platform, world.factory);
 }
 
 /// What the grid does with an edit: the text is written, then the notification comes.
@@ -163,11 +173,7 @@ std::vector<Member> SettingMembers() {
 
 std::vector<Member> LifeMembers() {
     return {
-        {"a second control is made", "Create",
-         [](World& w, Control&) {
-             ForeignPlatform platform(w.border);
-             const auto second = Control::Create(platform, w.factory);
-         }},
+        {"another control is made", "Create", [](World& w, Control&) { MakeAnother(w); }},
         {"InitProperties", "UserControl_InitProperties", [](World&, Control& c) { c.UserControl_InitProperties(); }},
         {"ReadProperties", "UserControl_ReadProperties",
          [](World& w, Control& c) { c.UserControl_ReadProperties(w.bag); }},

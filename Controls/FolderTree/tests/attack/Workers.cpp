@@ -79,6 +79,16 @@ std::string ReadAll(int file) {
     return text;
 }
 
+/// A sanitizer's line without what differs from run to run.
+std::string Shortened(std::string line) {
+    if (const size_t error = line.find("ERROR:"); error != std::string::npos) line.erase(0, error);
+    if (const size_t frame = line.find(" in "); line.find('#') != std::string::npos && frame != std::string::npos)
+        line.erase(0, frame + 4);
+    for (const char* rest : {" on address", " on unknown address", "("})
+        if (const size_t at = line.find(rest); at != std::string::npos && at > 0) line.erase(at);
+    return line.substr(0, 120);
+}
+
 /// What ended the child, and the frames of ours that were nearest.
 std::string Cause(int status, std::FILE* errors) {
     std::string cause;
@@ -100,8 +110,8 @@ std::string Cause(int status, std::FILE* errors) {
         const bool ours =
             text.find("#") != std::string::npos && text.find("::attack::") == std::string::npos &&
             (text.find(" in foldertree") != std::string::npos || text.find(" in automation") != std::string::npos);
-        const bool tell = headline || (ours && ++frames <= 6);
-        if (tell) cause += " | " + text.substr(0, 170);
+        const bool tell = headline || (ours && ++frames <= 4);
+        if (tell) cause += " | " + Shortened(text);
         told = told || tell;
         if (!text.empty()) lastLine = text;
     }

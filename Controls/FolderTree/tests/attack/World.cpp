@@ -91,6 +91,7 @@ void World::StartAnew() {
 }
 
 ObjectRef World::NewSession() const {
+    const Abroad abroad(border);
     if (setting.mode == eISAccess_Outlook) return MakeForeign(mail.Application(), providerPlaces, border);
     return MakeForeign(mail.RdoSession(), providerPlaces, border);
 }
@@ -104,6 +105,7 @@ ItemRef World::OwnItem(std::string_view entryID) {
 }
 
 ObjectRef World::ForeignItemFor(std::string_view entryID, bool incomplete) {
+    const Abroad abroad(border);
     return std::make_shared<ForeignItem>(border, KeyFor(entryID), incomplete);
 }
 
@@ -125,6 +127,7 @@ void World::FillCollection(HostCollection& collection, bool quiet) {
 }
 
 HostCollection World::NewCollection(Holder holder) {
+    const Abroad abroad(border);
     HostCollection collection{nullptr, std::make_shared<KeyedCollection>()};
     FillCollection(collection, false);
     collection.face = collection.items;
@@ -136,6 +139,7 @@ HostCollection World::NewCollection(Holder holder) {
 }
 
 HostCollection World::QuietCollection(Holder holder) {
+    const Abroad abroad(border);
     HostCollection collection{nullptr, std::make_shared<KeyedCollection>()};
     FillCollection(collection, true);
     collection.face = collection.items;
