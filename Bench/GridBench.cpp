@@ -10,7 +10,7 @@
 
 #include "Figures.h"
 #include "MailboxRows.h"
-#include "shell/TreeGrid.h"
+#include "rows/TreeGrid.h"
 
 namespace foldertree::bench {
 namespace {

@@ -20,8 +20,8 @@ using reference::LiteralControl;
 /// The control that ships, by the names of the literal one.
 class IndexedControl {
   public:
-    IndexedControl(ControlHost& host, automation::ObjectFactory& factory)
-        : control_(ctlFolderTree::Create(host, factory)) {}
+    IndexedControl(ControlPlatform& platform, automation::ObjectFactory& factory)
+        : control_(ctlFolderTree::Create(platform, factory)) {}
 
     void Load(const reference::Settings& settings) {
         control_->UserControl_InitProperties();
@@ -65,8 +65,8 @@ struct Filled {
     }
     ~Filled() { control.Close(); }
 
-    CountingHost host;
-    Control control{host, host};
+    CountingPlatform platform;
+    Control control{platform, platform};
 };
 
 /// A saved selection of every `each`th folder.

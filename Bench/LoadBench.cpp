@@ -20,7 +20,7 @@ void LoadAllFolders(benchmark::State& state) {
             loaded = std::make_unique<LoadedControl>(MailboxShape{.folders = static_cast<int32_t>(state.range(0))}, 0);
             memory = loaded->control->Grid().MemoryUse();
             rows = loaded->control->ListCount();
-            lines = static_cast<double>(loaded->host.lines);
+            lines = static_cast<double>(loaded->platform.lines);
         });
     state.counters["B/row"] = static_cast<double>(memory.total - memory.ownText) / rows;
     state.counters["lines/row"] = lines / rows;

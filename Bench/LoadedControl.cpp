@@ -9,8 +9,8 @@ LoadedControl::LoadedControl(const MailboxShape& shape, int32_t level, enuInfoSt
     : LoadedControl(MakeMemorySession(shape), level, mode) {}
 
 LoadedControl::LoadedControl(const automation::ObjectRef& session, int32_t level, enuInfoStoreAccessMode mode)
-    : control(ctlFolderTree::Create(host, host)) {
-    host.cdoSession = session;
+    : control(ctlFolderTree::Create(platform, platform)) {
+    platform.cdoSession = session;
     control->UserControl_InitProperties();
     control->SetApplication(session);
     control->SetRDOSessionRef(session);

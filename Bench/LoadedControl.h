@@ -7,13 +7,13 @@
 #include <string_view>
 
 #include "MemoryMailbox.h"
+#include "common/QuietPlatform.h"
 #include "ctlFolderTree.h"
-#include "shell/QuietHost.h"
 
 namespace foldertree::bench {
 
 /// A platform without a screen that counts what the control does.
-class CountingHost : public QuietHost, public automation::ObjectFactory {
+class CountingPlatform : public QuietPlatform, public automation::ObjectFactory {
   public:
     void Yield() override {
         ++yields;
@@ -43,7 +43,7 @@ struct LoadedControl {
     LoadedControl(const automation::ObjectRef& session, int32_t level, enuInfoStoreAccessMode mode);
     ~LoadedControl() { control->Close(); }
 
-    CountingHost host;
+    CountingPlatform platform;
     std::shared_ptr<ctlFolderTree> control;
 };
 

@@ -7,8 +7,8 @@
 
 #include "MailboxRows.h"
 #include "automation/TabledObject.h"
+#include "common/modApplication.h"
 #include "enumeration/modCDODefs.h"
-#include "shell/modApplication.h"
 
 namespace foldertree::bench {
 namespace {

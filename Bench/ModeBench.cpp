@@ -57,15 +57,15 @@ double LongestCancel(LoadedControl& loaded, int64_t yields) {
     for (int64_t place = 1; place <= places; ++place) {
         const int64_t chosen = yields * place / (places + 1);
         std::clock_t cancelled = 0;  // processor time, which other work on the machine does not lengthen
-        loaded.host.yields = 0;
-        loaded.host.onYield = [&] {
-            if (loaded.host.yields != chosen) return;
+        loaded.platform.yields = 0;
+        loaded.platform.onYield = [&] {
+            if (loaded.platform.yields != chosen) return;
             loaded.control->CancelLoad();
             cancelled = std::clock();
         };
         loaded.control->RefreshList();
         longest = std::max(longest, static_cast<double>(std::clock() - cancelled) / CLOCKS_PER_SEC);
-        loaded.host.onYield = nullptr;
+        loaded.platform.onYield = nullptr;
     }
     return longest;
 }
@@ -81,9 +81,9 @@ void CancelInMode(benchmark::State& state) {
     for (auto iteration : state) {
         static_cast<void>(iteration);
         LoadedControl loaded({.folders = folders, .deepChildren = flat ? folders : 0}, 0, mode);
-        loaded.host.yields = 0;
+        loaded.platform.yields = 0;
         loaded.control->RefreshList();
-        longest = std::max(longest, LongestCancel(loaded, loaded.host.yields));
+        longest = std::max(longest, LongestCancel(loaded, loaded.platform.yields));
         state.SetIterationTime(longest);
     }
     state.counters["longest_ms"] = longest * 1000;

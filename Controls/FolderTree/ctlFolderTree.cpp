@@ -2,6 +2,9 @@
 #include "ctlFolderTree.h"
 
 #include "addresslists/AddressListRows.h"
+#include "common/ControlContext.h"
+#include "common/GridSetup.h"
+#include "common/PersistedProperties.h"
 #include "enumeration/RdoTabReader.h"
 #include "enumeration/RefreshDriver.h"
 #include "modes/CdoReader.h"
@@ -14,9 +17,6 @@
 #include "selection/SelectionSet.h"
 #include "selection/SelectionView.h"
 #include "selection/TickEditing.h"
-#include "shell/ControlShell.h"
-#include "shell/GridSetup.h"
-#include "shell/PersistedProperties.h"
 
 namespace foldertree {
 
@@ -25,24 +25,24 @@ using automation::ObjectRef;
 /// The control's parts, wired together.
 class ctlFolderTree::Impl {
   public:
-    Impl(ctlFolderTree& control, ControlHost& host, automation::ObjectFactory& factory)
-        : shell(host, factory),
-          selection(shell),
-          view(shell, selection),
-          editing(shell, selection, view, control),
-          bulk(shell, selection, view),
-          rdoTab(shell, view),
-          rdoObj(shell, view),
-          outlook(shell, view),
-          cdo(shell, view),
-          addressLists(shell, [this] { return cdo.CDOSession(); }),
-          driver(shell, view),
-          state(shell.state) {
+    Impl(ctlFolderTree& control, ControlPlatform& platform, automation::ObjectFactory& factory)
+        : context(platform, factory),
+          selection(context),
+          view(context, selection),
+          editing(context, selection, view, control),
+          bulk(context, selection, view),
+          rdoTab(context, view),
+          rdoObj(context, view),
+          outlook(context, view),
+          cdo(context, view),
+          addressLists(context, [this] { return cdo.CDOSession(); }),
+          driver(context, view),
+          state(context.state) {
         // In the order of enuInfoStoreAccessMode.
         driver.SetReaders({.stores = {&rdoTab, &rdoObj, &outlook, &cdo}, .addressLists = &addressLists});
     }
 
-    ControlShell shell;
+    ControlContext context;
     SelectionSet selection;
     SelectionView view;
     TickEditing editing;
@@ -60,22 +60,22 @@ class ctlFolderTree::Impl {
     /// Stores a changed value, runs its side effect and marks the property changed; an equal value does nothing.
     template <class T, class Effect>
     void Set(T& stored, T value, const ErrorLine& line, std::string_view name, Effect&& effect) {
-        Guarded(shell, line, [&] {
+        Guarded(context, line, [&] {
             if (stored == value) return;
             stored = value;
             effect();
-            shell.PropertyChanged(name);
+            context.PropertyChanged(name);
         });
     }
 
     void CollapseRows(auto&& isToCollapse) {
-        TreeGrid& grid = shell.grid;
+        TreeGrid& grid = context.grid;
         for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row)
             if (isToCollapse(grid.RowOutlineLevel(row))) grid.SetNodeState(row, nodeCollapsed);
     }
 
     void ExpandAllRows() {
-        TreeGrid& grid = shell.grid;
+        TreeGrid& grid = context.grid;
         for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) grid.SetNodeState(row, nodeExpanded);
     }
 
@@ -124,20 +124,20 @@ void EnterVoid(Control& control, Impl& impl, Body&& body) {
 
 }  // namespace
 
-std::shared_ptr<ctlFolderTree> ctlFolderTree::Create(ControlHost& host, automation::ObjectFactory& factory) {
-    return std::shared_ptr<ctlFolderTree>(new ctlFolderTree(host, factory));
+std::shared_ptr<ctlFolderTree> ctlFolderTree::Create(ControlPlatform& platform, automation::ObjectFactory& factory) {
+    return std::shared_ptr<ctlFolderTree>(new ctlFolderTree(platform, factory));
 }
 
-ctlFolderTree::ctlFolderTree(ControlHost& host, automation::ObjectFactory& factory)
-    : impl_(std::make_unique<Impl>(*this, host, factory)) {
+ctlFolderTree::ctlFolderTree(ControlPlatform& platform, automation::ObjectFactory& factory)
+    : impl_(std::make_unique<Impl>(*this, platform, factory)) {
     // UserControl_Initialize
-    ControlShell& shell = impl_->shell;
-    Guarded(shell, errorLines::initialize, [&] {
+    ControlContext& context = impl_->context;
+    Guarded(context, errorLines::initialize, [&] {
         constexpr int rowHeightPixels = 19;
-        shell.grid.SetFont(host.CreateFont("Tahoma"));
-        SetupGrid(shell);
-        shell.state.addressListRowName = "<address lists>";
-        shell.state.rowHeight = rowHeightPixels * host.TwipsPerPixel();
+        context.grid.SetFont(platform.CreateFont("Tahoma"));
+        SetupGrid(context);
+        context.state.addressListRowName = "<address lists>";
+        context.state.rowHeight = rowHeightPixels * platform.TwipsPerPixel();
     });
 }
 
@@ -148,7 +148,7 @@ ctlFolderTree::~ctlFolderTree() {
 void ctlFolderTree::UserControl_InitProperties() {
     if (impl_->closing) return;
     impl_->initialised = true;
-    Guarded(impl_->shell, errorLines::initProperties, [&] {
+    Guarded(impl_->context, errorLines::initProperties, [&] {
         ControlState& state = impl_->state;
         state.enabled = true;
         state.highlightContactFolders = false;
@@ -167,15 +167,15 @@ void ctlFolderTree::UserControl_InitProperties() {
 void ctlFolderTree::UserControl_ReadProperties(PropertyBag& bag) {
     if (impl_->closing) return;
     impl_->initialised = true;
-    Guarded(impl_->shell, errorLines::readProperties, [&] {
-        ReadPersistedProperties(impl_->shell, bag);
-        SetupGrid(impl_->shell);
+    Guarded(impl_->context, errorLines::readProperties, [&] {
+        ReadPersistedProperties(impl_->context, bag);
+        SetupGrid(impl_->context);
     });
 }
 
 void ctlFolderTree::UserControl_WriteProperties(PropertyBag& bag) {
     EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::writeProperties, [&] { WritePersistedProperties(impl_->shell, bag); });
+        Guarded(impl_->context, errorLines::writeProperties, [&] { WritePersistedProperties(impl_->context, bag); });
     });
 }
 
@@ -183,7 +183,7 @@ void ctlFolderTree::Close() {
     if (impl_->closing) return;
     impl_->closing = true;
     impl_->state.cancel = true;
-    Guarded(impl_->shell, errorLines::terminate, [&] {
+    Guarded(impl_->context, errorLines::terminate, [&] {
         SelectionSet& selection = impl_->selection;
         // The host's own collection is emptied, not only let go; it is let go also when it resists.
         selection.KillCollection(selection.collection);
@@ -193,11 +193,11 @@ void ctlFolderTree::Close() {
         impl_->state.application = nullptr;
         impl_->cdo.ReleaseSession();
     });
-    impl_->shell.Detach();
+    impl_->context.Detach();
 }
 
 bool ctlFolderTree::Closed() const {
-    return impl_->shell.Closed();
+    return impl_->context.Closed();
 }
 
 void ctlFolderTree::SetApplication(ObjectRef application) {
@@ -213,22 +213,24 @@ ObjectRef ctlFolderTree::CDOSession() {
 }
 
 void ctlFolderTree::SetFont(ObjectRef font) {
-    EnterVoid(*this, *impl_,
-              [&] { Guarded(impl_->shell, errorLines::font, [&] { impl_->shell.grid.SetFont(std::move(font)); }); });
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->context, errorLines::font, [&] { impl_->context.grid.SetFont(std::move(font)); });
+    });
 }
 
 ObjectRef ctlFolderTree::Font() {
-    return Enter(*this, *impl_, ObjectRef(), [&] { return impl_->shell.grid.Font(); });
+    return Enter(*this, *impl_, ObjectRef(), [&] { return impl_->context.grid.Font(); });
 }
 
 ItemRef ctlFolderTree::GetMsgItem(std::string_view sStoreID, std::string_view sEntryID) {
     return Enter(*this, *impl_, ItemRef(),
-                 [&] { return foldertree::GetMsgItem(impl_->shell, impl_->selection, sStoreID, sEntryID); });
+                 [&] { return foldertree::GetMsgItem(impl_->context, impl_->selection, sStoreID, sEntryID); });
 }
 
 ItemRef ctlFolderTree::GetAdListItem(std::string_view sAdListID, std::string_view sAdListEntryID) {
-    return Enter(*this, *impl_, ItemRef(),
-                 [&] { return foldertree::GetAdListItem(impl_->shell, impl_->selection, sAdListID, sAdListEntryID); });
+    return Enter(*this, *impl_, ItemRef(), [&] {
+        return foldertree::GetAdListItem(impl_->context, impl_->selection, sAdListID, sAdListEntryID);
+    });
 }
 
 void ctlFolderTree::KillCollection(ObjectRef& oColl) {
@@ -236,12 +238,13 @@ void ctlFolderTree::KillCollection(ObjectRef& oColl) {
 }
 
 int32_t ctlFolderTree::ListCount() {
-    return Enter(*this, *impl_, 0, [&] { return impl_->shell.grid.RowCount() - impl_->shell.grid.FixedRowCount(); });
+    return Enter(*this, *impl_, 0,
+                 [&] { return impl_->context.grid.RowCount() - impl_->context.grid.FixedRowCount(); });
 }
 
 void ctlFolderTree::SetSelectedItem(ItemRef item) {
     EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::selectedItemSet, [&] {
+        Guarded(impl_->context, errorLines::selectedItemSet, [&] {
             SelectionSet& selection = impl_->selection;
             selection.singleItem = item;
             if (item == nullptr) {
@@ -252,7 +255,7 @@ void ctlFolderTree::SetSelectedItem(ItemRef item) {
             // Put together here and not taken from the item's Key: an item without a store is not found.
             const std::string key =
                 item->IsAddressList() ? "L" + item->AddressListID() : "S" + item->StoreID() + "|" + item->EntryID();
-            const int32_t row = impl_->shell.grid.FindRow(key);
+            const int32_t row = impl_->context.grid.FindRow(key);
             if (row == -1) return;
             selection.selectedRow = row;
             impl_->view.ApplySelection();
@@ -269,7 +272,7 @@ ItemRef ctlFolderTree::SelectedItem() {
 
 void ctlFolderTree::SetSelection(ObjectRef collection) {
     EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::selection, [&] {
+        Guarded(impl_->context, errorLines::selection, [&] {
             impl_->selection.collection = std::move(collection);
             impl_->selection.dirty = true;
             impl_->view.ApplySelection();
@@ -279,7 +282,7 @@ void ctlFolderTree::SetSelection(ObjectRef collection) {
 
 ObjectRef ctlFolderTree::Selection() {
     return Enter(*this, *impl_, ObjectRef(), [&] {
-        Guarded(impl_->shell, errorLines::selection, [&] {
+        Guarded(impl_->context, errorLines::selection, [&] {
             if (impl_->selection.dirty) impl_->view.RefreshSelection();
         });
         return impl_->selection.collection;
@@ -293,7 +296,7 @@ bool ctlFolderTree::Enabled() {
 void ctlFolderTree::SetEnabled(bool enabled) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.enabled, enabled, errorLines::enabled, "Enabled", [&] {
-            TreeGrid& grid = impl_->shell.grid;
+            TreeGrid& grid = impl_->context.grid;
             grid.SetBackColor(enabled ? colors::window : colors::buttonFace);
             grid.SetTextColor(enabled ? colors::buttonText : colors::buttonShadow);
             grid.SetEnabled(enabled);
@@ -308,7 +311,7 @@ bool ctlFolderTree::HighlightContactFolders() {
 void ctlFolderTree::SetHighlightContactFolders(bool highlight) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.highlightContactFolders, highlight, errorLines::highlightContactFolders,
-                   "HighlightContactFolders", [&] { PerformHighlighting(impl_->shell); });
+                   "HighlightContactFolders", [&] { PerformHighlighting(impl_->context); });
     });
 }
 
@@ -319,7 +322,7 @@ bool ctlFolderTree::HighlightJournalFolders() {
 void ctlFolderTree::SetHighlightJournalFolders(bool highlight) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.highlightJournalFolders, highlight, errorLines::highlightJournalFolders,
-                   "HighlightJournalFolders", [&] { PerformHighlighting(impl_->shell); });
+                   "HighlightJournalFolders", [&] { PerformHighlighting(impl_->context); });
     });
 }
 
@@ -329,11 +332,11 @@ int32_t ctlFolderTree::ExtendToLevel() {
 
 void ctlFolderTree::SetExtendToLevel(int32_t level) {
     EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::extendToLevel, [&] {
+        Guarded(impl_->context, errorLines::extendToLevel, [&] {
             const FlagSet busy(impl_->state.gridBusy);
             impl_->state.extendToLevel = level;
-            PerformHighlighting(impl_->shell);
-            impl_->shell.PropertyChanged("ExtendToLevel");
+            PerformHighlighting(impl_->context);
+            impl_->context.PropertyChanged("ExtendToLevel");
             impl_->ExtendTo(level);
         });
     });
@@ -345,7 +348,7 @@ ObjectRef ctlFolderTree::RDOSessionRef() {
 
 void ctlFolderTree::SetRDOSessionRef(ObjectRef session) {
     EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::rdoSessionRef, [&] {
+        Guarded(impl_->context, errorLines::rdoSessionRef, [&] {
             impl_->state.rdoSession = std::move(session);
             impl_->driver.GetFolderIDs();
         });
@@ -359,7 +362,7 @@ bool ctlFolderTree::MultiSelect() {
 void ctlFolderTree::SetMultiSelect(bool multiSelect) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.multiSelect, multiSelect, errorLines::multiSelect, "MultiSelect",
-                   [&] { ShowIndexColumn(impl_->shell); });
+                   [&] { ShowIndexColumn(impl_->context); });
     });
 }
 
@@ -370,9 +373,9 @@ bool ctlFolderTree::AllowIndexing() {
 void ctlFolderTree::SetAllowIndexing(bool allowIndexing) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.allowIndexing, allowIndexing, errorLines::allowIndexing, "AllowIndexing", [&] {
-            ShowIndexColumn(impl_->shell);
+            ShowIndexColumn(impl_->context);
             // Containers have always been told twice of this one.
-            impl_->shell.PropertyChanged("AllowIndexing");
+            impl_->context.PropertyChanged("AllowIndexing");
         });
     });
 }
@@ -384,7 +387,7 @@ bool ctlFolderTree::ShowAddressBook() {
 void ctlFolderTree::SetShowAddressBook(bool show) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.showAddressBook, show, errorLines::showAddressBook, "ShowAddressBook",
-                   [&] { SetupGrid(impl_->shell); });
+                   [&] { SetupGrid(impl_->context); });
     });
 }
 
@@ -408,15 +411,15 @@ void ctlFolderTree::Localize(std::string_view sIndexColName, std::string_view sS
                              std::string_view sNameColName, std::string_view sAddressListRowName,
                              std::string_view sPleaseWait, std::string_view sCancel) {
     EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::localize, [&] {
-            TreeGrid& grid = impl_->shell.grid;
+        Guarded(impl_->context, errorLines::localize, [&] {
+            TreeGrid& grid = impl_->context.grid;
             grid.SetCellText(0, colSel, sSelectionColName);
             grid.SetCellText(0, colIndex, sIndexColName);
             grid.SetCellText(0, colName, sNameColName);
             impl_->state.addressListRowName = sAddressListRowName;
             if (impl_->state.addressListHeadingRow > 0)
                 grid.SetCellText(impl_->state.addressListHeadingRow, colName, sAddressListRowName);
-            impl_->shell.Host().SetWaitCaptions(sPleaseWait, sCancel);
+            impl_->context.Platform().SetWaitCaptions(sPleaseWait, sCancel);
             for (const int col : {colSel, colIndex, colName}) grid.AutoSizeColumns(col, col);
         });
     });
@@ -435,10 +438,10 @@ enuInfoStoreAccessMode ctlFolderTree::InfoStoreAccessMode() {
 
 void ctlFolderTree::SetInfoStoreAccessMode(enuInfoStoreAccessMode mode) {
     EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->shell, errorLines::infoStoreAccessMode, [&] {
+        Guarded(impl_->context, errorLines::infoStoreAccessMode, [&] {
             if (impl_->state.infoStoreAccessMode == mode) return;
             impl_->state.infoStoreAccessMode = mode;
-            impl_->shell.PropertyChanged("InfoStoreAccessMode");
+            impl_->context.PropertyChanged("InfoStoreAccessMode");
             impl_->driver.GetFolderIDs();
         });
     });
@@ -449,11 +452,11 @@ int32_t ctlFolderTree::BufferedToLevel() {
 }
 
 void ctlFolderTree::CollapseToSelection() {
-    EnterVoid(*this, *impl_, [&] { foldertree::CollapseToSelection(impl_->shell); });
+    EnterVoid(*this, *impl_, [&] { foldertree::CollapseToSelection(impl_->context); });
 }
 
 void ctlFolderTree::CollapseToType(enuFTIItemType eType) {
-    EnterVoid(*this, *impl_, [&] { foldertree::CollapseToType(impl_->shell, eType); });
+    EnterVoid(*this, *impl_, [&] { foldertree::CollapseToType(impl_->context, eType); });
 }
 
 bool ctlFolderTree::HighlightTaskFolders() {
@@ -463,12 +466,12 @@ bool ctlFolderTree::HighlightTaskFolders() {
 void ctlFolderTree::SetHighlightTaskFolders(bool highlight) {
     EnterVoid(*this, *impl_, [&] {
         impl_->Set(impl_->state.highlightTaskFolders, highlight, errorLines::highlightTaskFolders,
-                   "HighlightTaskFolders", [&] { PerformHighlighting(impl_->shell); });
+                   "HighlightTaskFolders", [&] { PerformHighlighting(impl_->context); });
     });
 }
 
 TreeGrid& ctlFolderTree::Grid() {
-    return impl_->shell.grid;
+    return impl_->context.grid;
 }
 
 void ctlFolderTree::cmdCancel_Click() {

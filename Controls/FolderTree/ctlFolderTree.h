@@ -7,22 +7,22 @@
 #include <string_view>
 
 #include "automation/ObjectFactory.h"
-#include "shell/ControlHost.h"
-#include "shell/Enumerations.h"
-#include "shell/GridInteraction.h"
-#include "shell/PropertyBag.h"
-#include "shell/TreeGrid.h"
-#include "shell/clsFolderTreeItem.h"
+#include "common/ControlPlatform.h"
+#include "common/Enumerations.h"
+#include "common/PropertyBag.h"
+#include "common/clsFolderTreeItem.h"
+#include "interaction/GridInteraction.h"
+#include "rows/TreeGrid.h"
 
 namespace foldertree {
 
 /// The control. It works in full without a window. No public member throws: an error ends in one trace line and a
-/// neutral result. Any member may be called from inside ControlHost::Yield(); the control keeps itself alive while a
-/// member runs. One thread only.
+/// neutral result. Any member may be called from inside ControlPlatform::Yield(); the control keeps itself alive while
+/// a member runs. One thread only.
 class ctlFolderTree : public GridEvents, public std::enable_shared_from_this<ctlFolderTree> {
   public:
     /// A new control, after its UserControl_Initialize. `host` and `factory` are not owned; see Close().
-    static std::shared_ptr<ctlFolderTree> Create(ControlHost& host, automation::ObjectFactory& factory);
+    static std::shared_ptr<ctlFolderTree> Create(ControlPlatform& platform, automation::ObjectFactory& factory);
     ~ctlFolderTree() override;
 
     // Life. A control that was neither initialised nor loaded initialises itself at its first public call.
@@ -99,7 +99,7 @@ class ctlFolderTree : public GridEvents, public std::enable_shared_from_this<ctl
 
   private:
     class Impl;
-    ctlFolderTree(ControlHost& host, automation::ObjectFactory& factory);
+    ctlFolderTree(ControlPlatform& platform, automation::ObjectFactory& factory);
     std::unique_ptr<Impl> impl_;
 };
 

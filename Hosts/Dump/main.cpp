@@ -3,7 +3,7 @@
 #include <exception>
 #include <string>
 
-#include "ConsoleHost.h"
+#include "ConsolePlatform.h"
 #include "Options.h"
 #include "automation/Collection.h"
 #include "automation/KeyedCollection.h"
@@ -122,12 +122,12 @@ void Print(const TreeGrid& grid) {
 }
 
 void Dump(const Options& options) {
-    ConsoleHost host(options.trace);
+    ConsolePlatform platform(options.trace);
     ConsoleFactory factory;
     // Before the control is told of a mode: all object models show what the session has opened, and in CDO mode the
     // control logs on at once.
     const automation::ObjectRef session = OpenSession(options.stores);
-    const auto control = ctlFolderTree::Create(host, factory);
+    const auto control = ctlFolderTree::Create(platform, factory);
     control->UserControl_InitProperties();
     control->SetInfoStoreAccessMode(static_cast<foldertree::enuInfoStoreAccessMode>(options.mode));
     control->SetRDOSessionRef(session);

@@ -2,9 +2,9 @@
 #include "addresslists/AddressListRows.h"
 
 #include "automation/Collection.h"
+#include "common/modApplication.h"
 #include "enumeration/FolderRows.h"
 #include "enumeration/WalkLimits.h"
-#include "shell/modApplication.h"
 
 namespace foldertree {
 
@@ -14,8 +14,8 @@ using automation::ObjectRef;
 using automation::Value;
 
 void AddressListRows::GetAddressBook() {
-    Guarded(shell_, errorLines::getAddressBook, [&] {
-        const int32_t mode = shell_.state.infoStoreAccessMode;
+    Guarded(context_, errorLines::getAddressBook, [&] {
+        const int32_t mode = context_.state.infoStoreAccessMode;
         if (mode == eISAccess_Outlook) return;
         AppendHeading();
         if (mode == eISAccess_RDO_MAPITables || mode == eISAccess_RDO_Objects) ScanAddressLists_RDO();
@@ -24,23 +24,24 @@ void AddressListRows::GetAddressBook() {
 }
 
 void AddressListRows::AppendHeading() {
-    TreeGrid& grid = shell_.grid;
-    const int32_t row = AppendStoreRow(shell_, rowKind::header, shell_.state.addressListRowName);
-    shell_.state.addressListHeadingRow = row;
+    TreeGrid& grid = context_.grid;
+    const int32_t row = AppendStoreRow(context_, rowKind::header, context_.state.addressListRowName);
+    context_.state.addressListHeadingRow = row;
     SetRowPicture(grid, row, picAdList);
 }
 
 void AddressListRows::ScanAddressLists_RDO() {
-    const ObjectRef book = Deref(shell_.state.rdoSession).Get("AddressBook").RequireObject();
+    const ObjectRef book = Deref(context_.state.rdoSession).Get("AddressBook").RequireObject();
     const Collection lists(book->Get("AddressLists").RequireObject());
     const int32_t count = lists.Count();
     bool cancelled = false;
-    for (int32_t i = 1; i <= count && !shell_.state.cancel; ++i) {
+    for (int32_t i = 1; i <= count && !context_.state.cancel; ++i) {
         const ObjectRef list = lists.Item(i).RequireObject();
-        shell_.Trace("Performing sub-folder scan for item #", i, " (", list->Get("Name").ToText(), ")...");
+        context_.Trace("Performing sub-folder scan for item #", i, " (", list->Get("Name").ToText(), ")...");
         GetAddressBook_RDOObj(list, 1, nullptr, cancelled);
         if (!cancelled) continue;
-        shell_.Trace("Exiting GetAddressBook for item #", i, " because the AddressList scan was cancelled internally.");
+        context_.Trace("Exiting GetAddressBook for item #", i,
+                       " because the AddressList scan was cancelled internally.");
         return;
     }
 }
@@ -50,11 +51,11 @@ bool AddressListRows::Scan::IsBelow(const std::string& listID) const {
 }
 
 void AddressListRows::GetAddressBook_RDOObj(const ObjectRef& list, int16_t level, const Scan* above, bool& cancelled) {
-    Guarded(shell_, errorLines::getAddressBookRDOObj, [&] {
+    Guarded(context_, errorLines::getAddressBookRDOObj, [&] {
         const std::string name = Deref(list).Get("Name").ToText();
         if (cancelled) {
-            shell_.Trace("Exiting GetAddressBook_RDOObj for '", name,
-                         "' because the AddressList scan was cancelled internally.");
+            context_.Trace("Exiting GetAddressBook_RDOObj for '", name,
+                           "' because the AddressList scan was cancelled internally.");
             return;
         }
         const std::string id = list->Get("EntryID").ToText();
@@ -76,8 +77,8 @@ ObjectRef AddressListRows::ChildLists(const ObjectRef& list, const std::string& 
     if (error->Number() == automation::errors::mapiNoSupport) {
         // A provider without nested lists: the scan of all lists ends here, not only this branch.
         cancelled = true;
-        shell_.Trace("Cancelling subfolder scan in '", name,
-                     "', error 0x80040102 encountered. AddressList scan is intentionally cancelled.");
+        context_.Trace("Cancelling subfolder scan in '", name,
+                       "', error 0x80040102 encountered. AddressList scan is intentionally cancelled.");
     } else {
         TraceFailure(name, "count", *error);
     }
@@ -93,7 +94,7 @@ void AddressListRows::ScanChildLists(const ObjectRef& lists, const std::string& 
         Value value;
         child = walk->Next(value) ? value.RequireObject() : nullptr;
     };
-    while (!shell_.state.cancel) {
+    while (!context_.state.cancel) {
         if (const auto error = Attempt(next)) return TraceFailure(name, "deliver", *error);
         if (child == nullptr) return;
         GetAddressBook_RDOObj(child, static_cast<int16_t>(level + 1), &above, cancelled);
@@ -101,26 +102,26 @@ void AddressListRows::ScanChildLists(const ObjectRef& lists, const std::string& 
 }
 
 void AddressListRows::TraceFailure(const std::string& name, std::string_view what, const automation::Error& error) {
-    shell_.Trace("Cancelling subfolder scan in '", name, "', can't ", what, " child folders: [0x", Hex(error.Number()),
-                 "] ", error.Text());
+    context_.Trace("Cancelling subfolder scan in '", name, "', can't ", what, " child folders: [0x",
+                   Hex(error.Number()), "] ", error.Text());
 }
 
 void AddressListRows::ScanAddressLists_CDO() {
     const Collection lists(Deref(cdoSession_()).Get("AddressLists").RequireObject());
     const auto walk = lists.Walk();
     Value list;
-    while (!shell_.state.cancel && walk->Next(list)) GetAddressBook_CDO(list.ToObject());
+    while (!context_.state.cancel && walk->Next(list)) GetAddressBook_CDO(list.ToObject());
 }
 
 void AddressListRows::GetAddressBook_CDO(const ObjectRef& list) {
-    Guarded(shell_, errorLines::getAddressBookCDO, [&] {
+    Guarded(context_, errorLines::getAddressBookCDO, [&] {
         const std::string name = Deref(list).Get("Name").ToText();
         AppendList(name, list->Get("ID").ToText(), 1);
     });
 }
 
 void AddressListRows::AppendList(const std::string& name, const std::string& id, int16_t level) {
-    TreeGrid& grid = shell_.grid;
+    TreeGrid& grid = context_.grid;
     const int32_t row = AppendRow(grid);
     grid.SetCellText(row, colName, name);
     grid.SetCellText(row, colAddressListID, id);

@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "common/ControlContext.h"
 #include "enumeration/StoreReader.h"
-#include "shell/ControlShell.h"
 
 namespace foldertree {
 
@@ -16,8 +16,8 @@ class AddressListRows : public AddressListReader {
   public:
     using SessionSource = std::function<automation::ObjectRef()>;
 
-    AddressListRows(ControlShell& shell, SessionSource cdoSession)
-        : shell_(shell), cdoSession_(std::move(cdoSession)) {}
+    AddressListRows(ControlContext& context, SessionSource cdoSession)
+        : context_(context), cdoSession_(std::move(cdoSession)) {}
 
     void GetAddressBook() override;
 
@@ -41,7 +41,7 @@ class AddressListRows : public AddressListReader {
     void AppendList(const std::string& name, const std::string& id, int16_t level);
     void TraceFailure(const std::string& name, std::string_view what, const automation::Error& error);
 
-    ControlShell& shell_;
+    ControlContext& context_;
     SessionSource cdoSession_;
 };
 

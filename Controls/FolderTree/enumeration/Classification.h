@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "shell/Enumerations.h"
+#include "common/Enumerations.h"
 
 namespace foldertree {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/Object.h"
-#include "shell/ControlState.h"
+#include "common/ControlState.h"
 
 namespace foldertree {
 

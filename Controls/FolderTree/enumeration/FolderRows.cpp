@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "automation/Text.h"
+#include "common/GridSetup.h"
 #include "selection/Highlighting.h"
-#include "shell/GridSetup.h"
 
 namespace foldertree {
 namespace {
@@ -35,11 +35,11 @@ void SetRowPicture(TreeGrid& grid, int32_t row, Picture picture) {
     grid.SetCellFormat(CellSetting::PictureAlignment, row, colName, leftCentred);
 }
 
-int32_t AppendStoreRow(ControlShell& shell, std::string_view kind, std::string_view name) {
-    TreeGrid& grid = shell.grid;
+int32_t AppendStoreRow(ControlContext& context, std::string_view kind, std::string_view name) {
+    TreeGrid& grid = context.grid;
     const int32_t row = AppendRow(grid);
     const int last = grid.ColCount() - 1;
-    grid.SetRowHeight(row, shell.state.rowHeight);
+    grid.SetRowHeight(row, context.state.rowHeight);
     grid.SetCellText(row, colRowKind, kind);
     grid.SetCellText(row, colName, name);
     grid.SetCellText(row, colSel, "");
@@ -51,13 +51,13 @@ int32_t AppendStoreRow(ControlShell& shell, std::string_view kind, std::string_v
     return row;
 }
 
-void SetStorePicture(ControlShell& shell, int32_t row, bool isDefaultStore) {
-    SetRowPicture(shell.grid, row, isDefaultStore ? GetIcon(shell, FTIHome, "") : picFolderOpen);
+void SetStorePicture(ControlContext& context, int32_t row, bool isDefaultStore) {
+    SetRowPicture(context.grid, row, isDefaultStore ? GetIcon(context, FTIHome, "") : picFolderOpen);
 }
 
-void FillFolderRow(ControlShell& shell, int32_t row, int16_t level, const FolderCells& cells) {
-    TreeGrid& grid = shell.grid;
-    grid.SetRowHeight(row, shell.state.rowHeight);
+void FillFolderRow(ControlContext& context, int32_t row, int16_t level, const FolderCells& cells) {
+    TreeGrid& grid = context.grid;
+    grid.SetRowHeight(row, context.state.rowHeight);
     grid.SetCellText(row, colRowKind, rowKind::folder);
     grid.SetCellText(row, colName, cells.name);
     grid.SetCellText(row, colSel, cells.sel);
@@ -69,14 +69,14 @@ void FillFolderRow(ControlShell& shell, int32_t row, int16_t level, const Folder
     grid.SetCellText(row, colPath, cells.path);
     grid.SetCellText(row, colKey, cells.key);
     grid.SetRowOutlineLevel(row, level);
-    SetRowPicture(grid, row, GetIcon(shell, static_cast<enuFTIItemType>(cells.itemType), cells.entryID));
-    HighlightNewRow(shell, row, cells.itemType);
+    SetRowPicture(grid, row, GetIcon(context, static_cast<enuFTIItemType>(cells.itemType), cells.entryID));
+    HighlightNewRow(context, row, cells.itemType);
     grid.SetIsNode(row, true);
 }
 
-void MarkUnread(ControlShell& shell, int32_t row) {
-    shell.grid.SetCellText(row, colIncomplete, "-1");
-    InsertPlaceholder(shell.grid, row);
+void MarkUnread(ControlContext& context, int32_t row) {
+    context.grid.SetCellText(row, colIncomplete, "-1");
+    InsertPlaceholder(context.grid, row);
 }
 
 bool IsRowKind(const TreeGrid& grid, int32_t row, std::string_view kind) {

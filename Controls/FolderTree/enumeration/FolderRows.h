@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "shell/ControlShell.h"
-#include "shell/Enumerations.h"
+#include "common/ControlContext.h"
+#include "common/Enumerations.h"
 
 namespace foldertree {
 
@@ -16,10 +16,10 @@ int32_t AppendRow(TreeGrid& grid);
 void SetRowPicture(TreeGrid& grid, int32_t row, Picture picture);
 
 /// Appends a row and makes it a store's: its kind, name, level, colours and bold. Returns its number.
-int32_t AppendStoreRow(ControlShell& shell, std::string_view kind, std::string_view name);
+int32_t AppendStoreRow(ControlContext& context, std::string_view kind, std::string_view name);
 
 /// What the store rows of all modes still get when the store has been asked for more.
-void SetStorePicture(ControlShell& shell, int32_t row, bool isDefaultStore);
+void SetStorePicture(ControlContext& context, int32_t row, bool isDefaultStore);
 
 /// The cells of a folder row. Views need only live during the call.
 struct FolderCells {
@@ -35,10 +35,10 @@ struct FolderCells {
 };
 
 /// Fills an empty row as a folder at the outline level: cells, picture, highlighting; it becomes a node.
-void FillFolderRow(ControlShell& shell, int32_t row, int16_t level, const FolderCells& cells);
+void FillFolderRow(ControlContext& context, int32_t row, int16_t level, const FolderCells& cells);
 
 /// Marks the folder row as not read: colIncomplete "-1", a placeholder child below it, both collapsed.
-void MarkUnread(ControlShell& shell, int32_t row);
+void MarkUnread(ControlContext& context, int32_t row);
 
 /// Whether the row's kind is that kind, in any letter case.
 bool IsRowKind(const TreeGrid& grid, int32_t row, std::string_view kind);

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "common/modApplication.h"
 #include "enumeration/Classification.h"
 #include "enumeration/modCDODefs.h"
-#include "shell/modApplication.h"
 
 namespace foldertree {
 
@@ -50,26 +50,26 @@ std::string Identifier(const Value& cell) {
 
 void HierarchyTable::Open(const ObjectRef& folder) {
     if (!SetUp(folder, true)) SetUp(folder, false);
-    shell_.Trace(indent_, "  Moving to first table entry");
+    context_.Trace(indent_, "  Moving to first table entry");
     Deref(table_).Get("GoToFirst");
-    shell_.Trace(indent_, "  Getting table rows");
+    context_.Trace(indent_, "  Getting table rows");
     rowsLeft_ = Deref(table_).Get("RowCount").ToLong();
     Fetch();
     TraceBounds();
 }
 
 bool HierarchyTable::SetUp(const ObjectRef& folder, bool sorted) {
-    shell_.Trace(indent_, "  Getting MAPITable ref");
+    context_.Trace(indent_, "  Getting MAPITable ref");
     table_ = Deref(Deref(folder).Get("Folders").ToObject()).Get("MAPITable").ToObject();
-    shell_.Trace(indent_, "  Building column array");
+    context_.Trace(indent_, "  Building column array");
     Deref(table_).Put("Columns", Columns());
     if (!sorted) return true;
 
-    shell_.Trace(indent_, "  Trying to sort table by DISPLAY_NAME");
+    context_.Trace(indent_, "  Trying to sort table by DISPLAY_NAME");
     const auto error = Attempt([&] { Deref(table_).Get("Sort", propertyTag::PR_DISPLAY_NAME_W, false); });
     if (!error) return true;
-    shell_.Trace(indent_, "  Failed to sort folder MAPITable by display name: [0x", Hex(error->Number()), "] ",
-                 error->Text());
+    context_.Trace(indent_, "  Failed to sort folder MAPITable by display name: [0x", Hex(error->Number()), "] ",
+                   error->Text());
     return false;
 }
 
@@ -89,7 +89,7 @@ void HierarchyTable::TraceBounds() {
     // A foreign array may end beyond 32 bits.
     const int64_t lower = rows ? rows->lowerBound : 0;
     const int64_t count = rows ? static_cast<int64_t>(rows->items.size()) : 0;
-    shell_.Trace(indent_, "  Reading rows ", lower, " - ", lower + count - 1);
+    context_.Trace(indent_, "  Reading rows ", lower, " - ", lower + count - 1);
 }
 
 const Value* HierarchyTable::NextRow() {
@@ -98,12 +98,12 @@ const Value* HierarchyTable::NextRow() {
         Fetch();
         rows = batch_.AsArray();
         if (rows != nullptr && !rows->items.empty()) {
-            shell_.Trace(indent_, "  Getting table rows");
+            context_.Trace(indent_, "  Getting table rows");
             TraceBounds();
         }
     }
     if (rows == nullptr || next_ >= rows->items.size()) return nullptr;
-    shell_.Trace(indent_, "    Reading row #", int64_t{rows->lowerBound} + static_cast<int64_t>(next_));
+    context_.Trace(indent_, "    Reading row #", int64_t{rows->lowerBound} + static_cast<int64_t>(next_));
     return &rows->items[next_++];
 }
 
@@ -117,20 +117,21 @@ bool HierarchyTable::ReadChild(const Value& row, int32_t level, ChildFolder& chi
 
     for (size_t column = 0; column < child.typeNames.size(); ++column)
         child.typeNames[column] = Cell(row, static_cast<TableColumn>(column)).TypeName();
-    shell_.Trace(indent_, "      Level: ", level);
-    shell_.Trace(indent_, "      FolderKind: [", child.typeNames[tcFolderType], "] ", child.folderType);
-    shell_.Trace(indent_, "      SubFolders: [", child.typeNames[tcSubfolders], "] ", child.hasChildren ? "yes" : "no");
-    shell_.Trace(indent_, "      MessageClass: [", child.typeNames[tcContainerClass], "] ", child.messageClass);
-    shell_.Trace(indent_, "      FolderName: [", child.typeNames[tcDisplayName], "] ", child.name);
-    shell_.Trace(indent_, "      ItemType: ", static_cast<int32_t>(child.itemType));
+    context_.Trace(indent_, "      Level: ", level);
+    context_.Trace(indent_, "      FolderKind: [", child.typeNames[tcFolderType], "] ", child.folderType);
+    context_.Trace(indent_, "      SubFolders: [", child.typeNames[tcSubfolders], "] ",
+                   child.hasChildren ? "yes" : "no");
+    context_.Trace(indent_, "      MessageClass: [", child.typeNames[tcContainerClass], "] ", child.messageClass);
+    context_.Trace(indent_, "      FolderName: [", child.typeNames[tcDisplayName], "] ", child.name);
+    context_.Trace(indent_, "      ItemType: ", static_cast<int32_t>(child.itemType));
     return true;
 }
 
 void HierarchyTable::ReadIdentifiers(const Value& row, ChildFolder& child) {
     child.entryID = Identifier(Cell(row, tcLongEntryID));
     child.entryIDShort = Identifier(Cell(row, tcEntryID));
-    shell_.Trace(indent_, "      EntryID [long]: ", child.entryID);
-    shell_.Trace(indent_, "      EntryID [short]: ", child.entryIDShort);
+    context_.Trace(indent_, "      EntryID [long]: ", child.entryID);
+    context_.Trace(indent_, "      EntryID [short]: ", child.entryIDShort);
 }
 
 }  // namespace foldertree

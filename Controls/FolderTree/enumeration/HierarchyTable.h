@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "automation/Object.h"
-#include "shell/ControlShell.h"
-#include "shell/Enumerations.h"
+#include "common/ControlContext.h"
+#include "common/Enumerations.h"
 
 namespace foldertree {
 
@@ -32,7 +32,7 @@ struct ChildFolder {
 /// Throws automation::Error.
 class HierarchyTable {
   public:
-    HierarchyTable(ControlShell& shell, std::string_view indent) : shell_(shell), indent_(indent) {}
+    HierarchyTable(ControlContext& context, std::string_view indent) : context_(context), indent_(indent) {}
 
     /// Gets the table of the folder's children, sorted by name where the table can be sorted, and its first rows.
     void Open(const automation::ObjectRef& folder);
@@ -52,7 +52,7 @@ class HierarchyTable {
     void Fetch();
     void TraceBounds();
 
-    ControlShell& shell_;
+    ControlContext& context_;
     std::string_view indent_;
     automation::ObjectRef table_;
     int32_t rowsLeft_ = 0;

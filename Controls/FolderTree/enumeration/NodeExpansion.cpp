@@ -8,44 +8,44 @@
 namespace foldertree {
 
 int16_t ExpandedRows::ChildLevel() const {
-    const int16_t level = shell_.grid.RowOutlineLevel(node_);
+    const int16_t level = context_.grid.RowOutlineLevel(node_);
     if (level == std::numeric_limits<int16_t>::max()) throw automation::VbError(automation::errors::overflow);
     return static_cast<int16_t>(level + 1);
 }
 
 void ExpandedRows::RemovePlaceholder() {
     const int32_t below = node_ + 1;
-    if (below >= shell_.grid.RowCount() || !IsRowKind(shell_.grid, below, rowKind::dummy)) return;
-    shell_.grid.RemoveRow(below);
+    if (below >= context_.grid.RowCount() || !IsRowKind(context_.grid, below, rowKind::dummy)) return;
+    context_.grid.RemoveRow(below);
     placeholderRemoved_ = true;
 }
 
 int32_t ExpandedRows::InsertChild() {
-    TreeGrid& grid = shell_.grid;
+    TreeGrid& grid = context_.grid;
     last_ = last_ + 1 >= grid.RowCount() ? grid.AddRow("") : grid.AddRow("", last_ + 1);
     childPending_ = true;
     return last_;
 }
 
 void ExpandedRows::MarkChildUnread() {
-    MarkUnread(shell_, last_);
+    MarkUnread(context_, last_);
     ++last_;
 }
 
 void ExpandedRows::MarkRead() {
-    shell_.grid.SetCellText(node_, colIncomplete, "");
+    context_.grid.SetCellText(node_, colIncomplete, "");
 }
 
 void ExpandedRows::ChildFailed() {
     failed_ = true;
     if (!childPending_) return;
     childPending_ = false;
-    shell_.grid.RemoveRow(last_--);
+    context_.grid.RemoveRow(last_--);
 }
 
 void ExpandedRows::RecoverFromError() {
     retry_ = last_ == node_;
-    if (retry_ && placeholderRemoved_) MarkUnread(shell_, node_);
+    if (retry_ && placeholderRemoved_) MarkUnread(context_, node_);
 }
 
 }  // namespace foldertree

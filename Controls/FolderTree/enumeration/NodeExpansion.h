@@ -3,15 +3,15 @@
 
 #include <cstdint>
 
+#include "common/ControlContext.h"
 #include "selection/SelectionView.h"
-#include "shell/ControlShell.h"
 
 namespace foldertree {
 
 /// The rows of one expansion: children go directly below the node, one after the other.
 class ExpandedRows {
   public:
-    ExpandedRows(ControlShell& shell, int32_t node) : shell_(shell), node_(node), last_(node) {}
+    ExpandedRows(ControlContext& context, int32_t node) : context_(context), node_(node), last_(node) {}
 
     int32_t Node() const { return node_; }
     int16_t ChildLevel() const;
@@ -35,7 +35,7 @@ class ExpandedRows {
     bool ReadyToRetry() const { return retry_; }
 
   private:
-    ControlShell& shell_;
+    ControlContext& context_;
     int32_t node_;
     int32_t last_;
     bool childPending_ = false;
@@ -47,11 +47,11 @@ class ExpandedRows {
 /// Runs one expansion: wait panel and flags, `read(rows)` under the procedure's error line, the selection is shown in
 /// the new rows, and `finish()` before the panel goes.
 template <class Read, class Finish>
-void RunExpansion(ControlShell& shell, SelectionView& view, int32_t node, const ErrorLine& line, Read&& read,
+void RunExpansion(ControlContext& context, SelectionView& view, int32_t node, const ErrorLine& line, Read&& read,
                   Finish&& finish) {
-    LoadScope load(shell);
-    ExpandedRows rows(shell, node);
-    const bool ended = Guarded(shell, line, [&] {
+    LoadScope load(context);
+    ExpandedRows rows(context, node);
+    const bool ended = Guarded(context, line, [&] {
         load.Ready();
         load.ResetProgress();
         read(rows);
@@ -66,7 +66,7 @@ void RunExpansion(ControlShell& shell, SelectionView& view, int32_t node, const 
     // One error line is enough: when the host has emptied the tree meanwhile, the node is not there to be marked
     // either.
     if (ended)
-        Guarded(shell, line, conclude);
+        Guarded(context, line, conclude);
     else
         Attempt(conclude);
     finish();

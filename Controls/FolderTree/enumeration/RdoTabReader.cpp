@@ -15,11 +15,11 @@ using automation::ObjectRef;
 using automation::Value;
 
 void RdoTabReader::ReadDefaultFolders(DefaultFolderIDs& ids) {
-    foldertree::ReadDefaultFolders(shell_.state.rdoSession, ids);
+    foldertree::ReadDefaultFolders(context_.state.rdoSession, ids);
 }
 
 ObjectRef RdoTabReader::Stores() {
-    return Deref(shell_.state.rdoSession).Get("Stores").RequireObject();
+    return Deref(context_.state.rdoSession).Get("Stores").RequireObject();
 }
 
 bool RdoTabReader::IsDefaultStore(const ObjectRef& store) {
@@ -28,21 +28,21 @@ bool RdoTabReader::IsDefaultStore(const ObjectRef& store) {
 
 bool RdoTabReader::GetFolders_Store_RDOTab(const ObjectRef& store) {
     bool complete = false;
-    Guarded(shell_, errorLines::storeRDOTab, [&] {
-        shell_.AdvanceProgress(1, -1);
+    Guarded(context_, errorLines::storeRDOTab, [&] {
+        context_.AdvanceProgress(1, -1);
         const std::string storeName = Deref(store).Get("Name").ToText();
         const std::string provider = ProviderName(store);
         const int32_t row =
-            AppendStoreRow(shell_, rowKind::store, provider.empty() ? storeName : storeName + " (" + provider + ")");
+            AppendStoreRow(context_, rowKind::store, provider.empty() ? storeName : storeName + " (" + provider + ")");
         StoreWalk walk;
         walk.storeID = Deref(store).Get("EntryID").ToText();
-        shell_.grid.SetCellText(row, colStoreID, walk.storeID);
-        SetStorePicture(shell_, row, IsDefaultStore(store));
+        context_.grid.SetCellText(row, colStoreID, walk.storeID);
+        SetStorePicture(context_, row, IsDefaultStore(store));
         const ObjectRef root = Deref(store).Get("IPMRootFolder").RequireObject();
-        shell_.AdvanceProgress(Deref(Deref(root).Get("Folders").ToObject()).Get("Count").ToLong(), -1);
+        context_.AdvanceProgress(Deref(Deref(root).Get("Folders").ToObject()).Get("Count").ToLong(), -1);
         complete = GetFolders_Folder_RDOTab(walk, root, 1, storeName);
         // A failed walk leaves the step of this store open.
-        if (complete) shell_.AdvanceProgress(-1, 1);
+        if (complete) context_.AdvanceProgress(-1, 1);
     });
     return complete;
 }
@@ -51,7 +51,7 @@ std::string RdoTabReader::ProviderName(const ObjectRef& store) {
     std::string provider;
     // Without the utility library, or when the store has no such property, the plain name does.
     Attempt([&] {
-        const ObjectRef utilities = shell_.Factory().Create("NOXMAPI.NOXMAPIUtils");
+        const ObjectRef utilities = context_.Factory().Create("NOXMAPI.NOXMAPIUtils");
         provider = Deref(utilities).Get("GetProperty", store, propertyTag::PR_PROVIDER_DISPLAY).ToText();
     });
     return provider;
@@ -60,18 +60,18 @@ std::string RdoTabReader::ProviderName(const ObjectRef& store) {
 bool RdoTabReader::GetFolders_Folder_RDOTab(StoreWalk& walk, const ObjectRef& parent, int32_t level,
                                             const std::string& parentPath) {
     bool complete = true;
-    const bool ended = Guarded(shell_, errorLines::folderRDOTab, [&] {
+    const bool ended = Guarded(context_, errorLines::folderRDOTab, [&] {
         const std::string indent(static_cast<size_t>(level) * 2, ' ');
-        shell_.Trace(indent, "Enumerating folders on level ", level, " (", parentPath, ")");
-        shell_.Trace(indent, "Current StoreID is ", walk.storeID);
-        HierarchyTable table(shell_, indent);
+        context_.Trace(indent, "Enumerating folders on level ", level, " (", parentPath, ")");
+        context_.Trace(indent, "Current StoreID is ", walk.storeID);
+        HierarchyTable table(context_, indent);
         table.Open(parent);
         while (const Value* row = table.NextRow()) {
             if (!WalkRow(walk, table, *row, indent, level, parentPath)) complete = false;
-            shell_.AdvanceProgress(-1, 1);
-            if (shell_.state.cancel) break;
+            context_.AdvanceProgress(-1, 1);
+            if (context_.state.cancel) break;
         }
-        shell_.Trace(indent, "Done.");
+        context_.Trace(indent, "Done.");
     });
     return ended && complete;
 }
@@ -79,36 +79,36 @@ bool RdoTabReader::GetFolders_Folder_RDOTab(StoreWalk& walk, const ObjectRef& pa
 bool RdoTabReader::WalkRow(StoreWalk& walk, HierarchyTable& table, const Value& tableRow, std::string_view indent,
                            int32_t level, const std::string& parentPath) {
     bool complete = true;
-    const bool ended = Guarded(shell_, errorLines::folderRDOTab, [&] {
+    const bool ended = Guarded(context_, errorLines::folderRDOTab, [&] {
         ChildFolder child;
         if (!table.ReadChild(tableRow, level, child)) return;
         if (child.folderType != fkGeneric) {
-            shell_.Trace(indent, "      Skipping folder, type is not fkGeneric");
+            context_.Trace(indent, "      Skipping folder, type is not fkGeneric");
             return;
         }
         const std::string path = parentPath + "\\" + child.name;
-        shell_.ShowPath(path);
+        context_.ShowPath(path);
         table.ReadIdentifiers(tableRow, child);
-        const int32_t row = shell_.grid.RowCount();
-        shell_.grid.SetRowCount(row + 1);
+        const int32_t row = context_.grid.RowCount();
+        context_.grid.SetRowCount(row + 1);
         FillRow(row, level, walk.storeID, child, path);
         if (!child.hasChildren) return;
 
-        shell_.Trace(indent, "      Browsing child folders");
+        context_.Trace(indent, "      Browsing child folders");
         if (MayDescend(level)) {
-            shell_.Trace(indent, "      Extending next level");
+            context_.Trace(indent, "      Extending next level");
             complete = WalkChildren(walk, child, row, level, path);
         } else {
-            shell_.Trace(indent, "      Next level too deep (current limit = ", shell_.state.extendToLevel,
-                         "), inserting 'expand' indicator");
-            MarkUnread(shell_, row);
+            context_.Trace(indent, "      Next level too deep (current limit = ", context_.state.extendToLevel,
+                           "), inserting 'expand' indicator");
+            MarkUnread(context_, row);
         }
     });
     return ended && complete;
 }
 
 bool RdoTabReader::MayDescend(int32_t level) const {
-    const int32_t limit = shell_.state.extendToLevel;
+    const int32_t limit = context_.state.extendToLevel;
     return (level < limit || limit == 0) && level < deepestWalkLevel;
 }
 
@@ -119,21 +119,21 @@ bool RdoTabReader::WalkChildren(StoreWalk& walk, const ChildFolder& child, int32
     if (std::find(walk.ancestors.begin(), walk.ancestors.end(), id) != walk.ancestors.end()) return true;
 
     ObjectRef folder;
-    const bool opened = Guarded(shell_, errorLines::folderRDOTab, [&] { folder = OpenFolder(id); });
+    const bool opened = Guarded(context_, errorLines::folderRDOTab, [&] { folder = OpenFolder(id); });
     // The row keeps an expand indicator, so that the user can try again.
     if (!opened) {
-        MarkUnread(shell_, row);
+        MarkUnread(context_, row);
         return false;
     }
     walk.ancestors.push_back(id);
     const bool complete = GetFolders_Folder_RDOTab(walk, folder, level + 1, path);
     walk.ancestors.pop_back();
-    if (!complete && row == shell_.grid.RowCount() - 1) MarkUnread(shell_, row);
+    if (!complete && row == context_.grid.RowCount() - 1) MarkUnread(context_, row);
     return true;
 }
 
 ObjectRef RdoTabReader::OpenFolder(const std::string& entryID) {
-    return Deref(shell_.state.rdoSession).Get("GetFolderFromID", entryID).RequireObject();
+    return Deref(context_.state.rdoSession).Get("GetFolderFromID", entryID).RequireObject();
 }
 
 void RdoTabReader::FillRow(int32_t row, int32_t level, const std::string& storeID, const ChildFolder& child,
@@ -141,7 +141,7 @@ void RdoTabReader::FillRow(int32_t row, int32_t level, const std::string& storeI
     std::string key;
     key.reserve(storeID.size() + child.entryID.size() + 2);
     key.append("S").append(storeID).append("|").append(child.entryID);
-    FillFolderRow(shell_, row, static_cast<int16_t>(level),
+    FillFolderRow(context_, row, static_cast<int16_t>(level),
                   {.name = child.name,
                    .storeID = storeID,
                    .entryID = child.entryID,
@@ -155,67 +155,69 @@ void RdoTabReader::FillRow(int32_t row, int32_t level, const std::string& storeI
 
 void RdoTabReader::ExpandNode(int32_t row) {
     RunExpansion(
-        shell_, view_, row, errorLines::expandNode, [&](ExpandedRows& rows) { ReadChildren(rows); },
-        [&] { shell_.Trace("Done."); });
+        context_, view_, row, errorLines::expandNode, [&](ExpandedRows& rows) { ReadChildren(rows); },
+        [&] { context_.Trace("Done."); });
 }
 
 void RdoTabReader::ReadChildren(ExpandedRows& rows) {
-    const TreeGrid& grid = shell_.grid;
+    const TreeGrid& grid = context_.grid;
     const int32_t node = rows.Node();
     TraceNode(node);
-    shell_.Trace("  Getting folder reference");
+    context_.Trace("  Getting folder reference");
     std::string entryID = grid.CellText(node, colEntryID);
     if (entryID.empty()) entryID = grid.CellText(node, colEntryIDShort);
-    const ObjectRef folder =
-        Deref(shell_.state.rdoSession).Get("GetFolderFromID", entryID, grid.CellText(node, colStoreID)).RequireObject();
-    shell_.Trace("  Removing 'expand' indicator");
+    const ObjectRef folder = Deref(context_.state.rdoSession)
+                                 .Get("GetFolderFromID", entryID, grid.CellText(node, colStoreID))
+                                 .RequireObject();
+    context_.Trace("  Removing 'expand' indicator");
     rows.RemovePlaceholder();
-    shell_.Trace("  Insertion row is ", node);
-    HierarchyTable table(shell_, "");
+    context_.Trace("  Insertion row is ", node);
+    HierarchyTable table(context_, "");
     table.Open(folder);
     while (const Value* row = table.NextRow()) {
         ExpandRow(rows, table, *row);
-        shell_.AdvanceProgress(-1, 1);
-        if (shell_.state.cancel) break;
+        context_.AdvanceProgress(-1, 1);
+        if (context_.state.cancel) break;
     }
 }
 
 void RdoTabReader::TraceNode(int32_t row) {
-    const TreeGrid& grid = shell_.grid;
-    shell_.Trace("Enumerating folders on level ", grid.RowOutlineLevel(row));
-    shell_.Trace("  Row number: ", row);
-    shell_.Trace("  Rows total: ", grid.RowCount());
-    shell_.Trace("  Root folder name: ", grid.CellText(row, colName));
-    shell_.Trace("  EntryID: ", grid.CellText(row, colEntryID));
-    shell_.Trace("  Short EntryID: ", grid.CellText(row, colEntryIDShort));
-    shell_.Trace("  StoreID: ", grid.CellText(row, colStoreID));
-    shell_.Trace("  RecID: ", grid.CellText(row, colFolderRecID));
-    shell_.Trace("  Path: ", grid.CellText(row, colPath));
-    shell_.Trace("  Item type: ", grid.CellText(row, colItemType));
-    shell_.Trace("  Row type: ", grid.CellText(row, colRowKind));
+    const TreeGrid& grid = context_.grid;
+    context_.Trace("Enumerating folders on level ", grid.RowOutlineLevel(row));
+    context_.Trace("  Row number: ", row);
+    context_.Trace("  Rows total: ", grid.RowCount());
+    context_.Trace("  Root folder name: ", grid.CellText(row, colName));
+    context_.Trace("  EntryID: ", grid.CellText(row, colEntryID));
+    context_.Trace("  Short EntryID: ", grid.CellText(row, colEntryIDShort));
+    context_.Trace("  StoreID: ", grid.CellText(row, colStoreID));
+    context_.Trace("  RecID: ", grid.CellText(row, colFolderRecID));
+    context_.Trace("  Path: ", grid.CellText(row, colPath));
+    context_.Trace("  Item type: ", grid.CellText(row, colItemType));
+    context_.Trace("  Row type: ", grid.CellText(row, colRowKind));
 }
 
 void RdoTabReader::ExpandRow(ExpandedRows& rows, HierarchyTable& table, const Value& tableRow) {
-    const TreeGrid& grid = shell_.grid;
+    const TreeGrid& grid = context_.grid;
     const int16_t level = rows.ChildLevel();
     ChildFolder child;
     bool shown = false;
-    const bool read = Guarded(shell_, errorLines::expandNode, [&] { shown = table.ReadChild(tableRow, level, child); });
+    const bool read =
+        Guarded(context_, errorLines::expandNode, [&] { shown = table.ReadChild(tableRow, level, child); });
     // As in the walk, a row that makes no sense does not cost its siblings.
     if (!read) rows.ChildFailed();
     if (!shown) return;
     if (child.folderType != fkGeneric) {
-        shell_.Trace("      Skipping folder, type is not fkGeneric");
+        context_.Trace("      Skipping folder, type is not fkGeneric");
         return;
     }
     const std::string path = grid.CellText(rows.Node(), colPath) + "\\" + child.name;
-    shell_.ShowPath(path);
+    context_.ShowPath(path);
     table.ReadIdentifiers(tableRow, child);
     const int32_t row = rows.InsertChild();
     FillRow(row, level, grid.CellText(rows.Node(), colStoreID), child, path);
     rows.KeepChild();
     if (!child.hasChildren) return;
-    shell_.Trace("      Child folders present, inserting 'expand' indicator");
+    context_.Trace("      Child folders present, inserting 'expand' indicator");
     rows.MarkChildUnread();
 }
 

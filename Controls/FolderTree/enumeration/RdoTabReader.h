@@ -6,24 +6,24 @@
 #include <string_view>
 #include <vector>
 
+#include "common/ControlContext.h"
 #include "enumeration/HierarchyTable.h"
 #include "enumeration/NodeExpansion.h"
 #include "enumeration/StoreReader.h"
 #include "selection/SelectionView.h"
-#include "shell/ControlShell.h"
 
 namespace foldertree {
 
 class RdoTabReader : public StoreReader {
   public:
-    RdoTabReader(ControlShell& shell, SelectionView& view) : shell_(shell), view_(view) {}
+    RdoTabReader(ControlContext& context, SelectionView& view) : context_(context), view_(view) {}
 
     void ReadDefaultFolders(DefaultFolderIDs& ids) override;
     bool Begin() override { return true; }
     automation::ObjectRef Stores() override;
     bool DefaultStoreFirst() const override { return true; }
     bool IsDefaultStore(const automation::ObjectRef& store) override;
-    void TraceStore() override { shell_.Trace("Mode: RDO_MAPITables"); }
+    void TraceStore() override { context_.Trace("Mode: RDO_MAPITables"); }
     void ReadStore(const automation::ObjectRef& store) override { GetFolders_Store_RDOTab(store); }
     void ExpandNode(int32_t row) override;
 
@@ -52,7 +52,7 @@ class RdoTabReader : public StoreReader {
     void FillRow(int32_t row, int32_t level, const std::string& storeID, const ChildFolder& child,
                  const std::string& path);
 
-    ControlShell& shell_;
+    ControlContext& context_;
     SelectionView& view_;
 };
 

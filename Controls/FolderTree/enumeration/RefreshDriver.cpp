@@ -10,32 +10,32 @@ using automation::ObjectRef;
 using automation::Value;
 
 StoreReader* RefreshDriver::Reader() const {
-    const int32_t mode = shell_.state.infoStoreAccessMode;
+    const int32_t mode = context_.state.infoStoreAccessMode;
     const bool known = mode >= 0 && mode < static_cast<int32_t>(readers_.stores.size());
     return known ? readers_.stores[static_cast<size_t>(mode)] : nullptr;
 }
 
 void RefreshDriver::RefreshList() {
-    Guarded(shell_, errorLines::refreshList, [&] {
-        if (shell_.state.refreshing) return;
+    Guarded(context_, errorLines::refreshList, [&] {
+        if (context_.state.refreshing) return;
         GetFolders();
         view_.ApplySelection();
     });
 }
 
 void RefreshDriver::GetFolders() {
-    LoadScope load(shell_);
-    Guarded(shell_, errorLines::getFolders, [&] {
+    LoadScope load(context_);
+    Guarded(context_, errorLines::getFolders, [&] {
         load.Ready();
-        shell_.grid.SetRowCount(shell_.grid.FixedRowCount());
+        context_.grid.SetRowCount(context_.grid.FixedRowCount());
         load.ResetProgress();
-        shell_.Trace("GetFolders: Refreshing view");
-        if (shell_.state.defaultFolders.inbox.empty()) GetFolderIDs();
+        context_.Trace("GetFolders: Refreshing view");
+        if (context_.state.defaultFolders.inbox.empty()) GetFolderIDs();
         ReadStores();
-        if (shell_.state.bufferedToLevel != -1) shell_.state.bufferedToLevel = shell_.state.extendToLevel;
+        if (context_.state.bufferedToLevel != -1) context_.state.bufferedToLevel = context_.state.extendToLevel;
         ReadAddressLists();
     });
-    shell_.Trace("GetFolders: Done");
+    context_.Trace("GetFolders: Done");
 }
 
 void RefreshDriver::ReadStores() {
@@ -55,7 +55,7 @@ void RefreshDriver::ReadDefaultStore(StoreReader& reader, const ObjectRef& store
             ReadStore(reader, store);
             return;
         }
-        if (shell_.state.cancel) return;
+        if (context_.state.cancel) return;
     }
 }
 
@@ -69,41 +69,41 @@ void RefreshDriver::ReadOtherStores(StoreReader& reader, const ObjectRef& stores
         ReadStore(reader, store);
         // Tested only here: after a cancel in the default store the first of the others is still handed to its reader,
         // which stops by itself.
-        if (shell_.state.cancel) return;
+        if (context_.state.cancel) return;
     }
 }
 
 void RefreshDriver::ReadStore(StoreReader& reader, const ObjectRef& store) {
-    shell_.AdvanceProgress(1, -1);
+    context_.AdvanceProgress(1, -1);
     reader.TraceStore();
     reader.ReadStore(store);
-    shell_.AdvanceProgress(-1, 1);
+    context_.AdvanceProgress(-1, 1);
 }
 
 void RefreshDriver::ReadAddressLists() {
-    if (shell_.state.cancel || !shell_.state.showAddressBook) return;
-    shell_.Trace("GetFolders: Adding address book(s)");
-    shell_.AdvanceProgress(1, -1);  // never completed: the bar ends one step short
+    if (context_.state.cancel || !context_.state.showAddressBook) return;
+    context_.Trace("GetFolders: Adding address book(s)");
+    context_.AdvanceProgress(1, -1);  // never completed: the bar ends one step short
     if (readers_.addressLists != nullptr) readers_.addressLists->GetAddressBook();
 }
 
 void RefreshDriver::GetFolderIDs() {
-    Guarded(shell_, errorLines::getFolderIDs, [&] {
-        if (StoreReader* reader = Reader()) reader->ReadDefaultFolders(shell_.state.defaultFolders);
+    Guarded(context_, errorLines::getFolderIDs, [&] {
+        if (StoreReader* reader = Reader()) reader->ReadDefaultFolders(context_.state.defaultFolders);
     });
 }
 
 void RefreshDriver::cmdCancel_Click() {
-    Guarded(shell_, errorLines::cmdCancelClick, [&] {
-        shell_.state.cancel = true;
-        shell_.Yield();
+    Guarded(context_, errorLines::cmdCancelClick, [&] {
+        context_.state.cancel = true;
+        context_.Yield();
     });
 }
 
 void RefreshDriver::fgd_BeforeCollapse(int32_t row, int16_t state) {
-    Guarded(shell_, errorLines::beforeCollapse, [&] {
-        if (shell_.state.gridBusy || state != nodeExpanded) return;
-        if (shell_.grid.CellValue(row, colIncomplete) == 0) return;
+    Guarded(context_, errorLines::beforeCollapse, [&] {
+        if (context_.state.gridBusy || state != nodeExpanded) return;
+        if (context_.grid.CellValue(row, colIncomplete) == 0) return;
         if (StoreReader* reader = Reader()) reader->ExpandNode(row);
     });
 }

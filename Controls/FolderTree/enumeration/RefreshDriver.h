@@ -4,9 +4,9 @@
 #include <array>
 #include <cstdint>
 
+#include "common/ControlContext.h"
 #include "enumeration/StoreReader.h"
 #include "selection/SelectionView.h"
-#include "shell/ControlShell.h"
 
 namespace foldertree {
 
@@ -18,7 +18,7 @@ class RefreshDriver {
         AddressListReader* addressLists = nullptr;
     };
 
-    RefreshDriver(ControlShell& shell, SelectionView& view) : shell_(shell), view_(view) {}
+    RefreshDriver(ControlContext& context, SelectionView& view) : context_(context), view_(view) {}
     void SetReaders(const Readers& readers) { readers_ = readers; }
 
     /// Reads the tree anew and shows the selection in it. Turned away while a load or an expansion runs.
@@ -39,7 +39,7 @@ class RefreshDriver {
     /// The reader of the current access mode, or null.
     StoreReader* Reader() const;
 
-    ControlShell& shell_;
+    ControlContext& context_;
     SelectionView& view_;
     Readers readers_;
 };

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "automation/Object.h"
-#include "shell/ControlState.h"
+#include "common/ControlState.h"
 
 namespace foldertree {
 

@@ -3,10 +3,10 @@
 
 #include <array>
 
+#include "common/modApplication.h"
 #include "enumeration/Classification.h"
 #include "enumeration/DefaultFolders.h"
 #include "enumeration/modCDODefs.h"
-#include "shell/modApplication.h"
 
 namespace foldertree {
 
@@ -34,10 +34,10 @@ std::string ContainerClass(automation::Object& folder) {
 
 }  // namespace
 
-CdoReader::CdoReader(ControlShell& shell, SelectionView& view) : ObjectReader(shell, view, mode) {}
+CdoReader::CdoReader(ControlContext& context, SelectionView& view) : ObjectReader(context, view, mode) {}
 
 ObjectRef CdoReader::CDOSession() {
-    Guarded(shell_, errorLines::cdoSession, [&] {
+    Guarded(context_, errorLines::cdoSession, [&] {
         if (session_ == nullptr) session_ = LoggedOnSession();
     });
     return session_;
@@ -45,20 +45,20 @@ ObjectRef CdoReader::CDOSession() {
 
 ObjectRef CdoReader::LoggedOnSession() {
     ObjectRef session;
-    Try("Could not instantiate CDO session: [0x", [&] { session = shell_.Factory().Create("MAPI.Session"); });
+    Try("Could not instantiate CDO session: [0x", [&] { session = context_.Factory().Create("MAPI.Session"); });
     if (session == nullptr) return nullptr;
     // Quietly, and into the profile that is already open.
     const std::array<NamedArgument, 2> arguments{{{"ShowDialog", false}, {"NewSession", false}}};
     const bool loggedOn = Try("Failed to log on to CDO session: [0x", [&] { session->CallNamed("Logon", arguments); });
     // A log-on lets messages through, and with them the host.
-    shell_.ThrowIfClosed();
+    context_.ThrowIfClosed();
     return loggedOn ? session : nullptr;
 }
 
 template <class Step>
 bool CdoReader::Try(std::string_view failure, Step&& step) {
     const auto error = Attempt(std::forward<Step>(step));
-    if (error) shell_.Trace(failure, Hex(error->Number()), "] ", error->Text());
+    if (error) context_.Trace(failure, Hex(error->Number()), "] ", error->Text());
     return !error;
 }
 
@@ -68,7 +68,7 @@ void CdoReader::ReadDefaultFolders(DefaultFolderIDs& ids) {
 
 bool CdoReader::Begin() {
     const bool available = CDOSession() != nullptr;
-    shell_.Trace(available ? "Mode: CDO" : "GetFolders: Mode: CDO, Cannot refresh, CDO session is not initialized");
+    context_.Trace(available ? "Mode: CDO" : "GetFolders: Mode: CDO, Cannot refresh, CDO session is not initialized");
     return available;
 }
 
@@ -82,7 +82,7 @@ bool CdoReader::IsDefaultStore(const ObjectRef& store) {
 }
 
 bool CdoReader::IsHomeStore(const ObjectRef&, const std::string& storeID) {
-    return storeID == shell_.state.defaultFolders.defaultStore;
+    return storeID == context_.state.defaultFolders.defaultStore;
 }
 
 ObjectRef CdoReader::RootFolder(const ObjectRef& store) {

@@ -7,7 +7,7 @@ namespace foldertree {
 
 class CdoReader : public ObjectReader {
   public:
-    CdoReader(ControlShell& shell, SelectionView& view);
+    CdoReader(ControlContext& context, SelectionView& view);
 
     /// The session; makes it and logs it on at first use. Null, after a trace line, when that fails; the next call
     /// tries again. Does not throw automation::Error.

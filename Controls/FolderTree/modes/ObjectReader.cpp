@@ -30,20 +30,20 @@ bool ObjectReader::HasSubfolders(ObjectFolder& folder) {
 }
 
 void ObjectReader::ReadStore(const ObjectRef& store) {
-    Guarded(shell_, mode_.storeLine, [&] { GetFolders_Store(store); });
+    Guarded(context_, mode_.storeLine, [&] { GetFolders_Store(store); });
 }
 
 void ObjectReader::GetFolders_Store(const ObjectRef& store) {
-    shell_.AdvanceProgress(1, -1);
+    context_.AdvanceProgress(1, -1);
     const std::string name = ReadText(store, "Name");
-    const int32_t row = AppendStoreRow(shell_, mode_.storeRowKind, name);
+    const int32_t row = AppendStoreRow(context_, mode_.storeRowKind, name);
     const std::string storeID = ReadText(store, mode_.idMember);
-    shell_.grid.SetCellText(row, colStoreID, storeID);
-    SetStorePicture(shell_, row, IsHomeStore(store, storeID));
+    context_.grid.SetCellText(row, colStoreID, storeID);
+    SetStorePicture(context_, row, IsHomeStore(store, storeID));
     ObjectFolder root(RootFolder(store), storeID);
     const Parent parent{storeID, root.entryID, name};
     ForEachSubfolder(root, [&](const ObjectRef& child) { GetFolders_Folder(parent, child); });
-    shell_.AdvanceProgress(-1, 1);
+    context_.AdvanceProgress(-1, 1);
 }
 
 bool ObjectReader::Parent::IsBelow(const std::string& id) const {
@@ -52,7 +52,7 @@ bool ObjectReader::Parent::IsBelow(const std::string& id) const {
 
 void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& object) {
     // A failed call costs this folder only; its siblings are still read.
-    Guarded(shell_, mode_.folderLine, [&] {
+    Guarded(context_, mode_.folderLine, [&] {
         const int32_t level = parent.level + 1;
         ObjectFolder folder(object, parent.storeID);
         if (!ReadFolder(folder, Reading::Walk)) return;
@@ -60,13 +60,13 @@ void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& obje
         // The marks of a folder without a row of its own fall on the header row, as they always have.
         int32_t row = headerRow;
         if (folder.hasRow) {
-            row = AppendRow(shell_.grid);
-            shell_.ShowPath(path);
+            row = AppendRow(context_.grid);
+            context_.ShowPath(path);
             FillRow(row, level, folder, path);
         }
         if (!HasSubfolders(folder)) return;
         if (!MayDescend(level)) {
-            MarkUnread(shell_, row);
+            MarkUnread(context_, row);
             return;
         }
         // A folder below itself would never end.
@@ -77,19 +77,20 @@ void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& obje
 }
 
 bool ObjectReader::MayDescend(int32_t level) const {
-    const int32_t limit = shell_.state.extendToLevel;
+    const int32_t limit = context_.state.extendToLevel;
     const bool within = mode_.readsAtLimit ? level <= limit : level < limit;
     return (within || limit == 0) && level < deepestWalkLevel;
 }
 
 void ObjectReader::ExpandNode(int32_t row) {
     RunExpansion(
-        shell_, view_, row, mode_.expandLine, [&](ExpandedRows& rows) { ReadChildren(rows); }, [&] { shell_.Yield(); });
+        context_, view_, row, mode_.expandLine, [&](ExpandedRows& rows) { ReadChildren(rows); },
+        [&] { context_.Yield(); });
 }
 
 void ObjectReader::ReadChildren(ExpandedRows& rows) {
-    const std::string storeID = shell_.grid.CellText(rows.Node(), colStoreID);
-    ObjectFolder folder(OpenFolder(shell_.grid.CellText(rows.Node(), colEntryID), storeID), storeID);
+    const std::string storeID = context_.grid.CellText(rows.Node(), colStoreID);
+    ObjectFolder folder(OpenFolder(context_.grid.CellText(rows.Node(), colEntryID), storeID), storeID);
     rows.RemovePlaceholder();
     ForEachSubfolder(folder, [&](const ObjectRef& child) { ExpandChild(rows, child, storeID); });
 }
@@ -97,10 +98,10 @@ void ObjectReader::ReadChildren(ExpandedRows& rows) {
 void ObjectReader::ExpandChild(ExpandedRows& rows, const ObjectRef& object, const std::string& storeID) {
     ObjectFolder folder(object, storeID);
     if (!ReadFolder(folder, Reading::Expansion)) return;
-    const std::string path = shell_.grid.CellText(rows.Node(), colPath) + "\\" + folder.name;
+    const std::string path = context_.grid.CellText(rows.Node(), colPath) + "\\" + folder.name;
     const int16_t level = rows.ChildLevel();
     const int32_t row = rows.InsertChild();
-    shell_.ShowPath(path);
+    context_.ShowPath(path);
     FillRow(row, level, folder, path);
     rows.KeepChild();
     if (HasSubfolders(folder)) rows.MarkChildUnread();
@@ -115,21 +116,21 @@ void ObjectReader::GetSubfolders(ObjectFolder& folder) {
 template <class Visit>
 void ObjectReader::ForEachSubfolder(ObjectFolder& folder, Visit&& visit) {
     GetSubfolders(folder);
-    shell_.AdvanceProgress(folder.subfolderCount, -1);
+    context_.AdvanceProgress(folder.subfolderCount, -1);
     const Collection subfolders(folder.subfolders);
     const auto walk = mode_.walksByPosition ? subfolders.WalkByPosition(folder.subfolderCount) : subfolders.Walk();
     Value child;
     while (walk->Next(child)) {
         visit(child.ToObject());
-        shell_.AdvanceProgress(-1, 1);
-        shell_.Yield();
-        if (shell_.state.cancel) return;
+        context_.AdvanceProgress(-1, 1);
+        context_.Yield();
+        if (context_.state.cancel) return;
     }
 }
 
 void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folder, const std::string& path) {
     const std::string key = KeyOf(folder);
-    FillFolderRow(shell_, row, static_cast<int16_t>(level),
+    FillFolderRow(context_, row, static_cast<int16_t>(level),
                   {.name = folder.name,
                    .storeID = mode_.rowsNameTheirStore ? std::string_view(folder.storeID) : std::string_view(),
                    .entryID = folder.entryID,
@@ -140,7 +141,7 @@ void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folde
                    .index = " ",
                    .itemType = folder.itemType});
     // A number can be typed only into a row that is ticked.
-    shell_.grid.SetCellFormat(CellSetting::BackColor, row, colIndex, colors::buttonFace);
+    context_.grid.SetCellFormat(CellSetting::BackColor, row, colIndex, colors::buttonFace);
 }
 
 std::string ObjectReader::KeyOf(const ObjectFolder& folder) const {

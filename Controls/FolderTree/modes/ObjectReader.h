@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "common/ControlContext.h"
 #include "enumeration/NodeExpansion.h"
 #include "enumeration/StoreReader.h"
 #include "selection/SelectionView.h"
-#include "shell/ControlShell.h"
 
 namespace foldertree {
 
@@ -47,8 +47,8 @@ struct ObjectFolder {
 
 class ObjectReader : public StoreReader {
   public:
-    ObjectReader(ControlShell& shell, SelectionView& view, const ObjectMode& mode)
-        : shell_(shell), view_(view), mode_(mode) {}
+    ObjectReader(ControlContext& context, SelectionView& view, const ObjectMode& mode)
+        : context_(context), view_(view), mode_(mode) {}
 
     bool DefaultStoreFirst() const final { return mode_.defaultStoreFirst; }
     bool WalksByPosition() const final { return mode_.walksByPosition; }
@@ -71,7 +71,7 @@ class ObjectReader : public StoreReader {
 
     static std::string ReadText(const automation::ObjectRef& object, automation::Member member);
 
-    ControlShell& shell_;
+    ControlContext& context_;
 
   private:
     /// A folder whose subfolders are being walked, and those above it up to the store's root.

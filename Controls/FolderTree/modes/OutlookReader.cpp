@@ -22,18 +22,18 @@ constexpr ObjectMode mode{.storeRowKind = rowKind::folder,
 
 }  // namespace
 
-OutlookReader::OutlookReader(ControlShell& shell, SelectionView& view) : ObjectReader(shell, view, mode) {}
+OutlookReader::OutlookReader(ControlContext& context, SelectionView& view) : ObjectReader(context, view, mode) {}
 
 ObjectRef OutlookReader::Namespace() {
-    return Deref(shell_.state.application).Get("GetNamespace", "MAPI").RequireObject();
+    return Deref(context_.state.application).Get("GetNamespace", "MAPI").RequireObject();
 }
 
 void OutlookReader::ReadDefaultFolders(DefaultFolderIDs& ids) {
-    if (shell_.state.application != nullptr) foldertree::ReadDefaultFolders(Namespace(), ids);
+    if (context_.state.application != nullptr) foldertree::ReadDefaultFolders(Namespace(), ids);
 }
 
 bool OutlookReader::Begin() {
-    shell_.Trace("GetFolders: Mode: Outlook");
+    context_.Trace("GetFolders: Mode: Outlook");
     return true;
 }
 

@@ -7,7 +7,7 @@ namespace foldertree {
 
 class OutlookReader : public ObjectReader {
   public:
-    OutlookReader(ControlShell& shell, SelectionView& view);
+    OutlookReader(ControlContext& context, SelectionView& view);
 
     /// Without an application there are none, and that is no error.
     void ReadDefaultFolders(DefaultFolderIDs& ids) override;

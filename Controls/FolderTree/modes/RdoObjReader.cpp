@@ -31,14 +31,14 @@ bool IsConfigurationClass(std::string_view messageClass) {
 
 }  // namespace
 
-RdoObjReader::RdoObjReader(ControlShell& shell, SelectionView& view) : ObjectReader(shell, view, mode) {}
+RdoObjReader::RdoObjReader(ControlContext& context, SelectionView& view) : ObjectReader(context, view, mode) {}
 
 void RdoObjReader::ReadDefaultFolders(DefaultFolderIDs& ids) {
-    foldertree::ReadDefaultFolders(shell_.state.rdoSession, ids);
+    foldertree::ReadDefaultFolders(context_.state.rdoSession, ids);
 }
 
 ObjectRef RdoObjReader::Stores() {
-    return Deref(shell_.state.rdoSession).Get("Stores").RequireObject();
+    return Deref(context_.state.rdoSession).Get("Stores").RequireObject();
 }
 
 bool RdoObjReader::IsDefaultStore(const ObjectRef& store) {
@@ -55,7 +55,7 @@ ObjectRef RdoObjReader::RootFolder(const ObjectRef& store) {
 
 ObjectRef RdoObjReader::OpenFolder(const std::string& entryID, const std::string& storeID) {
     // Held: inside a call the host may take the session away or close the control.
-    const ObjectRef session = shell_.state.rdoSession;
+    const ObjectRef session = context_.state.rdoSession;
     // Opens the store if need be: the session looks for the folder in the stores that are open. Held until then.
     const ObjectRef store = Deref(session).Get("GetStoreFromID", storeID).RequireObject();
     return session->Get("GetFolderFromID", entryID).RequireObject();

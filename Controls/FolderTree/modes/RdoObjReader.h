@@ -7,13 +7,13 @@ namespace foldertree {
 
 class RdoObjReader : public ObjectReader {
   public:
-    RdoObjReader(ControlShell& shell, SelectionView& view);
+    RdoObjReader(ControlContext& context, SelectionView& view);
 
     void ReadDefaultFolders(DefaultFolderIDs& ids) override;
     bool Begin() override { return true; }
     automation::ObjectRef Stores() override;
     bool IsDefaultStore(const automation::ObjectRef& store) override;
-    void TraceStore() override { shell_.Trace("GetFolders: GetFolders: Mode: RDO_Obj"); }
+    void TraceStore() override { context_.Trace("GetFolders: GetFolders: Mode: RDO_Obj"); }
 
   private:
     bool IsHomeStore(const automation::ObjectRef& store, const std::string& storeID) override;

@@ -9,7 +9,7 @@ namespace foldertree {
 
 template <class Visit>
 void BulkSelection::ForEachPickRow(Visit&& visit) {
-    const TreeGrid& grid = shell_.grid;
+    const TreeGrid& grid = context_.grid;
     for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
         const std::string_view kind = grid.CellView(row, colRowKind);
         const auto is = [kind](std::string_view other) { return automation::EqualNoCase(kind, other); };
@@ -18,17 +18,17 @@ void BulkSelection::ForEachPickRow(Visit&& visit) {
 }
 
 bool BulkSelection::MayBePicked(int32_t row) const {
-    return shell_.grid.CellFormat(CellSetting::BackColor, row, colSel) != colors::buttonFace;
+    return context_.grid.CellFormat(CellSetting::BackColor, row, colSel) != colors::buttonFace;
 }
 
 void BulkSelection::Untick(int32_t row) {
-    shell_.grid.SetCellText(row, colSel, "0");
-    shell_.grid.SetCellText(row, colIndex, " ");
+    context_.grid.SetCellText(row, colSel, "0");
+    context_.grid.SetCellText(row, colIndex, " ");
     view_.MarkSelection(row);
 }
 
 void BulkSelection::AddItemOfRow(SelectionIndex& index, int32_t row, int32_t number) {
-    shell_.grid.SetCellText(row, colIndex, std::to_string(number));
+    context_.grid.SetCellText(row, colIndex, std::to_string(number));
     const ItemRef item = selection_.CreateSelItemFromRow(row);
     // ReIndex passes over items that are not ticked.
     item->SetSelected(true);
@@ -36,15 +36,15 @@ void BulkSelection::AddItemOfRow(SelectionIndex& index, int32_t row, int32_t num
 }
 
 void BulkSelection::SelectNone() {
-    Guarded(shell_, errorLines::selectNone, [&] {
+    Guarded(context_, errorLines::selectNone, [&] {
         SelectionIndex index(selection_);
         ForEachPickRow([&](int32_t row) {
             if (!IsTicked(row)) return;
             Untick(row);
-            index.Remove(shell_.grid.CellText(row, colKey));
+            index.Remove(context_.grid.CellText(row, colKey));
         });
         index.Flush();
-        if (!shell_.state.multiSelect) {
+        if (!context_.state.multiSelect) {
             selection_.singleItem = nullptr;
             selection_.selectedRow = -1;
         }
@@ -53,14 +53,14 @@ void BulkSelection::SelectNone() {
 }
 
 void BulkSelection::SelectAll() {
-    Guarded(shell_, errorLines::selectAll, [&] {
-        if (!shell_.state.multiSelect) return;
+    Guarded(context_, errorLines::selectAll, [&] {
+        if (!context_.state.multiSelect) return;
         SelectionIndex index(selection_);
         int32_t high = selection_.GetHighIndex();
         ForEachPickRow([&](int32_t row) {
             if (!MayBePicked(row)) return;
-            shell_.grid.SetCellText(row, colSel, "-1");
-            if (const SelItem item = index.Find(shell_.grid.CellText(row, colKey)))
+            context_.grid.SetCellText(row, colSel, "-1");
+            if (const SelItem item = index.Find(context_.grid.CellText(row, colKey)))
                 item.SetSelected(true);
             else
                 AddItemOfRow(index, row, high = SelectionSet::NextIndex(high));
@@ -71,14 +71,14 @@ void BulkSelection::SelectAll() {
 }
 
 void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
-    Guarded(shell_, errorLines::selectByType, [&] {
+    Guarded(context_, errorLines::selectByType, [&] {
         int32_t high = bAdditional ? selection_.GetHighIndex() : -1;
         bool changed = false;
         SelectionIndex index(selection_);
         const auto pickOrTakeOut = [&](int32_t row) {
-            const std::string key = shell_.grid.CellText(row, colKey);
+            const std::string key = context_.grid.CellText(row, colKey);
             const bool matches =
-                shell_.grid.CellValue(row, colItemType) == static_cast<double>(eType) && MayBePicked(row);
+                context_.grid.CellValue(row, colItemType) == static_cast<double>(eType) && MayBePicked(row);
             if (!matches) {
                 if (bAdditional) return;
                 index.Remove(key);
@@ -104,12 +104,12 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
 }
 
 void BulkSelection::UntickRowsWithoutItem(const SelectionIndex& index, const SelectionView::FoundRows& found) {
-    std::vector<bool> hasItem(static_cast<size_t>(shell_.grid.RowCount()));
+    std::vector<bool> hasItem(static_cast<size_t>(context_.grid.RowCount()));
     for (const auto& each : found)
         if (each.row != -1) hasItem[static_cast<size_t>(each.row)] = true;
     ForEachPickRow([&](int32_t row) {
         if (hasItem[static_cast<size_t>(row)] || !IsTicked(row) || !MayBePicked(row)) return;
-        if (!index.Find(shell_.grid.CellText(row, colKey))) Untick(row);
+        if (!index.Find(context_.grid.CellText(row, colKey))) Untick(row);
     });
 }
 

@@ -3,19 +3,19 @@
 
 #include <cstdint>
 
+#include "common/ControlContext.h"
+#include "common/Enumerations.h"
 #include "selection/SelectionIndex.h"
 #include "selection/SelectionSet.h"
 #include "selection/SelectionView.h"
-#include "shell/ControlShell.h"
-#include "shell/Enumerations.h"
 
 namespace foldertree {
 
 /// None of these raises `Changed`: the event tells the host what the user did. Afterwards the selection is dirty.
 class BulkSelection {
   public:
-    BulkSelection(ControlShell& shell, SelectionSet& selection, SelectionView& view)
-        : shell_(shell), selection_(selection), view_(view) {}
+    BulkSelection(ControlContext& context, SelectionSet& selection, SelectionView& view)
+        : context_(context), selection_(selection), view_(view) {}
 
     /// Items that match no row stay in the collection.
     void SelectNone();
@@ -29,14 +29,14 @@ class BulkSelection {
     template <class Visit>
     void ForEachPickRow(Visit&& visit);
     bool MayBePicked(int32_t row) const;
-    bool IsTicked(int32_t row) const { return shell_.grid.CellValue(row, colSel) != 0; }
+    bool IsTicked(int32_t row) const { return context_.grid.CellValue(row, colSel) != 0; }
     void Untick(int32_t row);
     /// Makes an item from the row, ticked and numbered, and adds it.
     void AddItemOfRow(SelectionIndex& index, int32_t row, int32_t number);
     /// `found` says of which rows an item is known already.
     void UntickRowsWithoutItem(const SelectionIndex& index, const SelectionView::FoundRows& found);
 
-    ControlShell& shell_;
+    ControlContext& context_;
     SelectionSet& selection_;
     SelectionView& view_;
 };

@@ -9,8 +9,8 @@ bool IsHighlighted(const ControlState& state, double itemType) {
            (itemType == double{FTITaskItem} && state.highlightTaskFolders);
 }
 
-void HighlightNewRow(ControlShell& shell, int32_t row, int32_t itemType) {
-    TreeGrid& grid = shell.grid;
+void HighlightNewRow(ControlContext& context, int32_t row, int32_t itemType) {
+    TreeGrid& grid = context.grid;
     const auto apply = [&](bool flag, enuFTIItemType type) {
         if (!flag) return;
         const int last = grid.ColCount() - 1;
@@ -19,17 +19,17 @@ void HighlightNewRow(ControlShell& shell, int32_t row, int32_t itemType) {
         else
             grid.SetCellFormat(CellSetting::ForeColor, row, 0, row, last, colors::buttonShadow);
     };
-    apply(shell.state.highlightContactFolders, FTIContactItem);
-    apply(shell.state.highlightJournalFolders, FTIjournalItem);
-    apply(shell.state.highlightTaskFolders, FTITaskItem);
+    apply(context.state.highlightContactFolders, FTIContactItem);
+    apply(context.state.highlightJournalFolders, FTIjournalItem);
+    apply(context.state.highlightTaskFolders, FTITaskItem);
 }
 
-void PerformHighlighting(ControlShell& shell) {
-    Guarded(shell, errorLines::performHighlighting, [&] {
-        TreeGrid& grid = shell.grid;
+void PerformHighlighting(ControlContext& context) {
+    Guarded(context, errorLines::performHighlighting, [&] {
+        TreeGrid& grid = context.grid;
         const int last = grid.ColCount() - 1;
         for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
-            const bool highlighted = IsHighlighted(shell.state, grid.CellValue(row, colItemType));
+            const bool highlighted = IsHighlighted(context.state, grid.CellValue(row, colItemType));
             if (highlighted || grid.CellFormat(CellSetting::BackColor, row, 0) != colors::buttonFace)
                 grid.SetCellFormat(CellSetting::Bold, row, 0, row, last, highlighted);
         }

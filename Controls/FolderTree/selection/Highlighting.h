@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "shell/ControlShell.h"
+#include "common/ControlContext.h"
 
 namespace foldertree {
 
@@ -12,10 +12,10 @@ bool IsHighlighted(const ControlState& state, double itemType);
 
 /// A row just written: for each flag that is set, bold when the type matches, else grey. With two flags on, a matching
 /// row is both.
-void HighlightNewRow(ControlShell& shell, int32_t row, int32_t itemType);
+void HighlightNewRow(ControlContext& context, int32_t row, int32_t itemType);
 
 /// Re-applies the flags to all rows: only bold, never the fore colour, and whatever the tick; store rows keep their
 /// bold.
-void PerformHighlighting(ControlShell& shell);
+void PerformHighlighting(ControlContext& context);
 
 }  // namespace foldertree

@@ -4,13 +4,13 @@
 namespace foldertree {
 namespace {
 
-ItemRef ItemByKey(ControlShell& shell, SelectionSet& selection, const ErrorLine& line, std::string_view form,
+ItemRef ItemByKey(ControlContext& context, SelectionSet& selection, const ErrorLine& line, std::string_view form,
                   std::string_view id, std::string_view entryID) {
     ItemRef item;
-    Guarded(shell, line, [&] {
+    Guarded(context, line, [&] {
         std::string key(form);
         key.append(id).append("|").append(entryID);
-        const int32_t row = shell.grid.FindRow(key);
+        const int32_t row = context.grid.FindRow(key);
         if (row > -1) item = selection.CreateSelItemFromRow(row);
     });
     return item;
@@ -18,13 +18,14 @@ ItemRef ItemByKey(ControlShell& shell, SelectionSet& selection, const ErrorLine&
 
 }  // namespace
 
-ItemRef GetMsgItem(ControlShell& shell, SelectionSet& selection, std::string_view sStoreID, std::string_view sEntryID) {
-    return ItemByKey(shell, selection, errorLines::getMsgItem, "S", sStoreID, sEntryID);
+ItemRef GetMsgItem(ControlContext& context, SelectionSet& selection, std::string_view sStoreID,
+                   std::string_view sEntryID) {
+    return ItemByKey(context, selection, errorLines::getMsgItem, "S", sStoreID, sEntryID);
 }
 
-ItemRef GetAdListItem(ControlShell& shell, SelectionSet& selection, std::string_view sAdListID,
+ItemRef GetAdListItem(ControlContext& context, SelectionSet& selection, std::string_view sAdListID,
                       std::string_view sAdListEntryID) {
-    return ItemByKey(shell, selection, errorLines::getAdListItem, "L", sAdListID, sAdListEntryID);
+    return ItemByKey(context, selection, errorLines::getAdListItem, "L", sAdListID, sAdListEntryID);
 }
 
 }  // namespace foldertree

@@ -8,10 +8,11 @@ namespace {
 template <class Keeps>
 class CollapseWalk {
   public:
-    CollapseWalk(ControlShell& shell, const ErrorLine& line, Keeps keeps) : shell_(shell), line_(line), keeps_(keeps) {}
+    CollapseWalk(ControlContext& context, const ErrorLine& line, Keeps keeps)
+        : context_(context), line_(line), keeps_(keeps) {}
 
     void CollapseStores() {
-        TreeGrid& grid = shell_.grid;
+        TreeGrid& grid = context_.grid;
         for (int32_t row = 1; row < grid.RowCount(); ++row)
             if (grid.RowOutlineLevel(row) == 0) Recurse(row, 0);
     }
@@ -23,7 +24,7 @@ class CollapseWalk {
     };
 
     Branch Recurse(int32_t start, int32_t level) {
-        TreeGrid& grid = shell_.grid;
+        TreeGrid& grid = context_.grid;
         Branch branch{start + 1, true};
         int32_t& cur = branch.finish;
         const auto error = Attempt([&] {
@@ -44,33 +45,33 @@ class CollapseWalk {
                 error->Number(), error->Text() + " CUR: " + std::to_string(cur) + ", Start: " + std::to_string(start) +
                                      ", Finish: " + std::to_string(cur) + ", Level: " + std::to_string(level));
             placed.SetLine(error->Line());
-            shell_.TraceError(line_, placed);
+            context_.TraceError(line_, placed);
         }
         return branch;
     }
 
-    ControlShell& shell_;
+    ControlContext& context_;
     const ErrorLine& line_;
     Keeps keeps_;
 };
 
 template <class Keeps>
-void Collapse(ControlShell& shell, const ErrorLine& recurseLine, Keeps keeps) {
+void Collapse(ControlContext& context, const ErrorLine& recurseLine, Keeps keeps) {
     // Both walks name themselves alike here; support engineers know the line by that name.
-    Guarded(shell, errorLines::collapseToSelection,
-            [&] { CollapseWalk<Keeps>(shell, recurseLine, keeps).CollapseStores(); });
+    Guarded(context, errorLines::collapseToSelection,
+            [&] { CollapseWalk<Keeps>(context, recurseLine, keeps).CollapseStores(); });
 }
 
 }  // namespace
 
-void CollapseToSelection(ControlShell& shell) {
-    Collapse(shell, errorLines::collapseToSelectionRecurse,
-             [&](int32_t row) { return shell.grid.CellValue(row, colSel) != 0; });
+void CollapseToSelection(ControlContext& context) {
+    Collapse(context, errorLines::collapseToSelectionRecurse,
+             [&](int32_t row) { return context.grid.CellValue(row, colSel) != 0; });
 }
 
-void CollapseToType(ControlShell& shell, enuFTIItemType veType) {
-    Collapse(shell, errorLines::collapseToTypeRecurse,
-             [&](int32_t row) { return shell.grid.CellValue(row, colItemType) == static_cast<double>(veType); });
+void CollapseToType(ControlContext& context, enuFTIItemType veType) {
+    Collapse(context, errorLines::collapseToTypeRecurse,
+             [&](int32_t row) { return context.grid.CellValue(row, colItemType) == static_cast<double>(veType); });
 }
 
 }  // namespace foldertree

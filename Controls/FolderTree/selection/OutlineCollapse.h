@@ -3,15 +3,15 @@
 
 #include <cstdint>
 
-#include "shell/ControlShell.h"
-#include "shell/Enumerations.h"
+#include "common/ControlContext.h"
+#include "common/Enumerations.h"
 
 namespace foldertree {
 
 /// Keeps open exactly the branches that lead to ticked rows. Ticks, selection and rows stay as they are.
-void CollapseToSelection(ControlShell& shell);
+void CollapseToSelection(ControlContext& context);
 
 /// Keeps open the branches that hold folders of one type.
-void CollapseToType(ControlShell& shell, enuFTIItemType veType);
+void CollapseToType(ControlContext& context, enuFTIItemType veType);
 
 }  // namespace foldertree

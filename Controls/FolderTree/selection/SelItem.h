@@ -5,7 +5,7 @@
 #include <string>
 
 #include "automation/Object.h"
-#include "shell/clsFolderTreeItem.h"
+#include "common/clsFolderTreeItem.h"
 
 namespace foldertree {
 

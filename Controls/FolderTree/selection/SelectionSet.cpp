@@ -27,7 +27,7 @@ SelItem SelectionSet::GetSelItemByKey(std::string_view key) {
 
 bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
     bool removed = false;
-    Guarded(shell_, errorLines::removeSelItemByKey, [&] {
+    Guarded(context_, errorLines::removeSelItemByKey, [&] {
         if (collection == nullptr) return;
         const Collection items(collection);
         const auto walk = items.Walk();
@@ -44,7 +44,7 @@ bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
 
 int32_t SelectionSet::GetHighIndex() {
     int32_t high = 0;
-    Guarded(shell_, errorLines::getHighIndex, [&] {
+    Guarded(context_, errorLines::getHighIndex, [&] {
         if (collection == nullptr) return;
         const auto walk = Collection(collection).Walk();
         Value value;
@@ -66,8 +66,8 @@ const SharedText& SelectionSet::SharedStoreID(std::string_view storeID) {
 
 ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
     const ItemRef item = std::make_shared<clsFolderTreeItem>();
-    Guarded(shell_, errorLines::createSelItemFromRow, [&] {
-        const TreeGrid& grid = shell_.grid;
+    Guarded(context_, errorLines::createSelItemFromRow, [&] {
+        const TreeGrid& grid = context_.grid;
         const auto number = [&](int col) { return automation::RoundToLong(grid.CellValue(row, col)); };
         item->SetName(grid.CellText(row, colName));
         item->SetIndex(number(colIndex));
@@ -87,7 +87,7 @@ ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
 ItemRef SelectionSet::CreateSelItem(int32_t lFolderRecID, std::string_view sStoreID, std::string_view sEntryID,
                                     std::string_view sEntryIDShort, std::string_view sAdListID) {
     ItemRef item;
-    Guarded(shell_, errorLines::createSelItem, [&] {
+    Guarded(context_, errorLines::createSelItem, [&] {
         item = std::make_shared<clsFolderTreeItem>();
         if (!sAdListID.empty()) {
             item->SetAddressListID(std::string(sAdListID));
@@ -105,7 +105,7 @@ ItemRef SelectionSet::CreateSelItem(int32_t lFolderRecID, std::string_view sStor
 }
 
 void SelectionSet::KillCollection(automation::ObjectRef& oColl) {
-    Guarded(shell_, errorLines::killCollection, [&] {
+    Guarded(context_, errorLines::killCollection, [&] {
         if (oColl == nullptr) return;
         // Held here, so that the host may drop its variable while its collection is being emptied.
         const Collection items(oColl);

@@ -5,8 +5,8 @@
 #include <functional>
 #include <string_view>
 
+#include "common/ControlContext.h"
 #include "selection/SelItem.h"
-#include "shell/ControlShell.h"
 
 namespace foldertree {
 
@@ -14,7 +14,7 @@ namespace foldertree {
 /// and never copied: what the control adds and removes, the host sees in its own variable.
 class SelectionSet {
   public:
-    explicit SelectionSet(ControlShell& shell) : shell_(shell) {}
+    explicit SelectionSet(ControlContext& context) : context_(context) {}
 
     automation::ObjectRef collection;  ///< null until something is assigned or ticked
     ItemRef singleItem;                ///< the single-select pick
@@ -40,7 +40,7 @@ class SelectionSet {
     /// One text for all items that are made one after the other from rows of one store.
     const SharedText& SharedStoreID(std::string_view storeID);
 
-    ControlShell& shell_;
+    ControlContext& context_;
     SharedText lastStoreID_;
 };
 

@@ -13,9 +13,9 @@ using automation::Collection;
 using automation::Value;
 
 void SelectionView::ApplySelection(const FoundRows& found) {
-    Guarded(shell_, errorLines::applySelection, [&] {
-        const FlagSet busy(shell_.state.gridBusy);
-        if (!shell_.state.multiSelect)
+    Guarded(context_, errorLines::applySelection, [&] {
+        const FlagSet busy(context_.state.gridBusy);
+        if (!context_.state.multiSelect)
             ApplySingleItem();
         else if (selection_.collection != nullptr)
             ApplyCollection(found);
@@ -33,13 +33,13 @@ void SelectionView::ApplyCollection(const FoundRows& found) {
         if (row <= 0) continue;  // not in the tree, or the header row matched
         // A stranger keeps what its host gave it; only our own items are completed.
         if (clsFolderTreeItem* own = item.Own(); own != nullptr && own->Incomplete()) CompleteFromRow(*own, row);
-        shell_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
+        context_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
         Tick(row);
     }
 }
 
 void SelectionView::ApplySingleItem() {
-    TreeGrid& grid = shell_.grid;
+    TreeGrid& grid = context_.grid;
     for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
         if (grid.CellValue(row, colSel) == 0) continue;
         grid.SetCellText(row, colSel, "0");
@@ -54,7 +54,7 @@ void SelectionView::ApplySingleItem() {
 }
 
 int32_t SelectionView::FindRowOf(const SelItem& item) {
-    const TreeGrid& grid = shell_.grid;
+    const TreeGrid& grid = context_.grid;
     const std::string key = item.Key();
     int32_t row = grid.FindRow(key);
     if (row == -1) row = grid.FindRow(item.KeyShortEntryID());
@@ -64,7 +64,7 @@ int32_t SelectionView::FindRowOf(const SelItem& item) {
 }
 
 void SelectionView::CompleteFromRow(clsFolderTreeItem& item, int32_t row) {
-    TreeGrid& grid = shell_.grid;
+    TreeGrid& grid = context_.grid;
     item.SetItemType(static_cast<enuFTIItemType>(automation::RoundToLong(grid.CellValue(row, colItemType))));
     item.SetIsAddressList(!item.AddressListID().empty());
     item.SetName(grid.CellText(row, colName));
@@ -79,13 +79,13 @@ void SelectionView::CompleteFromRow(clsFolderTreeItem& item, int32_t row) {
 }
 
 void SelectionView::Tick(int32_t row) {
-    shell_.grid.SetCellText(row, colSel, "-1");
+    context_.grid.SetCellText(row, colSel, "-1");
     MarkSelection(row);
 }
 
 void SelectionView::MarkSelection(int32_t row) {
-    Guarded(shell_, errorLines::markSelection, [&] {
-        TreeGrid& grid = shell_.grid;
+    Guarded(context_, errorLines::markSelection, [&] {
+        TreeGrid& grid = context_.grid;
         const int last = grid.ColCount() - 1;
         const bool ticked = grid.CellValue(row, colSel) != 0;
         grid.SetCellFormat(CellSetting::BackColor, row, colName, row, last, ticked ? colors::ticked : colors::window);
@@ -93,9 +93,9 @@ void SelectionView::MarkSelection(int32_t row) {
         // that was ticked once stay bold.
         if (ticked)
             grid.SetCellFormat(CellSetting::Bold, row, colSel, row, last, true);
-        else if (!IsHighlighted(shell_.state, grid.CellValue(row, colItemType)))
+        else if (!IsHighlighted(context_.state, grid.CellValue(row, colItemType)))
             grid.SetCellFormat(CellSetting::Bold, row, colName, row, last, false);
-        if (!shell_.state.multiSelect) return;
+        if (!context_.state.multiSelect) return;
         grid.SetCellFormat(CellSetting::BackColor, row, colIndex, ticked ? colors::window : colors::buttonFace);
         if (!ticked) grid.SetCellText(row, colIndex, " ");
     });
@@ -103,7 +103,7 @@ void SelectionView::MarkSelection(int32_t row) {
 
 SelectionView::FoundRows SelectionView::ReIndex() {
     FoundRows found;
-    Guarded(shell_, errorLines::reIndex, [&] {
+    Guarded(context_, errorLines::reIndex, [&] {
         if (selection_.collection == nullptr) return;
         const auto walk = Collection(selection_.collection).Walk();
         int32_t n = 1;
@@ -113,9 +113,9 @@ SelectionView::FoundRows SelectionView::ReIndex() {
             found.push_back({nullptr, -1});
             if (!item.Selected()) continue;
             item.SetIndex(n);
-            const int32_t row = shell_.grid.FindRow(item.Key());
+            const int32_t row = context_.grid.FindRow(item.Key());
             if (row != -1) {
-                shell_.grid.SetCellText(row, colIndex, std::to_string(n));
+                context_.grid.SetCellText(row, colIndex, std::to_string(n));
                 found.back() = {item.Own(), row};
             }
             ++n;
@@ -129,14 +129,14 @@ SelectionView::FoundRows SelectionView::ReIndex() {
 }
 
 void SelectionView::RefreshSelection() {
-    Guarded(shell_, errorLines::refreshSelection, [&] {
+    Guarded(context_, errorLines::refreshSelection, [&] {
         OrderedInsertion insertion(selection_);
         insertion.RemoveCompleteItems();
-        const TreeGrid& grid = shell_.grid;
-        for (int32_t row = grid.FixedRowCount(); shell_.state.multiSelect && row < grid.RowCount(); ++row) {
+        const TreeGrid& grid = context_.grid;
+        for (int32_t row = grid.FixedRowCount(); context_.state.multiSelect && row < grid.RowCount(); ++row) {
             if (grid.CellValue(row, colSel) == 0) continue;
             // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it.
-            Guarded(shell_, errorLines::refreshSelection, [&] { insertion.InsertRow(row, grid); });
+            Guarded(context_, errorLines::refreshSelection, [&] { insertion.InsertRow(row, grid); });
         }
         selection_.dirty = false;
     });

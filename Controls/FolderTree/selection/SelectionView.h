@@ -4,14 +4,14 @@
 #include <cstdint>
 #include <vector>
 
+#include "common/ControlContext.h"
 #include "selection/SelectionSet.h"
-#include "shell/ControlShell.h"
 
 namespace foldertree {
 
 class SelectionView {
   public:
-    SelectionView(ControlShell& shell, SelectionSet& selection) : shell_(shell), selection_(selection) {}
+    SelectionView(ControlContext& context, SelectionSet& selection) : context_(context), selection_(selection) {}
 
     /// The row that an item was found in a moment ago; saves looking for each item again when all are renumbered.
     struct FoundRow {
@@ -41,7 +41,7 @@ class SelectionView {
     void CompleteFromRow(clsFolderTreeItem& item, int32_t row);
     void Tick(int32_t row);
 
-    ControlShell& shell_;
+    ControlContext& context_;
     SelectionSet& selection_;
 };
 

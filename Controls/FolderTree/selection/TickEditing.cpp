@@ -12,36 +12,37 @@ using automation::Collection;
 using automation::Value;
 
 void TickEditing::fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) {
-    Guarded(shell_, errorLines::beforeEdit, [&] {
-        if (shell_.state.gridBusy) return;
-        const bool editable = col == colSel || (col == colIndex && shell_.state.Indexing());
-        if (!editable || shell_.grid.CellFormat(CellSetting::BackColor, row, col) == colors::buttonFace) cancel = true;
+    Guarded(context_, errorLines::beforeEdit, [&] {
+        if (context_.state.gridBusy) return;
+        const bool editable = col == colSel || (col == colIndex && context_.state.Indexing());
+        if (!editable || context_.grid.CellFormat(CellSetting::BackColor, row, col) == colors::buttonFace)
+            cancel = true;
     });
 }
 
 void TickEditing::fgd_ValidateEdit(int32_t, int32_t col, bool& cancel) {
-    Guarded(shell_, errorLines::validateEdit, [&] {
-        if (shell_.state.gridBusy || col != colIndex) return;
-        const std::optional<double> number = automation::ParseNumber(shell_.grid.EditText());
-        if (!shell_.state.Indexing() || !number || *number <= 0) cancel = true;
+    Guarded(context_, errorLines::validateEdit, [&] {
+        if (context_.state.gridBusy || col != colIndex) return;
+        const std::optional<double> number = automation::ParseNumber(context_.grid.EditText());
+        if (!context_.state.Indexing() || !number || *number <= 0) cancel = true;
     });
 }
 
 void TickEditing::fgd_AfterEdit(int32_t row, int32_t col) {
-    Guarded(shell_, errorLines::afterEdit, [&] {
-        if (shell_.state.gridBusy) return;
+    Guarded(context_, errorLines::afterEdit, [&] {
+        if (context_.state.gridBusy) return;
         view_.MarkSelection(row);
         if (col == colSel)
             AfterTick(row);
-        else if (col == colIndex && shell_.state.Indexing())
+        else if (col == colIndex && context_.state.Indexing())
             AfterNumber(row);
     });
 }
 
 void TickEditing::AfterTick(int32_t row) {
-    const bool ticked = shell_.grid.CellValue(row, colSel) != 0;
+    const bool ticked = context_.grid.CellValue(row, colSel) != 0;
     selection_.selectedRow = -1;
-    if (shell_.state.multiSelect) {
+    if (context_.state.multiSelect) {
         if (ticked)
             TickInCollection(row);
         else
@@ -51,12 +52,12 @@ void TickEditing::AfterTick(int32_t row) {
         TickAlone(row);
     }
     view_.ReIndex();
-    shell_.RaiseChanged();
+    context_.RaiseChanged();
     TraceChange(row);
 }
 
 void TickEditing::TickInCollection(int32_t row) {
-    SelItem item = selection_.GetSelItemByKey(shell_.grid.CellText(row, colKey));
+    SelItem item = selection_.GetSelItemByKey(context_.grid.CellText(row, colKey));
     if (item) {
         item.SetSelected(true);
     } else {
@@ -65,16 +66,16 @@ void TickEditing::TickInCollection(int32_t row) {
         Collection(selection_.EnsureCollection()).Add(item.Ref(), item.Key());
         item.SetIndex(SelectionSet::NextIndex(selection_.GetHighIndex()));
     }
-    shell_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
+    context_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
 }
 
 void TickEditing::UntickInCollection(int32_t row) {
-    shell_.grid.SetCellText(row, colIndex, " ");
-    selection_.RemoveSelItemByKey(shell_.grid.CellText(row, colKey));
+    context_.grid.SetCellText(row, colIndex, " ");
+    selection_.RemoveSelItemByKey(context_.grid.CellText(row, colKey));
 }
 
 void TickEditing::TickAlone(int32_t row) {
-    TreeGrid& grid = shell_.grid;
+    TreeGrid& grid = context_.grid;
     selection_.selectedRow = row;
     for (int32_t other = grid.FixedRowCount(); other < grid.RowCount(); ++other) {
         if (other == row || grid.CellValue(other, colSel) == 0) continue;
@@ -100,24 +101,24 @@ void TickEditing::AfterNumber(int32_t row) {
 
     view_.ReIndex();
     selection_.dirty = true;
-    shell_.RaiseChanged();
+    context_.RaiseChanged();
 }
 
 void TickEditing::TraceChange(int32_t row) {
-    const TreeGrid& grid = shell_.grid;
-    shell_.Trace("Selection changed on");
-    shell_.Trace("  ", grid.CellText(row, colPath));
-    shell_.Trace(" SID = ", grid.CellText(row, colStoreID));
-    shell_.Trace(" EID = ", grid.CellText(row, colEntryID));
-    shell_.Trace(" EIDShort = ", grid.CellText(row, colEntryIDShort));
-    shell_.Trace(" AID = ", grid.CellText(row, colAddressListID));
+    const TreeGrid& grid = context_.grid;
+    context_.Trace("Selection changed on");
+    context_.Trace("  ", grid.CellText(row, colPath));
+    context_.Trace(" SID = ", grid.CellText(row, colStoreID));
+    context_.Trace(" EID = ", grid.CellText(row, colEntryID));
+    context_.Trace(" EIDShort = ", grid.CellText(row, colEntryIDShort));
+    context_.Trace(" AID = ", grid.CellText(row, colAddressListID));
 }
 
 void TickEditing::fgd_DblClick() {
-    Guarded(shell_, errorLines::dblClick, [&] {
-        TreeGrid& grid = shell_.grid;
+    Guarded(context_, errorLines::dblClick, [&] {
+        TreeGrid& grid = context_.grid;
         const int32_t row = grid.CurrentRow();
-        if (shell_.state.gridBusy || row < grid.FixedRowCount()) return;
+        if (context_.state.gridBusy || row < grid.FixedRowCount()) return;
         ToggleNode(row);
         // The last row of the grid is only opened and closed, never ticked.
         if (row >= grid.RowCount() - 1 || grid.RowOutlineLevel(row + 1) > grid.RowOutlineLevel(row)) return;
@@ -128,11 +129,11 @@ void TickEditing::fgd_DblClick() {
 }
 
 void TickEditing::ToggleNode(int32_t row) {
-    const int16_t state = shell_.grid.NodeState(row) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
+    const int16_t state = context_.grid.NodeState(row) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
     bool cancel = false;
     events_.fgd_BeforeCollapse(row, state, cancel);
-    shell_.ThrowIfClosed();
-    if (!cancel) shell_.grid.SetNodeState(row, state);
+    context_.ThrowIfClosed();
+    if (!cancel) context_.grid.SetNodeState(row, state);
 }
 
 }  // namespace foldertree

@@ -3,10 +3,10 @@
 
 #include <cstdint>
 
+#include "common/ControlContext.h"
+#include "interaction/GridInteraction.h"
 #include "selection/SelectionSet.h"
 #include "selection/SelectionView.h"
-#include "shell/ControlShell.h"
-#include "shell/GridInteraction.h"
 
 namespace foldertree {
 
@@ -14,8 +14,8 @@ namespace foldertree {
 class TickEditing {
   public:
     /// `events` is asked before a double click opens or closes a node, as before any such gesture of the user.
-    TickEditing(ControlShell& shell, SelectionSet& selection, SelectionView& view, GridEvents& events)
-        : shell_(shell), selection_(selection), view_(view), events_(events) {}
+    TickEditing(ControlContext& context, SelectionSet& selection, SelectionView& view, GridEvents& events)
+        : context_(context), selection_(selection), view_(view), events_(events) {}
 
     void fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel);
     void fgd_ValidateEdit(int32_t row, int32_t col, bool& cancel);
@@ -31,7 +31,7 @@ class TickEditing {
     void TraceChange(int32_t row);
     void ToggleNode(int32_t row);
 
-    ControlShell& shell_;
+    ControlContext& context_;
     SelectionSet& selection_;
     SelectionView& view_;
     GridEvents& events_;

@@ -14,8 +14,8 @@ constexpr uint32_t noSupport = 0x80040102;
 const std::string noSupportLine = "', error 0x80040102 encountered. AddressList scan is intentionally cancelled.";
 
 /// The lines of the address book: what follows the one that announces it.
-Lines BookLines(const FakeHost& host) {
-    const Lines trace = host.Trace();
+Lines BookLines(const FakePlatform& platform) {
+    const Lines trace = platform.Trace();
     const auto start = std::find(trace.begin(), trace.end(), "GetFolders: Adding address book(s)");
     return start == trace.end() ? Lines{} : Lines(start + 1, trace.end());
 }
@@ -40,8 +40,9 @@ TEST_F(AddressLists, AreWalkedWithAllListsInsideThemInTheRedemptionModes) {
         if (mode == eISAccess_RDO_Objects) tree.erase(tree.begin(), tree.begin() + 2);
         EXPECT_EQ(tree, (Lines{"<address lists>[Header]", "  Global[AdList]", "    Europe[AdList]",
                                "      Berlin[AdList]", "    Asia[AdList]", "  Contacts[AdList]"}));
-        EXPECT_EQ(BookLines(host), (Lines{"Performing sub-folder scan for item #1 (Global)...",
-                                          "Performing sub-folder scan for item #2 (Contacts)...", "GetFolders: Done"}));
+        EXPECT_EQ(BookLines(platform),
+                  (Lines{"Performing sub-folder scan for item #1 (Global)...",
+                         "Performing sub-folder scan for item #2 (Contacts)...", "GetFolders: Done"}));
     }
 }
 
@@ -56,15 +57,15 @@ TEST_F(AddressLists, CdoShowsTheHeadingAndTheTopLevelListsOnly) {
 TEST_F(AddressLists, OutlookNeverShowsAHeading) {
     LoadMode(eISAccess_Outlook);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox"}));
-    EXPECT_EQ(host.TraceCount("Adding address book(s)"), 1u);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount("Adding address book(s)"), 1u);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(AddressLists, AnUnknownModeShowsTheHeadingAlone) {
     for (const int32_t mode : {4, 99, -1}) {
         LoadMode(static_cast<enuInfoStoreAccessMode>(mode));
         EXPECT_EQ(Tree(), Lines{"<address lists>[Header]"}) << mode;
-        EXPECT_EQ(host.ErrorLines(), Lines{}) << mode;
+        EXPECT_EQ(platform.ErrorLines(), Lines{}) << mode;
     }
 }
 
@@ -130,7 +131,7 @@ TEST_F(AddressLists, AProviderWithoutNestedListsEndsTheWholeScan) {
     mail.addressLists[0].countError = Error(noSupport, "No support.");
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global"}));
-    EXPECT_EQ(BookLines(host),
+    EXPECT_EQ(BookLines(platform),
               (Lines{"Performing sub-folder scan for item #1 (Global)...",
                      "Cancelling subfolder scan in 'Global" + noSupportLine,
                      "Exiting GetAddressBook for item #1 because the AddressList scan was cancelled internally.",
@@ -141,7 +142,7 @@ TEST_F(AddressLists, TheEndOfTheScanDeepInsideIsToldByEachListThatFollows) {
     mail.addressLists[0].lists[0].countError = Error(noSupport, "No support.");
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global", "Europe"}));
-    EXPECT_EQ(BookLines(host),
+    EXPECT_EQ(BookLines(platform),
               (Lines{"Performing sub-folder scan for item #1 (Global)...",
                      "Cancelling subfolder scan in 'Europe" + noSupportLine,
                      "Exiting GetAddressBook_RDOObj for 'Asia' because the AddressList scan was cancelled internally.",
@@ -153,20 +154,20 @@ TEST_F(AddressLists, ListsThatCannotBeCountedCostOnlyTheirBranch) {
     mail.addressLists[0].lists[0].countError = Error(0x80040117, "Too complex.");
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global", "Europe", "Asia", "Contacts"}));
-    EXPECT_EQ(
-        host.TraceCount("Cancelling subfolder scan in 'Europe', can't count child folders: [0x80040117] Too complex."),
-        1u);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount(
+                  "Cancelling subfolder scan in 'Europe', can't count child folders: [0x80040117] Too complex."),
+              1u);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(AddressLists, ListsThatCannotBeDeliveredCostOnlyTheirBranch) {
     mail.addressLists[0].lists[0].deliverError = Error(0x80004005, "Offline.");
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global", "Europe", "Asia", "Contacts"}));
-    EXPECT_EQ(
-        host.TraceCount("Cancelling subfolder scan in 'Europe', can't deliver child folders: [0x80004005] Offline."),
-        1u);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount(
+                  "Cancelling subfolder scan in 'Europe', can't deliver child folders: [0x80004005] Offline."),
+              1u);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(AddressLists, AListInsideItselfIsNotScannedAgain) {
@@ -183,20 +184,20 @@ TEST_F(AddressLists, ADeepNestIsScannedToTheDeepestLevelOfAWalk) {
     mail.addressLists = {std::move(chain)};
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(Grid().RowOutlineLevel(Grid().RowCount() - 1), deepestWalkLevel);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(AddressLists, ACancelInTheStoresLeavesThemOut) {
-    host.onYield = [&](int) {
-        if (!host.paths.empty() && host.paths.back().ends_with("Inbox")) control->CancelLoad();
+    platform.onYield = [&](int) {
+        if (!platform.paths.empty() && platform.paths.back().ends_with("Inbox")) control->CancelLoad();
     };
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(Grid().FindRow("<address lists>", 0, colName), -1);
 }
 
 TEST_F(AddressLists, ACancelBeforeTheFirstListLeavesTheHeadingAlone) {
-    host.onYield = [&](int) {
-        if (host.TraceCount("Adding address book(s)") > 0) control->CancelLoad();
+    platform.onYield = [&](int) {
+        if (platform.TraceCount("Adding address book(s)") > 0) control->CancelLoad();
     };
     LoadMode(eISAccess_RDO_Objects);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>"}));
@@ -216,7 +217,7 @@ TEST_F(AddressLists, ACancelInsideAListLeavesTheListsAfterItOut) {
     mail.addressLists[0].adjust = cancelWhenRead;
     LoadMode(eISAccess_CDO);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Inbox", "<address lists>", "Global"}));
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 class FailingBook : public EachMode {
@@ -244,11 +245,11 @@ TEST_P(FailingBook, EachCallOfTheScanFailsOnce) {
         const std::string& call = calls[n - 1];
         StartAnew();
         Prepare(GetParam());
-        host.ClearTrace();
+        platform.ClearTrace();
         plan->FailCall(static_cast<int>(n));
         control->RefreshList();
         // A list whose inner lists fail says so in its own words.
-        EXPECT_EQ(host.ErrorLines().size() + host.TraceCount("Cancelling subfolder scan in '"), 1u) << call;
+        EXPECT_EQ(platform.ErrorLines().size() + platform.TraceCount("Cancelling subfolder scan in '"), 1u) << call;
         EXPECT_EQ(Cell("<address lists>", colRowKind), "Header") << call;
         ExpectIdle();
         control->RefreshList();
@@ -265,7 +266,7 @@ TEST_F(AddressListLookup, AListIsNotFoundByItsIdentifierAlone) {
     LoadMode(eISAccess_RDO_Objects);
     ASSERT_EQ(Cell("Asia", colKey), "LG12");
     EXPECT_EQ(control->GetAdListItem("G12", ""), nullptr);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(AddressListLookup, ARowIsFoundWhenItsKeyHoldsBothIdentifiers) {

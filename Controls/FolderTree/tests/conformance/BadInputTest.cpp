@@ -28,7 +28,7 @@ class BadInput : public EachSetting {
         ExpectIdle();
     }
     bool Shows(const char* name) { return Grid().FindRow(name, 0, colName) != -1; }
-    size_t ErrorCount() const { return host.ErrorLines().size(); }
+    size_t ErrorCount() const { return platform.ErrorLines().size(); }
     bool IsRdoObjects() const { return Mode().mode == eISAccess_RDO_Objects; }
 };
 
@@ -66,7 +66,7 @@ TEST_P(BadInput, ANegativeCountIsNoCount) {
         // The RDO objects ask the folder, not its collection, whether there are any.
         EXPECT_EQ(Shows("Projects"), IsRdoObjects());
         EXPECT_EQ(ErrorCount(), 0u);
-        EXPECT_GE(host.progressMaximum, host.progressValue - 2);
+        EXPECT_GE(platform.progressMaximum, platform.progressValue - 2);
     }
 }
 
@@ -89,7 +89,7 @@ TEST_P(BadInput, NothingInTheMiddleCostsItsOwnRowOnly) {
     EXPECT_TRUE(Shows("Projects"));
     EXPECT_TRUE(Shows("Tasks"));
     ASSERT_EQ(ErrorCount(), 1u);
-    EXPECT_TRUE(host.ErrorLines()[0].starts_with(Mode().folderError)) << host.ErrorLines()[0];
+    EXPECT_TRUE(platform.ErrorLines()[0].starts_with(Mode().folderError)) << platform.ErrorLines()[0];
 }
 
 TEST_P(BadInput, NothingInTheMiddleOfAnExpansion) {
@@ -105,7 +105,7 @@ TEST_P(BadInput, NothingInTheMiddleOfAnExpansion) {
     EXPECT_EQ(Shows("Beta"), IsTables()) << "only tables are read row by row; elsewhere an error ends an expansion";
     EXPECT_EQ(Cell("Projects", colIncomplete), "");
     ASSERT_EQ(ErrorCount(), 1u);
-    EXPECT_TRUE(host.ErrorLines()[0].starts_with(Mode().expansionError)) << host.ErrorLines()[0];
+    EXPECT_TRUE(platform.ErrorLines()[0].starts_with(Mode().expansionError)) << platform.ErrorLines()[0];
 }
 
 TEST_P(BadInput, NothingInsteadOfACollection) {
@@ -304,11 +304,11 @@ TEST_P(ChangingCollections, OneThatGrowsForAWhile) {
 
 TEST_P(ChangingCollections, OneThatNeverEndsEndsWithACancel) {
     Change([](std::vector<Value>& items) { items.push_back(NewFolder("New")); });
-    host.onYield = [this](int yield) {
+    platform.onYield = [this](int yield) {
         if (yield == 500) control->CancelLoad();
     };
     LoadTree();
-    host.onYield = nullptr;
+    platform.onYield = nullptr;
     EXPECT_TRUE(Shows("F0"));
     EXPECT_LT(Grid().RowCount(), 500);
     ExpectIdle();

@@ -75,7 +75,7 @@ void ConformanceTest::SetUpTree(const TreeSettings& settings) {
     control->SetHighlightContactFolders(settings.highlightContacts);
     control->SetHighlightJournalFolders(settings.highlightJournals);
     control->SetHighlightTaskFolders(settings.highlightTasks);
-    host.ClearTrace();
+    platform.ClearTrace();
 }
 
 void ConformanceTest::LoadTree(const TreeSettings& settings) {

@@ -235,7 +235,7 @@ class FaultTable : public EachSetting {
     /// What tells of a failure: error lines, log-on lines and lines of cancelled scans.
     Lines Told() const {
         Lines told;
-        for (const std::string& line : host.Trace())
+        for (const std::string& line : platform.Trace())
             for (const char* sign : {"Error in ", "Could not instantiate", "Failed to log on", "Cancelling subfolder"})
                 if (line.find(sign) != std::string::npos) told.push_back(line);
         return told;
@@ -259,7 +259,7 @@ class FaultTable : public EachSetting {
         StartAnew();
         plan->FailCall(0);
         operation.prepare();
-        host.ClearTrace();
+        platform.ClearTrace();
         mail.log->Clear();
         plan->FailCall(failing);
     }
@@ -300,7 +300,7 @@ class FaultTable : public EachSetting {
         CheckRows(outcome, whole, shown);
         if (operation.check) operation.check(outcome);
         if (!operation.isRefresh) return;
-        EXPECT_EQ(host.Trace().back(), "GetFolders: Done");
+        EXPECT_EQ(platform.Trace().back(), "GetFolders: Done");
         plan->FailCall(0);
         control->RefreshList();
         EXPECT_EQ(Shown(), whole) << "the next refresh shows everything";
@@ -355,7 +355,7 @@ TEST_P(FaultTable, OfAnExpansion) {
                             // A node that shows nothing new can be opened again.
                             EXPECT_EQ(Cell("Projects", colIncomplete), nothingRead ? "-1" : "");
                             EXPECT_TRUE(!outcome.line.empty() || Grid().FindRow("Beta", 0, colName) != -1);
-                            EXPECT_TRUE(!Mode().tracesSteps || host.Trace().back() == "Done.");
+                            EXPECT_TRUE(!Mode().tracesSteps || platform.Trace().back() == "Done.");
                             if (!nothingRead) return;
                             plan->FailCall(0);
                             Shut("Projects");
@@ -376,8 +376,8 @@ TEST_P(FaultTable, OfAnAddressBook) {
                     .check =
                         [this](const Outcome& outcome) {
                             const bool cancelled = outcome.name == "children not counted" &&
-                                                   host.TraceCount("intentionally cancelled") > 0;
-                            EXPECT_EQ(host.TraceCount("was cancelled internally.") > 0, cancelled);
+                                                   platform.TraceCount("intentionally cancelled") > 0;
+                            EXPECT_EQ(platform.TraceCount("was cancelled internally.") > 0, cancelled);
                         },
                     .isRefresh = true});
 }

@@ -31,7 +31,7 @@ class GoldenScenarios : public ConformanceTest {
             mail = scenario.mailbox;
             SetUpTree(scenario.settings);
             if (scenario.prepare) scenario.prepare();
-            host.ClearTrace();
+            platform.ClearTrace();
             mail.log->Clear();
             scenario.act ? scenario.act() : control->RefreshList();
             Record(scenario);
@@ -66,7 +66,7 @@ class GoldenScenarios : public ConformanceTest {
         if (scenario.results) Add("results", scenario.results());
         Lines calls;
         if (scenario.withSteps) {
-            Add("trace", host.Trace());
+            Add("trace", platform.Trace());
             calls = DigestOf(mail.log->Lines());
         }
         calls.push_back(CountsOf(mail.log->Lines()));
@@ -155,11 +155,11 @@ TEST_F(GoldenScenarios, ACancelInTheMiddle) {
     Expect({.name = "cancel",
             .act =
                 [this] {
-                    host.onYield = [this](int) {
-                        if (host.paths.back().ends_with("Projects")) control->CancelLoad();
+                    platform.onYield = [this](int) {
+                        if (platform.paths.back().ends_with("Projects")) control->CancelLoad();
                     };
                     control->RefreshList();
-                    host.onYield = nullptr;
+                    platform.onYield = nullptr;
                 },
             .withCells = false});
 }

@@ -116,8 +116,8 @@ class HostInYields : public EachSetting {
         }
         mail.addressLists = {AddressList("Global", "G1", {AddressList("Europe", "G11")})};
         StartAnew();
-        host.closed = false;
-        host.callsAfterClose = 0;
+        platform.closed = false;
+        platform.callsAfterClose = 0;
         const auto collection = NewCollection();
         AddItem(*collection, ItemOf("B2", "0001"));
         AddItem(*collection, ItemOf("B2", "0021"));
@@ -125,14 +125,14 @@ class HostInYields : public EachSetting {
         SetUpTree(operation.settings);
         const bool needsTree = operation.settings.extendToLevel != 0;
         if (needsTree) control->RefreshList();
-        host.yields = 0;
+        platform.yields = 0;
     }
 
     /// Runs each operation once for each of its yields, with `act` inside that yield.
     void AtEveryYield(const std::function<void()>& act, const std::function<void()>& check) {
         InEach(
-            "yield", [this](std::function<void(int)> handler) { host.onYield = std::move(handler); },
-            [this]() -> int& { return host.yields; }, act, check);
+            "yield", [this](std::function<void(int)> handler) { platform.onYield = std::move(handler); },
+            [this]() -> int& { return platform.yields; }, act, check);
     }
     /// The same for each of its outside calls.
     void InEveryCall(const std::function<void()>& act, const std::function<void()>& check) {
@@ -160,17 +160,17 @@ class HostInYields : public EachSetting {
 
     void Close() {
         control->Close();
-        host.closed = true;
+        platform.closed = true;
     }
     void Drop() {
         Close();
         control.reset();
     }
     void ExpectNothingTouched() {
-        EXPECT_EQ(host.callsAfterClose, 0);
+        EXPECT_EQ(platform.callsAfterClose, 0);
         control.reset();
         EXPECT_EQ(ScriptedObject::LiveCount(), liveBefore) << "an outside object was not released";
-        host.closed = false;
+        platform.closed = false;
     }
 
   private:
@@ -199,7 +199,7 @@ class HostInYields : public EachSetting {
                 check();
             }
         }
-        control = ctlFolderTree::Create(host, factory);
+        control = ctlFolderTree::Create(platform, factory);
     }
 
     std::shared_ptr<CallHook> hook_;
@@ -217,7 +217,7 @@ TEST_P(HostInYields, CancellingInAnyOfThemLeavesASoundTree) {
                  [this] {
                      ExpectIdle();
                      ExpectSoundTree();
-                     EXPECT_EQ(host.ErrorLines(), Lines{});
+                     EXPECT_EQ(platform.ErrorLines(), Lines{});
                  });
 }
 
@@ -257,8 +257,8 @@ TEST_P(HostInYields, AnEditInsideAnyOutsideCallIsIgnored) {
         },
         [this] {
             ExpectIdle();
-            EXPECT_EQ(host.changed, 0);
-            EXPECT_EQ(host.ErrorLines(), Lines{});
+            EXPECT_EQ(platform.changed, 0);
+            EXPECT_EQ(platform.ErrorLines(), Lines{});
         });
 }
 
@@ -266,7 +266,7 @@ TEST_P(HostInYields, ARefreshInsideAnyOutsideCallIsTurnedAway) {
     InEveryCall([this] { control->RefreshList(); },
                 [this] {
                     ExpectIdle();
-                    EXPECT_EQ(host.ErrorLines(), Lines{});
+                    EXPECT_EQ(platform.ErrorLines(), Lines{});
                 });
 }
 
@@ -279,21 +279,21 @@ TEST_P(HostInYields, TheLiveSelectionMayBeEmptiedInAnyOfThem) {
         },
         [this] {
             ExpectIdle();
-            EXPECT_EQ(host.ErrorLines(), Lines{});
+            EXPECT_EQ(platform.ErrorLines(), Lines{});
         });
 }
 
 TEST_P(HostInYields, ARefreshInsideAnyOfThemIsTurnedAway) {
     AtEveryYield(
         [this] {
-            const size_t refreshes = host.TraceCount("GetFolders: Refreshing view");
+            const size_t refreshes = platform.TraceCount("GetFolders: Refreshing view");
             control->RefreshList();
-            EXPECT_EQ(host.TraceCount("GetFolders: Refreshing view"), refreshes);
+            EXPECT_EQ(platform.TraceCount("GetFolders: Refreshing view"), refreshes);
         },
         [this] {
             ExpectIdle();
             ExpectSoundTree();
-            EXPECT_EQ(host.ErrorLines(), Lines{});
+            EXPECT_EQ(platform.ErrorLines(), Lines{});
         });
 }
 
@@ -326,21 +326,21 @@ class CancelledLoads : public EachSetting {
         mail = Wide(folders);
         StartAnew();
         LoadTree({.showAddressBook = true});
-        host.yields = 0;
+        platform.yields = 0;
         control->RefreshList();
-        const int yields = host.yields;
+        const int yields = platform.yields;
         EXPECT_GT(yields, 4 * folders);
         size_t most = 0;
         for (int chosen = 1; chosen <= yields; chosen += std::max(1, yields / 30)) {
             size_t calls = 0;
-            host.yields = 0;
-            host.onYield = [&](int yield) {
+            platform.yields = 0;
+            platform.onYield = [&](int yield) {
                 if (yield != chosen) return;
                 control->CancelLoad();
                 calls = mail.log->Count();
             };
             control->RefreshList();
-            host.onYield = nullptr;
+            platform.onYield = nullptr;
             most = std::max(most, mail.log->Count() - calls);
         }
         return most;

@@ -1,8 +1,8 @@
 // Mailboxes: the mailboxes that all modes read.
 #pragma once
 
+#include "common/Enumerations.h"
 #include "modes/ModeMailbox.h"
-#include "shell/Enumerations.h"
 
 namespace foldertree::testing {
 

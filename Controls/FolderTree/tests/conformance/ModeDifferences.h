@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "shell/Enumerations.h"
+#include "common/Enumerations.h"
 
 namespace foldertree::testing {
 

@@ -21,7 +21,7 @@ class SameInAllModes : public ConformanceTest {
             LoadTree({.extendToLevel = depth == 0 ? 0 : LevelToRead(depth), .showAddressBook = showAddressBook});
             act();
             EXPECT_EQ(Tree(), AsShownInThisMode(expected));
-            EXPECT_EQ(host.ErrorLines(), Lines{});
+            EXPECT_EQ(platform.ErrorLines(), Lines{});
             ExpectIdle();
             if (looksOfFirst.empty()) looksOfFirst = LooksInCommon();
             const Lines looks = LooksInCommon();
@@ -141,10 +141,10 @@ TEST_F(SameInAllModes, TicksAndNumbersOfTheUser) {
     control->SetAllowIndexing(true);
     ExpectTreeAfter(2,
                     [this] {
-                        host.changed = 0;
+                        platform.changed = 0;
                         for (const char* name : {"Tasks", "People", "Diary"}) Tick(name);
                         Untick("People");
-                        EXPECT_EQ(host.changed, 4);
+                        EXPECT_EQ(platform.changed, 4);
                         EXPECT_EQ(control->Selection()->Get("Count").ToLong(), 2);
                     },
                     {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects[unread][closed]", "      [Dummy]",
@@ -245,11 +245,11 @@ TEST_F(SameInAllModes, ALevelThatIsChangedInAFullyReadTree) {
 TEST_F(SameInAllModes, ACancelBetweenSiblings) {
     ExpectTreeAfter(0,
                     [this] {
-                        host.onYield = [this](int) {
-                            if (host.paths.back().ends_with("Alpha")) control->CancelLoad();
+                        platform.onYield = [this](int) {
+                            if (platform.paths.back().ends_with("Alpha")) control->CancelLoad();
                         };
                         control->RefreshList();
-                        host.onYield = nullptr;
+                        platform.onYield = nullptr;
                         // The reader of the next store is still called where the default store comes first, and stops
                         // by itself.
                         const Lines shown = NamesOf(Grid());
@@ -265,11 +265,11 @@ TEST_F(SameInAllModes, ACancelBetweenSiblings) {
 TEST_F(SameInAllModes, ACancelledExpansionCountsAsRead) {
     ExpectTreeAfter(2,
                     [this] {
-                        host.onYield = [this](int) {
-                            if (host.paths.back().ends_with("Alpha")) control->CancelLoad();
+                        platform.onYield = [this](int) {
+                            if (platform.paths.back().ends_with("Alpha")) control->CancelLoad();
                         };
                         Open("Projects");
-                        host.onYield = nullptr;
+                        platform.onYield = nullptr;
                     },
                     {"Mailbox[Store]", "  Calendar", "  Inbox", "    Projects", "      Alpha", "    Tasks", "  People",
                      "Archive[Store]", "  Diary"});

@@ -11,7 +11,7 @@ class TreeOfEachMode : public EachSetting {};
 TEST_P(TreeOfEachMode, IsWholeAtLevelZero) {
     LoadTree();
     ExpectTree({mail, Mode()});
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     ExpectIdle();
 }
 
@@ -20,7 +20,7 @@ TEST_P(TreeOfEachMode, IsReadToTheLevelThatTheHostWants) {
         SCOPED_TRACE(level);
         LoadTree({.extendToLevel = level});
         ExpectTree({mail, Mode(), {.extendToLevel = level}});
-        EXPECT_EQ(host.ErrorLines(), Lines{});
+        EXPECT_EQ(platform.ErrorLines(), Lines{});
     }
 }
 
@@ -32,7 +32,7 @@ TEST_P(TreeOfEachMode, OpeningANodeInsertsItsChildren) {
     Open(node);
     expected.Expand(node);
     ExpectTree(expected);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     ExpectIdle();
 }
 
@@ -50,8 +50,8 @@ TEST_P(TreeOfEachMode, EndsWithTheAddressLists) {
     const TreeSettings settings{.extendToLevel = 1, .showAddressBook = true};
     LoadTree(settings);
     ExpectTree({mail, Mode(), settings});
-    EXPECT_EQ(host.ErrorLines(), Lines{});
-    EXPECT_EQ(host.TraceCount("GetFolders: Adding address book(s)"), 1u);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount("GetFolders: Adding address book(s)"), 1u);
 }
 
 TEST_P(TreeOfEachMode, ShowsTheHighlightedTypesInBoldAndTheOthersInGrey) {
@@ -75,20 +75,20 @@ TEST_P(TreeOfEachMode, IsTheSameAfterASecondRefresh) {
     const Lines first = WholeLines(Rows());
     control->RefreshList();
     EXPECT_EQ(WholeLines(Rows()), first);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_P(TreeOfEachMode, AnnouncesModeAndStores) {
     LoadTree();
     const auto linesEqualTo = [this](std::string_view text) {
-        const Lines trace = host.Trace();
+        const Lines trace = platform.Trace();
         return static_cast<size_t>(std::count(trace.begin(), trace.end(), text));
     };
     const size_t forTheRefresh = Mode().refreshLine.empty() ? 0 : 1;
     const size_t forTheStores = Mode().storeLine.empty() ? 0 : mail.stores.size();
     EXPECT_EQ(linesEqualTo(Mode().refreshLine), forTheRefresh);
     EXPECT_EQ(linesEqualTo(Mode().storeLine), forTheStores);
-    const Lines trace = host.Trace();
+    const Lines trace = platform.Trace();
     EXPECT_EQ(trace.front(), "GetFolders: Refreshing view");
     EXPECT_EQ(trace.back(), "GetFolders: Done");
     const bool nothingElse = trace.size() == 2 + forTheRefresh + forTheStores;
@@ -100,7 +100,7 @@ TEST_P(TreeOfEachMode, ShowsEachPathWhileItReadsThatFolder) {
     Lines paths;
     for (int32_t row = 1; row < Grid().RowCount(); ++row)
         if (!Grid().CellText(row, colPath).empty()) paths.push_back(Grid().CellText(row, colPath));
-    Lines shown = host.paths;
+    Lines shown = platform.paths;
     std::erase(shown, "");
     EXPECT_EQ(shown, paths);
 }
@@ -142,23 +142,23 @@ TEST_P(TreeOfOddServers, IsWholeWhenATableGivesOneRowAtATime) {
     path = "sample?rows=1";
     LoadTree();
     ExpectTree({mail, Mode()});
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_P(TreeOfOddServers, IsWholeWhenFoldersCannotBeCounted) {
     path = "sample?count=unknown";
     LoadTree();
     ExpectTree({mail, Mode()});
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_P(TreeOfOddServers, EndsWithTheFirstAddressListThatAnswersForNoOthers) {
     path = "sample?lists=refuse";
     LoadTree({.extendToLevel = 1, .showAddressBook = true});
-    EXPECT_EQ(host.TraceCount("AddressList scan is intentionally cancelled."), Mode().nestsAddressLists ? 1u : 0u);
+    EXPECT_EQ(platform.TraceCount("AddressList scan is intentionally cancelled."), Mode().nestsAddressLists ? 1u : 0u);
     const ExpectedTree expected(mail, Mode(), {.extendToLevel = 1, .showAddressBook = true});
     EXPECT_EQ(Rows().size() < expected.Rows().size(), Mode().nestsAddressLists);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     ExpectIdle();
 }
 

@@ -1,10 +1,10 @@
 // ClassificationTest: container classes, and the default folders of each access mode.
 #include "enumeration/Classification.h"
 
+#include "common/GridSetup.h"
 #include "enumeration/DefaultFolders.h"
 #include "modes/CdoReader.h"
 #include "modes/OutlookReader.h"
-#include "shell/GridSetup.h"
 #include "support/ControlTest.h"
 
 namespace foldertree::testing {
@@ -68,14 +68,14 @@ TEST_F(DefaultFolders, ThoseReadBeforeAnErrorStay) {
 
 TEST_F(DefaultFolders, AnErrorIsTracedInTheShorterForm) {
     control->SetRDOSessionRef(mailbox.Session());
-    EXPECT_EQ(host.Trace(), Lines{"Error in ctlFolderTree.GetFolderIDs(?): 0x8004010F] No such default folder."});
+    EXPECT_EQ(platform.Trace(), Lines{"Error in ctlFolderTree.GetFolderIDs(?): 0x8004010F] No such default folder."});
 }
 
 TEST_F(DefaultFolders, WithoutAnRdoSessionModesZeroAndOneTraceAnError) {
     control->SetRDOSessionRef(nullptr);
     control->SetInfoStoreAccessMode(eISAccess_RDO_Objects);
-    ASSERT_EQ(host.Trace().size(), 2u);
-    for (const std::string& line : host.Trace())
+    ASSERT_EQ(platform.Trace().size(), 2u);
+    for (const std::string& line : platform.Trace())
         EXPECT_EQ(line.substr(0, 51), "Error in ctlFolderTree.GetFolderIDs(?): 0x5B] Objec");
 }
 
@@ -94,35 +94,35 @@ TEST_F(DefaultFolders, OutlookModeAsksTheNamespaceOfTheApplication) {
               (Lines{"Application.GetNamespace(\"MAPI\")", "Namespace.GetDefaultFolder(6)",
                      "Namespace.GetDefaultFolder(16)", "Namespace.GetDefaultFolder(4)", "Namespace.GetDefaultFolder(3)",
                      "Namespace.GetDefaultFolder(5)", "Namespace.GetDefaultFolder(12)"}));
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(DefaultFolders, OutlookModeWithoutAnApplicationReadsNone) {
     control->SetInfoStoreAccessMode(eISAccess_Outlook);
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(platform.Trace(), Lines{});
     control->SetRDOSessionRef(mailbox.Session());
     EXPECT_EQ(mailbox.log->Count(), 0u) << "the other mode's session is not asked";
 }
 
 TEST_F(DefaultFolders, AreAllUnknownWithoutAnApplicationOrASessionSoFoldersShowTheirTypes) {
-    ControlShell shell(host, factory);
-    SelectionSet selection(shell);
-    SelectionView view(shell, selection);
-    OutlookReader outlook(shell, view);
-    CdoReader cdo(shell, view);
-    DefaultFolderIDs& ids = shell.state.defaultFolders;
+    ControlContext context(platform, factory);
+    SelectionSet selection(context);
+    SelectionView view(context, selection);
+    OutlookReader outlook(context, view);
+    CdoReader cdo(context, view);
+    DefaultFolderIDs& ids = context.state.defaultFolders;
     for (StoreReader* reader : {static_cast<StoreReader*>(&outlook), static_cast<StoreReader*>(&cdo)}) {
         reader->ReadDefaultFolders(ids);
         EXPECT_EQ(ids.inbox + ids.drafts + ids.outbox + ids.deletedItems + ids.sentItems + ids.notes + ids.defaultStore,
                   "");
-        EXPECT_EQ(GetIcon(shell, FTIMailItem, "0001"), Picture::Mail);
-        EXPECT_EQ(GetIcon(shell, FTIMailItem, ""), Picture::Mail);
+        EXPECT_EQ(GetIcon(context, FTIMailItem, "0001"), Picture::Mail);
+        EXPECT_EQ(GetIcon(context, FTIMailItem, ""), Picture::Mail);
     }
 }
 
 TEST_F(DefaultFolders, CdoModeWithoutASessionReadsNoneSoFoldersShowTheirTypes) {
     control->SetInfoStoreAccessMode(eISAccess_CDO);
-    EXPECT_EQ(host.Trace(), Lines{"Could not instantiate CDO session: [0x80040154] Class not registered"});
+    EXPECT_EQ(platform.Trace(), Lines{"Could not instantiate CDO session: [0x80040154] Class not registered"});
     mailbox.defaultFolders.clear();
     control->SetInfoStoreAccessMode(eISAccess_RDO_MAPITables);
     Load();

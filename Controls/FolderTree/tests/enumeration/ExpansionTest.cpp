@@ -58,7 +58,7 @@ TEST_F(Expansion, ANodeWhoseMarkIsZeroIsNotRead) {
         EXPECT_EQ(Grid().NodeState(Row("A")), nodeExpanded) << "the node was asked to open";
         Grid().SetNodeState(Row("A"), nodeCollapsed);
     }
-    EXPECT_EQ(host.TraceCount("Getting folder reference"), 0u);
+    EXPECT_EQ(platform.TraceCount("Getting folder reference"), 0u);
 }
 
 TEST_F(Expansion, ANodeThatIsBeingClosedIsNotRead) {
@@ -72,7 +72,7 @@ TEST_F(Expansion, ANodeThatIsBeingClosedIsNotRead) {
 TEST_F(Expansion, NothingIsReadWhileARefreshRuns) {
     Load(1);
     int tries = 0;
-    host.onYield = [&](int) {
+    platform.onYield = [&](int) {
         if (tries > 0 || Grid().RowCount() < 4) return;
         ++tries;
         bool cancel = false;
@@ -80,7 +80,7 @@ TEST_F(Expansion, NothingIsReadWhileARefreshRuns) {
     };
     control->RefreshList();
     EXPECT_EQ(tries, 1);
-    EXPECT_EQ(host.TraceCount("Getting folder reference"), 0u);
+    EXPECT_EQ(platform.TraceCount("Getting folder reference"), 0u);
     EXPECT_EQ(Tree(), closedTree);
 }
 
@@ -89,7 +89,7 @@ TEST_F(Expansion, AFolderOfLeavesGetsNoPlaceholders) {
     Open("A");
     Open("B");
     EXPECT_EQ(Tree(), (Lines{"Box[Store]", "  A", "    B", "      C", "    D", "  Z"}));
-    EXPECT_EQ(host.TraceCount("inserting 'expand' indicator"), 2u) << "one for A in the refresh, one for B";
+    EXPECT_EQ(platform.TraceCount("inserting 'expand' indicator"), 2u) << "one for A in the refresh, one for B";
 }
 
 TEST_F(Expansion, TheFolderIsOpenedByItsLongIdentifierAndStore) {
@@ -111,9 +111,9 @@ TEST_F(Expansion, AFolderWithoutALongIdentifierIsOpenedByItsShortOne) {
 TEST_F(Expansion, TheTraceTellsTheNodesCells) {
     Load(1);
     Grid().SetCellText(Row("A"), colFolderRecID, "7");
-    host.ClearTrace();
+    platform.ClearTrace();
     Open("A");
-    const Lines trace = host.Trace();
+    const Lines trace = platform.Trace();
     ASSERT_GE(trace.size(), 14u);
     EXPECT_EQ(Lines(trace.begin(), trace.begin() + 15),
               (Lines{"Enumerating folders on level 1", "  Row number: 2", "  Rows total: 5", "  Root folder name: A",
@@ -125,9 +125,9 @@ TEST_F(Expansion, TheTraceTellsTheNodesCells) {
 
 TEST_F(Expansion, TheRowsAreTracedWithoutIndentAtTheChildrensLevel) {
     Load(1);
-    host.ClearTrace();
+    platform.ClearTrace();
     Open("A");
-    const Lines trace = host.Trace();
+    const Lines trace = platform.Trace();
     const auto row = std::find(trace.begin(), trace.end(), "    Reading row #0");
     ASSERT_GE(trace.end() - row, 10);
     EXPECT_EQ(Lines(row + 1, row + 10),
@@ -178,7 +178,7 @@ TEST_F(Expansion, UnknownClassesAndSearchFoldersAreLeftOut) {
     Load(1);
     Open("A");
     EXPECT_EQ(Tree(), openTree);
-    EXPECT_EQ(host.TraceCount("      Skipping folder, type is not fkGeneric"), 1u);
+    EXPECT_EQ(platform.TraceCount("      Skipping folder, type is not fkGeneric"), 1u);
 }
 
 TEST_F(Expansion, AnUnsortableTableIsReadUnsorted) {
@@ -186,7 +186,8 @@ TEST_F(Expansion, AnUnsortableTableIsReadUnsorted) {
     Load(1);
     Open("A");
     EXPECT_EQ(Tree(), openTree);
-    EXPECT_EQ(host.TraceCount("ctlFolderTree:   Failed to sort folder MAPITable by display name: [0x80040102] No"), 1u);
+    EXPECT_EQ(platform.TraceCount("ctlFolderTree:   Failed to sort folder MAPITable by display name: [0x80040102] No"),
+              1u);
 }
 
 TEST_F(Expansion, ATableThatGivesFewerRowsIsAskedAgain) {
@@ -199,10 +200,10 @@ TEST_F(Expansion, ATableThatGivesFewerRowsIsAskedAgain) {
 TEST_F(Expansion, AFolderThatCannotBeOpenedCanBeTriedAgain) {
     A().openError = Error(0x8004011D, "Offline.");
     Load(1);
-    host.ClearTrace();
+    platform.ClearTrace();
     Open("A");
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.ExpandNode (?): [0x8004011D] Offline."});
-    EXPECT_EQ(host.Trace().back(), "Done.");
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.ExpandNode (?): [0x8004011D] Offline."});
+    EXPECT_EQ(platform.Trace().back(), "Done.");
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Box", "A", "", "Z"}));
     EXPECT_EQ(Cell("A", colIncomplete), "-1");
     EXPECT_EQ(Grid().CellText(Row("A") + 1, colRowKind), "Dummy");
@@ -229,25 +230,25 @@ TEST_F(Expansion, AfterAnErrorBehindTheFirstChildTheRowsStayAndCountAsRead) {
     AddItem(*collection, HostItem("B2", "000B"));
     control->SetSelection(collection);
     Load(1);
-    host.ClearTrace();
+    platform.ClearTrace();
     Open("A");
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Box", "A", "B", "", "Z"}));
     EXPECT_EQ(Cell("A", colIncomplete), "");
     EXPECT_TRUE(IsTicked(Grid(), Row("B"))) << "the selection has been applied";
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.ExpandNode (?): [0x80040115] Network."});
-    EXPECT_EQ(host.Trace().back(), "Done.");
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.ExpandNode (?): [0x80040115] Network."});
+    EXPECT_EQ(platform.Trace().back(), "Done.");
 }
 
 TEST_F(Expansion, ACancelledExpansionCountsAsRead) {
     Load(1);
-    host.onYield = [this](int) {
+    platform.onYield = [this](int) {
         for (const std::string& name : NamesOf(Grid()))
             if (name == "B") control->CancelLoad();
     };
     Open("A");
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Box", "A", "B", "", "Z"}));
     EXPECT_EQ(Cell("A", colIncomplete), "");
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     ExpectIdle();
 }
 
@@ -260,24 +261,24 @@ TEST_F(Expansion, AnOldCancelDoesNotStopIt) {
 
 TEST_F(Expansion, ARefreshInsideAnExpansionIsTurnedAway) {
     Load(1);
-    host.ClearTrace();
-    host.onYield = [this](int) { control->RefreshList(); };
+    platform.ClearTrace();
+    platform.onYield = [this](int) { control->RefreshList(); };
     Open("A");
-    EXPECT_EQ(host.TraceCount("Refreshing view"), 0u);
+    EXPECT_EQ(platform.TraceCount("Refreshing view"), 0u);
     EXPECT_EQ(Tree(), openTree);
 }
 
 TEST_F(Expansion, ThePanelStandsMeanwhileAndTheBarAdvancesPerChild) {
     Load(1);
-    const int shown = host.panelShown;
+    const int shown = platform.panelShown;
     int yields = 0;
-    host.onYield = [&](int) {
+    platform.onYield = [&](int) {
         ++yields;
-        EXPECT_TRUE(host.panelVisible && host.busyPointer);
+        EXPECT_TRUE(platform.panelVisible && platform.busyPointer);
     };
     Open("A");
-    EXPECT_EQ(host.panelShown, shown + 1);
-    EXPECT_EQ(host.progressValue, 2);
+    EXPECT_EQ(platform.panelShown, shown + 1);
+    EXPECT_EQ(platform.progressValue, 2);
     EXPECT_EQ(yields, 1 + 2 + 2) << "the start, a path and a step for each child";
 }
 
@@ -308,15 +309,15 @@ TEST_F(Expansion, ARowThatDoesNotExistIsAnErrorLine) {
     Load(1);
     bool cancel = false;
     control->fgd_BeforeCollapse(999, 0, cancel);
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
     ExpectIdle();
 }
 
 TEST_F(Expansion, WritingANodesStateReadsNothing) {
     Load(1);
-    host.ClearTrace();
+    platform.ClearTrace();
     Grid().SetNodeState(Row("A"), 0);
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(platform.Trace(), Lines{});
     EXPECT_EQ(Cell("A", colIncomplete), "-1");
 }
 
@@ -325,8 +326,8 @@ TEST_F(Expansion, AChildTooDeepForAPlaceholderOfItsOwnIsOneErrorLine) {
     Grid().SetRowOutlineLevel(Row("A"), 32766);
     bool cancel = false;
     control->fgd_BeforeCollapse(Row("A"), 0, cancel);
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_EQ(host.ErrorLines()[0].substr(0, 47), "Error in ctlFolderTree.ExpandNode (?): [0x6] Ov");
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines()[0].substr(0, 47), "Error in ctlFolderTree.ExpandNode (?): [0x6] Ov");
     EXPECT_EQ(control->ListCount(), 4) << "the child is there, its placeholder is not";
     ExpectIdle();
 }
@@ -339,11 +340,11 @@ TEST_F(Expansion, ARowThatMakesNoSenseCostsNoOtherRow) {
         table.Method("GetRows", [rows](const automation::Invocation&) { return Value(rows); });
     };
     Load(1);
-    host.ClearTrace();
+    platform.ClearTrace();
     Open("A");
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Box", "A", "B", "", "D", "Z"}));
     EXPECT_EQ(Cell("A", colIncomplete), "");
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
     ExpectIdle();
 }
 

@@ -27,15 +27,15 @@ TEST_F(Faults, AnyCallOnAHostsCollectionIsAtMostOneLineForEachPass) {
     use();
     const int calls = plan->Calls();
     ASSERT_GT(calls, 10);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     for (int call = 1; call <= calls; ++call) {
         SCOPED_TRACE(call);
-        host.ClearTrace();
+        platform.ClearTrace();
         plan->FailCall(call);
         EXPECT_NO_THROW(use());
         // A lookup that fails means "not in there", and then the key may turn out to be taken.
-        EXPECT_LE(host.ErrorLines().size(), 2u);
-        for (const std::string& line : host.ErrorLines())
+        EXPECT_LE(platform.ErrorLines().size(), 2u);
+        for (const std::string& line : platform.ErrorLines())
             EXPECT_TRUE(line.starts_with("Error in ctlFolderTree.")) << line;
         ExpectIdle();
         plan->FailCall(0);

@@ -28,7 +28,7 @@ class Walk : public ControlTest {
         return names;
     }
     bool Traced(std::string_view line) {
-        const Lines trace = host.Trace();
+        const Lines trace = platform.Trace();
         return std::find(trace.begin(), trace.end(), line) != trace.end();
     }
     void AdjustRootTable(std::function<void(ScriptedObject& table)> adjust) {
@@ -54,12 +54,12 @@ TEST_F(Walk, AnUnsortableTableIsReadUnsorted) {
     AdjustRootTable([](ScriptedObject& table) { table.Fails("Sort", Error(0x80040117, "Too complex.")); });
     LoadFolders({Mail("B", 1), Mail("A", 2)});
     EXPECT_EQ(Folders(), (Lines{"B", "A"}));
-    EXPECT_EQ(host.TraceCount("Failed to sort"), 1u);
+    EXPECT_EQ(platform.TraceCount("Failed to sort"), 1u);
     EXPECT_TRUE(Traced("    Failed to sort folder MAPITable by display name: [0x80040117] Too complex."));
-    EXPECT_EQ(host.TraceCount("Getting MAPITable ref"), 2u);
-    EXPECT_EQ(host.TraceCount("Building column array"), 2u);
-    EXPECT_EQ(host.TraceCount("Trying to sort table by DISPLAY_NAME"), 1u);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount("Getting MAPITable ref"), 2u);
+    EXPECT_EQ(platform.TraceCount("Building column array"), 2u);
+    EXPECT_EQ(platform.TraceCount("Trying to sort table by DISPLAY_NAME"), 1u);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     EXPECT_EQ(mailbox.log->Count("Table.Columns"), 2u);
 }
 
@@ -86,7 +86,7 @@ TEST_F(Walk, ARowWithoutAClassCountsAsMail) {
 TEST_F(Walk, ARowOfAnUnknownClassLeavesNoRowAndNoFurtherTrace) {
     LoadFolders({Folder("Hidden", 1, "IPF.Note.OutlookHomepage"), Mail("Shown", 2)});
     EXPECT_EQ(Folders(), Lines{"Shown"});
-    const Lines trace = host.Trace();
+    const Lines trace = platform.Trace();
     const auto first = std::find(trace.begin(), trace.end(), "      Reading row #0");
     ASSERT_NE(first, trace.end());
     EXPECT_EQ(*(first + 1), "      Reading row #1");
@@ -104,12 +104,12 @@ TEST_F(Walk, ASearchFolderIsSkipped) {
     EXPECT_EQ(Folders(), Lines{});
     EXPECT_TRUE(Traced("        Skipping folder, type is not fkGeneric"));
     EXPECT_TRUE(Traced("        FolderKind: [Long] 2"));
-    EXPECT_EQ(host.paths, Lines{""}) << "its path is not shown";
+    EXPECT_EQ(platform.paths, Lines{""}) << "its path is not shown";
 }
 
 TEST_F(Walk, ARowsTraceNamesWhatItsCellsHeld) {
     LoadFolders({Tasks("To do", 0x0A, {Mail("Below", 0x0B)})});
-    const Lines trace = host.Trace();
+    const Lines trace = platform.Trace();
     const auto row = std::find(trace.begin(), trace.end(), "      Reading row #0");
     ASSERT_GE(trace.end() - row, 13);
     EXPECT_EQ(
@@ -130,7 +130,7 @@ TEST_F(Walk, LevelOneShowsTheRootsChildrenWithPlaceholders) {
     LoadFolders({Mail("A", 1, {Mail("B", 2)}), Mail("C", 3), Mail("D", 4, {Mail("E", 5)})}, 1);
     EXPECT_EQ(Tree(),
               (Lines{"Box[Store]", "  A[unread][closed]", "    [Dummy]", "  C", "  D[unread][closed]", "    [Dummy]"}));
-    EXPECT_EQ(host.TraceCount("Next level too deep (current limit = 1), inserting 'expand' indicator"), 2u);
+    EXPECT_EQ(platform.TraceCount("Next level too deep (current limit = 1), inserting 'expand' indicator"), 2u);
     EXPECT_EQ(mailbox.log->Count("GetFolderFromID"), 0u);
 }
 
@@ -170,16 +170,17 @@ TEST_F(Walk, AChildThatCannotBeOpenedKeepsItsRowForAnotherTry) {
     bad.openError = Error(0x8004011D, "Offline.");
     LoadFolders({bad, Mail("Next", 3, {Mail("Below", 4)})});
     EXPECT_EQ(Tree(), (Lines{"Box[Store]", "  Bad[unread][closed]", "    [Dummy]", "  Next", "    Below"}));
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x8004011D] Offline."});
-    EXPECT_EQ(host.progressValue, 3 + 1) << "the walk returned False, so the store's step stays open";
+    EXPECT_EQ(platform.ErrorLines(),
+              Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x8004011D] Offline."});
+    EXPECT_EQ(platform.progressValue, 3 + 1) << "the walk returned False, so the store's step stays open";
 }
 
 TEST_F(Walk, ATableThatGivesFewerRowsIsAskedAgain) {
     adjustRoot = [](FakeFolder& root) { root.rowsPerCall = 2; };
     LoadFolders({Mail("A", 1), Mail("B", 2), Mail("C", 3), Mail("D", 4), Mail("E", 5)});
     EXPECT_EQ(Folders(), (Lines{"A", "B", "C", "D", "E"}));
-    EXPECT_EQ(host.TraceCount("Getting table rows"), 3u);
-    EXPECT_EQ(host.TraceCount("Reading rows "), 3u);
+    EXPECT_EQ(platform.TraceCount("Getting table rows"), 3u);
+    EXPECT_EQ(platform.TraceCount("Reading rows "), 3u);
     EXPECT_TRUE(Traced("    Reading rows 0 - 0"));
     EXPECT_EQ(mailbox.log->Count("Table.GetRows"), 3u);
 }
@@ -194,22 +195,22 @@ TEST_F(Walk, ATableWithFewerRowsThanItSaysEndsWithAnEmptyBatch) {
     adjustRoot = [](FakeFolder& root) { root.rowCount = 0x7FFFFFFF; };
     LoadFolders({Mail("A", 1), Mail("B", 2)});
     EXPECT_EQ(Folders(), (Lines{"A", "B"}));
-    EXPECT_EQ(host.TraceCount("Reading rows "), 1u) << "an empty further batch writes nothing";
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount("Reading rows "), 1u) << "an empty further batch writes nothing";
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Walk, ATableOfNoRowsSaysSo) {
     LoadFolders({});
     EXPECT_TRUE(Traced("    Reading rows 0 - -1"));
     EXPECT_TRUE(Traced("  Done."));
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Walk, ANegativeRowCountReadsNothing) {
     adjustRoot = [](FakeFolder& root) { root.rowCount = -5; };
     LoadFolders({Mail("A", 1)});
     EXPECT_EQ(Folders(), Lines{});
-    EXPECT_LE(host.ErrorLines().size(), 1u);
+    EXPECT_LE(platform.ErrorLines().size(), 1u);
     ExpectIdle();
 }
 
@@ -241,7 +242,7 @@ TEST_F(Walk, AVeryDeepHierarchyIsCutAndTheRestCanBeOpened) {
     EXPECT_EQ(Grid().CellText(last, colRowKind), "Dummy");
     EXPECT_EQ(Grid().CellText(last - 1, colIncomplete), "-1");
     EXPECT_GE(Grid().RowOutlineLevel(last - 1), 300);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Walk, HighlightedTypesAreBoldAndTheOthersGreyInEveryCell) {
@@ -271,7 +272,7 @@ TEST_F(Walk, ARaggedRowKeepsTheDefaultsOfItsMissingCells) {
     longer.adjustRow = [](std::vector<Value>& cells) { cells.resize(20, Value("more")); };
     LoadFolders({shortRow, empty, longer, Mail("Last", 4)});
     EXPECT_EQ(Folders(), (Lines{"", "", "Long", "Last"}));
-    EXPECT_LE(host.ErrorLines().size(), 2u);
+    EXPECT_LE(platform.ErrorLines().size(), 2u);
 }
 
 TEST_F(Walk, CellsOfWrongTypesLoseNothingElse) {
@@ -286,7 +287,7 @@ TEST_F(Walk, CellsOfWrongTypesLoseNothingElse) {
             const Lines names = Folders();
             EXPECT_EQ(names.front(), "Before");
             EXPECT_EQ(names.back(), "After") << "cell " << cell << " of type " << value.TypeName();
-            EXPECT_LE(host.ErrorLines().size(), 1u);
+            EXPECT_LE(platform.ErrorLines().size(), 1u);
             ExpectIdle();
         }
 }
@@ -302,7 +303,7 @@ TEST_F(Walk, ARowThatIsNoArrayLosesNothingElse) {
     LoadFolders({Mail("A", 1), Mail("B", 2), Mail("C", 3)});
     EXPECT_EQ(Folders().front(), "A");
     EXPECT_EQ(Folders().back(), "C");
-    EXPECT_LE(host.ErrorLines().size(), 1u);
+    EXPECT_LE(platform.ErrorLines().size(), 1u);
 }
 
 TEST_F(Walk, RowsThatAreNoArrayAreOneErrorLine) {
@@ -311,8 +312,8 @@ TEST_F(Walk, RowsThatAreNoArrayAreOneErrorLine) {
             [value](ScriptedObject& table) { table.Method("GetRows", [value](const Invocation&) { return value; }); });
         LoadFolders({Mail("A", 1)});
         EXPECT_EQ(Folders(), Lines{}) << value.TypeName();
-        ASSERT_EQ(host.ErrorLines().size(), 1u) << value.TypeName();
-        EXPECT_EQ(host.ErrorLines()[0].substr(0, 48), "Error in ctlFolderTree.GetFolders_Folder_RDOTab ");
+        ASSERT_EQ(platform.ErrorLines().size(), 1u) << value.TypeName();
+        EXPECT_EQ(platform.ErrorLines()[0].substr(0, 48), "Error in ctlFolderTree.GetFolders_Folder_RDOTab ");
         ExpectIdle();
     }
 }
@@ -320,7 +321,7 @@ TEST_F(Walk, RowsThatAreNoArrayAreOneErrorLine) {
 TEST_F(Walk, ARowCountThatIsNoNumberIsOneErrorLine) {
     AdjustRootTable([](ScriptedObject& table) { table.ReadOnly("RowCount", Value("many")); });
     LoadFolders({Mail("A", 1)});
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
     ExpectIdle();
 }
 
@@ -332,7 +333,7 @@ TEST_F(Walk, NamesOfAnyTextAreKept) {
     LoadFolders(folders);
     EXPECT_EQ(Folders(), names);
     EXPECT_EQ(Grid().CellText(3, colPath), "Box\\" + names[1]);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Walk, ALongIdentifierOfAnyLengthBecomesHexadecimal) {
@@ -357,13 +358,13 @@ TEST_F(Walk, AStoreIdentifierOutsideAsciiIsKept) {
 }
 
 TEST_F(Walk, CancelStopsAfterTheRowAndCountsAsReadToItsEnd) {
-    host.onYield = [this](int) {
+    platform.onYield = [this](int) {
         if (Grid().RowCount() == 3) control->CancelLoad();
     };
     LoadFolders({Mail("A", 1), Mail("B", 2), Mail("C", 3)});
     EXPECT_EQ(Folders(), Lines{"A"});
     EXPECT_TRUE(Traced("  Done."));
-    EXPECT_EQ(host.progressValue, 1 + 1 + 1) << "the store's step is closed";
+    EXPECT_EQ(platform.progressValue, 1 + 1 + 1) << "the store's step is closed";
 }
 
 TEST_F(Walk, EachFolderCostsNoCallOfItsOwn) {
@@ -394,9 +395,9 @@ TEST_F(Walk, ArrayBoundsAtTheEndsOfTheirRangeAreTracedAsTheyAre) {
 TEST_F(Walk, AnErrorNamesTheSourceLineOfTheFailingCall) {
     AdjustRootTable([](ScriptedObject& table) { table.Fails("GoToFirst", Error(0x80004005, "No.")); });
     LoadFolders({});
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.GetFolders_Folder_RDOTab ("), 1u);
-    EXPECT_EQ(host.TraceCount("GetFolders_Folder_RDOTab (0)"), 0u) << "the place is known";
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x80004005] No."});
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.GetFolders_Folder_RDOTab ("), 1u);
+    EXPECT_EQ(platform.TraceCount("GetFolders_Folder_RDOTab (0)"), 0u) << "the place is known";
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x80004005] No."});
 }
 
 TEST_F(Walk, AnErrorWithoutANumberIsAnUnspecifiedOneWithItsText) {
@@ -404,7 +405,7 @@ TEST_F(Walk, AnErrorWithoutANumberIsAnUnspecifiedOneWithItsText) {
         table.Method("RowCount", [](const Invocation&) -> Value { throw std::runtime_error("Odd."); });
     });
     LoadFolders({});
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x80004005] Odd."});
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x80004005] Odd."});
 }
 
 TEST_F(Walk, RunningOutOfMemoryHasItsOwnNumber) {
@@ -412,8 +413,9 @@ TEST_F(Walk, RunningOutOfMemoryHasItsOwnNumber) {
         table.Method("GetRows", [](const Invocation&) -> Value { throw std::bad_alloc(); });
     });
     LoadFolders({Mail("A", 1)});
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_EQ(host.ErrorLines()[0].substr(0, 66), "Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x8007000E] ");
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines()[0].substr(0, 66),
+              "Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x8007000E] ");
     ExpectIdle();
 }
 
@@ -432,8 +434,8 @@ TEST_F(Walk, ATableThatIsNothingIsAnObjectError) {
                        },
                        {}}};
     Load();
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_EQ(host.ErrorLines()[0].substr(0, 60), "Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x5B] ");
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines()[0].substr(0, 60), "Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x5B] ");
 }
 
 }  // namespace

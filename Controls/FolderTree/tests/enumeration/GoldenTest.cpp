@@ -25,7 +25,7 @@ class Goldens : public ControlTest {
 
 TEST_F(Goldens, ARefreshToLevelTwoWritesItsTrace) {
     Load(2);
-    ExpectGolden("refresh-level2.trace", host.Trace());
+    ExpectGolden("refresh-level2.trace", platform.Trace());
 }
 
 TEST_F(Goldens, ARefreshToLevelTwoMakesTheseOutsideCalls) {
@@ -37,9 +37,9 @@ TEST_F(Goldens, ARefreshToLevelTwoMakesTheseOutsideCalls) {
 
 TEST_F(Goldens, AnExpansionWritesItsTrace) {
     Load(1);
-    host.ClearTrace();
+    platform.ClearTrace();
     Open("Inbox");
-    ExpectGolden("expand-inbox.trace", host.Trace());
+    ExpectGolden("expand-inbox.trace", platform.Trace());
 }
 
 TEST_F(Goldens, AnExpansionMakesTheseOutsideCalls) {

@@ -10,14 +10,14 @@ using automation::ObjectRef;
 class Reentry : public ControlTest {
   protected:
     void Renew() {
-        host = FakeHost();
-        control = ctlFolderTree::Create(host, factory);
+        platform = FakePlatform();
+        control = ctlFolderTree::Create(platform, factory);
         Load();
     }
     void Drop() {
         control->Close();
         control.reset();
-        host.closed = true;
+        platform.closed = true;
     }
     std::shared_ptr<CallHook> hook = std::make_shared<CallHook>();
 };
@@ -50,7 +50,7 @@ TEST_F(Reentry, TheLastReferenceMayGoInsideAnyCallOnTheHostsCollection) {
         };
         use(collection);
         hook->onCall = nullptr;
-        EXPECT_EQ(host.callsAfterClose, 0);
+        EXPECT_EQ(platform.callsAfterClose, 0);
         EXPECT_EQ(control, nullptr);
     }
 }

@@ -12,10 +12,10 @@ class Refresh : public ControlTest {
   protected:
     /// Presses Cancel at the first yield at which a row of that name is there.
     void CancelAtRow(std::string_view name) {
-        host.onYield = [this, wanted = std::string(name)](int) {
+        platform.onYield = [this, wanted = std::string(name)](int) {
             for (const std::string& row : NamesOf(Grid())) {
                 if (row != wanted) continue;
-                host.onYield = nullptr;
+                platform.onYield = nullptr;
                 control->cmdCancel_Click();
                 return;
             }
@@ -50,15 +50,15 @@ TEST_F(Refresh, CdoModeWithoutASessionLeavesTheTreeEmptyAndSaysSo) {
     control->SetSelection(collection);
     control->Selection();  // now the selection counts as read
     control->SetInfoStoreAccessMode(eISAccess_CDO);
-    host.ClearTrace();
+    platform.ClearTrace();
     control->RefreshList();
     EXPECT_EQ(control->ListCount(), 0);
     // Tried for the default folders and again for the stores.
     const std::string noLibrary = "Could not instantiate CDO session: [0x80040154] Class not registered";
-    EXPECT_EQ(host.Trace(),
+    EXPECT_EQ(platform.Trace(),
               (Lines{"GetFolders: Refreshing view", noLibrary, noLibrary,
                      "GetFolders: Mode: CDO, Cannot refresh, CDO session is not initialized", "GetFolders: Done"}));
-    EXPECT_EQ(host.panelShown, 1);
+    EXPECT_EQ(platform.panelShown, 1);
     ExpectIdle();
 }
 
@@ -77,9 +77,9 @@ TEST_F(Refresh, AnUnknownModeGivesAnEmptyTreeAndThenTheAddressLists) {
     Load();
     ASSERT_GT(control->ListCount(), 1);
     control->SetInfoStoreAccessMode(static_cast<enuInfoStoreAccessMode>(4));
-    host.ClearTrace();
+    platform.ClearTrace();
     control->RefreshList();
-    EXPECT_EQ(host.Trace(),
+    EXPECT_EQ(platform.Trace(),
               (Lines{"GetFolders: Refreshing view", "GetFolders: Adding address book(s)", "GetFolders: Done"}));
     EXPECT_EQ(Tree(), Lines{"<address lists>[Header]"});
     ExpectIdle();
@@ -94,7 +94,7 @@ TEST_F(Refresh, NegativeAndHugeModesAreUnknownToo) {
         control->RefreshList();
         EXPECT_EQ(control->ListCount(), 0);
     }
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Refresh, CancelInTheDefaultStoreStillCallsTheReaderOfTheNextStoreAndNoAddressLists) {
@@ -105,16 +105,16 @@ TEST_F(Refresh, CancelInTheDefaultStoreStillCallsTheReaderOfTheNextStoreAndNoAdd
     CancelAtRow("B");
     Load();
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Second", "B", "First", "A"})) << "the next reader stops after its first row";
-    EXPECT_EQ(host.TraceCount("Mode: RDO_MAPITables"), 2u);
-    EXPECT_EQ(host.TraceCount("Adding address book"), 0u);
-    EXPECT_EQ(host.TraceCount("GetFolders: Done"), 1u);
+    EXPECT_EQ(platform.TraceCount("Mode: RDO_MAPITables"), 2u);
+    EXPECT_EQ(platform.TraceCount("Adding address book"), 0u);
+    EXPECT_EQ(platform.TraceCount("GetFolders: Done"), 1u);
     ExpectIdle();
 }
 
 TEST_F(Refresh, CancelBeforeTheFirstStoreStillReadsOne) {
     mailbox.stores = {Store("First", "01", false, {}), Store("Second", "02", false, {}),
                       Store("Third", "03", false, {})};
-    host.onYield = [this](int) { control->CancelLoad(); };
+    platform.onYield = [this](int) { control->CancelLoad(); };
     Load();
     EXPECT_EQ(NamesOf(Grid()), Lines{"First"});
 }
@@ -122,7 +122,7 @@ TEST_F(Refresh, CancelBeforeTheFirstStoreStillReadsOne) {
 TEST_F(Refresh, CancelEndsTheSearchForTheDefaultStore) {
     mailbox.stores = {Store("First", "01", false, {}), Store("Second", "02", true, {}),
                       Store("Third", "03", false, {})};
-    host.onYield = [this](int) { control->CancelLoad(); };
+    platform.onYield = [this](int) { control->CancelLoad(); };
     Load();
     EXPECT_EQ(NamesOf(Grid()), Lines{"First"});
 }
@@ -148,8 +148,8 @@ TEST_F(Refresh, ACancelledRefreshDoesNotStopTheNextOne) {
 
 TEST_F(Refresh, CancelYieldsOnce) {
     control->cmdCancel_Click();
-    EXPECT_EQ(host.yields, 1);
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(platform.yields, 1);
+    EXPECT_EQ(platform.Trace(), Lines{});
 }
 
 TEST_F(Refresh, TheBufferedLevelBecomesTheExtendedOne) {
@@ -170,28 +170,28 @@ TEST_F(Refresh, ABufferedLevelOfAllLevelsStays) {
 
 TEST_F(Refresh, ThePanelStandsAndThePointerIsBusyAtEveryYield) {
     int shown = 0;
-    host.onYield = [&](int) { shown += host.panelVisible && host.busyPointer && control->Refreshing(); };
+    platform.onYield = [&](int) { shown += platform.panelVisible && platform.busyPointer && control->Refreshing(); };
     Load();
     EXPECT_GT(shown, 10);
-    EXPECT_EQ(shown, host.yields);
+    EXPECT_EQ(shown, platform.yields);
     ExpectIdle();
 }
 
 TEST_F(Refresh, ThePanelStartsWithoutAPath) {
-    host.onYield = [this](int yield) {
+    platform.onYield = [this](int yield) {
         if (yield == 1) {
-            EXPECT_EQ(host.paths, Lines{""});
+            EXPECT_EQ(platform.paths, Lines{""});
         }
     };
     Load();
-    EXPECT_EQ(host.paths.size(), 9u);
-    EXPECT_EQ(host.paths[1], "Mailbox\\Inbox");
+    EXPECT_EQ(platform.paths.size(), 9u);
+    EXPECT_EQ(platform.paths[1], "Mailbox\\Inbox");
 }
 
 TEST_F(Refresh, TheTreeIsEmptyAfterTheFirstYield) {
     Load();
     std::vector<int32_t> counts;
-    host.onYield = [&](int) { counts.push_back(Grid().RowCount()); };
+    platform.onYield = [&](int) { counts.push_back(Grid().RowCount()); };
     control->RefreshList();
     ASSERT_GT(counts.size(), 2u);
     EXPECT_EQ(counts[0], 11) << "the old tree stands until the panel is drawn";
@@ -200,53 +200,53 @@ TEST_F(Refresh, TheTreeIsEmptyAfterTheFirstYield) {
 
 TEST_F(Refresh, ARefreshInsideARefreshIsTurnedAway) {
     bool nested = false;
-    host.onYield = [&](int) {
+    platform.onYield = [&](int) {
         if (nested) return;
         nested = true;
         control->RefreshList();
     };
     Load();
     EXPECT_TRUE(nested);
-    EXPECT_EQ(host.TraceCount("GetFolders: Refreshing view"), 1u);
+    EXPECT_EQ(platform.TraceCount("GetFolders: Refreshing view"), 1u);
     EXPECT_EQ(control->ListCount(), 10);
 }
 
 TEST_F(Refresh, TheBarHasAStepForEachStoreTwiceAndForEachFolderOfItsRoot) {
     mailbox.stores = {Store("First", "01", true, {Mail("A", 1), Mail("B", 2)})};
     Load();
-    EXPECT_EQ(host.highestMaximum, 1 + 1 + 1 + 2);
-    EXPECT_EQ(host.progressValue, 2 + 1 + 1);
+    EXPECT_EQ(platform.highestMaximum, 1 + 1 + 1 + 2);
+    EXPECT_EQ(platform.progressValue, 2 + 1 + 1);
 }
 
 TEST_F(Refresh, TheBarEndsOneStepShorterWithAddressLists) {
     mailbox.stores = {Store("First", "01", true, {Mail("A", 1)})};
     control->SetShowAddressBook(true);
     Load();
-    EXPECT_EQ(host.highestMaximum, 1 + 1 + 1 + 1 + 1);
-    EXPECT_EQ(host.progressValue, 1 + 1 + 1);
+    EXPECT_EQ(platform.highestMaximum, 1 + 1 + 1 + 1 + 1);
+    EXPECT_EQ(platform.progressValue, 1 + 1 + 1);
 }
 
 TEST_F(Refresh, RowsOfDeeperLevelsAdvanceTheBarAllTheSame) {
     mailbox.stores = {Store("First", "01", true, {Mail("A", 1, {Mail("B", 2), Mail("C", 3), Mail("D", 4)})})};
     Load();
-    EXPECT_EQ(host.highestMaximum, 1 + 1 + 1 + 1);
-    EXPECT_EQ(host.progressValue, 4 + 1 + 1);
+    EXPECT_EQ(platform.highestMaximum, 1 + 1 + 1 + 1);
+    EXPECT_EQ(platform.progressValue, 4 + 1 + 1);
 }
 
 TEST_F(Refresh, TheDefaultFoldersAreReadAgainOnlyWhileTheInboxIsUnknown) {
     Load();
-    EXPECT_EQ(host.TraceCount("GetFolderIDs"), 0u);
+    EXPECT_EQ(platform.TraceCount("GetFolderIDs"), 0u);
     mailbox.defaultFolders.clear();
-    control = ctlFolderTree::Create(host, factory);
+    control = ctlFolderTree::Create(platform, factory);
     control->UserControl_InitProperties();
     Load();
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.GetFolderIDs("), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.GetFolderIDs("), 1u);
     EXPECT_EQ(control->ListCount(), 10) << "the refresh goes on";
 }
 
 TEST_F(Refresh, WithoutASessionTwoErrorsAreTracedAndNothingStaysUp) {
     control->RefreshList();
-    const Lines trace = host.Trace();
+    const Lines trace = platform.Trace();
     ASSERT_EQ(trace.size(), 4u);
     EXPECT_EQ(trace[0], "GetFolders: Refreshing view");
     EXPECT_EQ(trace[1].substr(0, 46), "Error in ctlFolderTree.GetFolderIDs(?): 0x5B] ");
@@ -263,16 +263,17 @@ TEST_F(Refresh, OneBadStoreDoesNotStopTheOthers) {
     };
     Load();
     EXPECT_EQ(NamesOf(Grid()), (Lines{"First", "Bad", "Third"}));
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Store_RDOTab (?): [0x8004011D] Offline."});
+    EXPECT_EQ(platform.ErrorLines(),
+              Lines{"Error in ctlFolderTree.GetFolders_Store_RDOTab (?): [0x8004011D] Offline."});
 }
 
 TEST_F(Refresh, AStoreThatDoesNotTellItsDefaultFlagEndsTheRefreshAtTheAddressLists) {
     mailbox.stores[0].adjust = [](ScriptedObject& store) { store.Fails("Default", Error(0x80004005, "No.")); };
     control->SetShowAddressBook(true);
     Load();
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders (?): [0x80004005] No."});
-    EXPECT_EQ(host.TraceCount("Adding address book"), 0u);
-    EXPECT_EQ(host.Trace().back(), "GetFolders: Done");
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders (?): [0x80004005] No."});
+    EXPECT_EQ(platform.TraceCount("Adding address book"), 0u);
+    EXPECT_EQ(platform.Trace().back(), "GetFolders: Done");
     ExpectIdle();
 }
 

@@ -37,7 +37,7 @@ TEST_F(StoreRows, WithoutTheUtilityClassTheNameIsPlainAndNothingIsTraced) {
                []() -> automation::ObjectRef { throw Error(0x80040154, "Class not registered"); });
     Load();
     EXPECT_EQ(NamesOf(Grid())[0], "Mailbox");
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(StoreRows, AUtilityThatFailsOrGivesNoTextLeavesThePlainName) {
@@ -52,7 +52,7 @@ TEST_F(StoreRows, AUtilityThatFailsOrGivesNoTextLeavesThePlainName) {
     utilities->Fails("GetProperty", Error(0x8004010F, "Not found."));
     Load();
     EXPECT_EQ(NamesOf(Grid())[0], "Mailbox");
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     factory.On("NOXMAPI.NOXMAPIUtils", [] { return nullptr; });
 }
 
@@ -91,7 +91,7 @@ TEST_F(StoreRows, ARowThatAnErrorStrandsAlreadyLooksLikeAStore) {
     EXPECT_EQ(Grid().RowOutlineLevel(row), 0);
     EXPECT_EQ(BackColor(Grid(), row, colSel), 0x8000000Fu);
     EXPECT_EQ(NamesOf(Grid()), (Lines{"Mailbox", "Archive", "Old mail"}));
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Store_RDOTab (?): [0x80004005] No."});
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Store_RDOTab (?): [0x80004005] No."});
 }
 
 TEST_F(StoreRows, AFailedWalkLeavesTheStoresStepOpen) {
@@ -101,9 +101,9 @@ TEST_F(StoreRows, AFailedWalkLeavesTheStoresStepOpen) {
                            };
                        }}};
     Load();
-    EXPECT_EQ(host.highestMaximum, 1 + 1 + 1 + 1);
-    EXPECT_EQ(host.progressValue, 1) << "only the driver's own step is closed";
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x80004005] No."});
+    EXPECT_EQ(platform.highestMaximum, 1 + 1 + 1 + 1);
+    EXPECT_EQ(platform.progressValue, 1) << "only the driver's own step is closed";
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.GetFolders_Folder_RDOTab (?): [0x80004005] No."});
 }
 
 TEST_F(StoreRows, AChildCountOfAllBitsDoesNotHurtTheBar) {
@@ -121,9 +121,9 @@ TEST_F(StoreRows, AChildCountOfAllBitsDoesNotHurtTheBar) {
         store.ReadOnly("IPMRootFolder", Value(counted));
     };
     Load();
-    EXPECT_EQ(host.highestMaximum, 1.0 + 1 + 1 + 0x7FFFFFFF);
+    EXPECT_EQ(platform.highestMaximum, 1.0 + 1 + 1 + 0x7FFFFFFF);
     EXPECT_NE(Row("Inbox"), 0);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(StoreRows, AStoreThatIsNoObjectIsAnErrorLine) {
@@ -133,7 +133,7 @@ TEST_F(StoreRows, AStoreThatIsNoObjectIsAnErrorLine) {
     session->ReadOnly("Stores", Value(stores));
     control->SetRDOSessionRef(session);
     control->RefreshList();
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.GetFolders ("), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.GetFolders ("), 1u);
     ExpectIdle();
 }
 

@@ -11,36 +11,36 @@ using automation::testing::ScriptedObject;
 class Yields : public ControlTest {
   protected:
     void Renew(int32_t level) {
-        host = FakeHost();
-        control = ctlFolderTree::Create(host, factory);
+        platform = FakePlatform();
+        control = ctlFolderTree::Create(platform, factory);
         control->UserControl_InitProperties();
         const auto collection = NewCollection();
         AddItem(*collection, HostItem("B2", "0001"));
         AddItem(*collection, HostItem("B2", "0011"));
         control->SetSelection(collection);
         Load(level);
-        host.yields = 0;
+        platform.yields = 0;
     }
     /// Runs `load` on a new control once for each of its yields, with `act` inside that yield.
     void AtEveryYield(int32_t level, const std::function<void(ctlFolderTree&)>& load, const std::function<void()>& act,
                       const std::function<void()>& check) {
         Renew(level);
         load(*control);
-        const int yields = host.yields;
+        const int yields = platform.yields;
         ASSERT_GT(yields, 3);
         for (int chosen = 1; chosen <= yields; ++chosen) {
             SCOPED_TRACE("yield " + std::to_string(chosen));
             Renew(level);
-            host.onYield = [&](int yield) {
+            platform.onYield = [&](int yield) {
                 if (yield == chosen) act();
             };
             load(*control);
-            host.onYield = nullptr;
+            platform.onYield = nullptr;
             check();
         }
     }
     void ExpectNothingTouched() {
-        EXPECT_EQ(host.callsAfterClose, 0);
+        EXPECT_EQ(platform.callsAfterClose, 0);
         if (control) {
             EXPECT_FALSE(control->Refreshing());
         }
@@ -55,7 +55,7 @@ class Yields : public ControlTest {
 
 TEST_F(Yields, AReferenceDroppedWithoutClosingEndsTheControlAfterTheLoad) {
     Renew(0);
-    host.onYield = [this](int yield) {
+    platform.onYield = [this](int yield) {
         if (yield == 5) control.reset();
     };
     const std::weak_ptr<ctlFolderTree> watched = control;
@@ -69,7 +69,7 @@ TEST_F(Yields, ARefreshBehindASetterEndsTooWhenTheControlIsClosed) {
         1, [](ctlFolderTree& target) { target.SetExtendToLevel(3); },
         [this] {
             control->Close();
-            host.closed = true;
+            platform.closed = true;
         },
         [this] { ExpectNothingTouched(); });
 }
@@ -77,7 +77,7 @@ TEST_F(Yields, ARefreshBehindASetterEndsTooWhenTheControlIsClosed) {
 TEST_F(Yields, ASelectionAssignedInsideARefreshIsShownAtItsEnd) {
     Renew(0);
     const auto collection = NewCollection();
-    host.onYield = [&](int yield) {
+    platform.onYield = [&](int yield) {
         if (yield != 4) return;
         AddItem(*collection, HostItem("B2", "0004"));
         control->SetSelection(collection);
@@ -91,7 +91,7 @@ TEST_F(Yields, AnExpansionThatLosesItsRowsEndsQuietly) {
     AtEveryYield(
         1, Expand, [this] { control->SetShowAddressBook(!control->ShowAddressBook()); },
         [this] {
-            EXPECT_LE(host.ErrorLines().size(), 2u);
+            EXPECT_LE(platform.ErrorLines().size(), 2u);
             ExpectIdle();
         });
 }

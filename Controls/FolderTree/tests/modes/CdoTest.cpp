@@ -26,22 +26,22 @@ class Cdo : public ModeTest {
 TEST_F(Cdo, WithoutTheLibraryThereIsNoSessionAndTheTreeIsEmpty) {
     factory = ScriptedObjectFactory();
     EXPECT_EQ(control->CDOSession(), nullptr);
-    EXPECT_EQ(host.Trace(), Lines{"Could not instantiate CDO session: [0x80040154] Class not registered"});
+    EXPECT_EQ(platform.Trace(), Lines{"Could not instantiate CDO session: [0x80040154] Class not registered"});
     LoadCdo();
     EXPECT_EQ(Grid().RowCount(), 1);
-    EXPECT_EQ(host.TraceCount("GetFolders: Mode: CDO, Cannot refresh, CDO session is not initialized"), 1u);
-    EXPECT_EQ(host.Trace().back(), "GetFolders: Done");
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount("GetFolders: Mode: CDO, Cannot refresh, CDO session is not initialized"), 1u);
+    EXPECT_EQ(platform.Trace().back(), "GetFolders: Done");
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     ExpectIdle();
 }
 
 TEST_F(Cdo, ARefusedLogonLeavesNoSessionAndIsTriedAgain) {
     RefuseLogon();
     EXPECT_EQ(control->CDOSession(), nullptr);
-    EXPECT_EQ(host.Trace(), Lines{"Failed to log on to CDO session: [0x80040111] Logon failed."});
+    EXPECT_EQ(platform.Trace(), Lines{"Failed to log on to CDO session: [0x80040111] Logon failed."});
     LoadCdo();
     EXPECT_EQ(Grid().RowCount(), 1);
-    EXPECT_EQ(host.TraceCount("Failed to log on to CDO session: [0x80040111]"), 2u)
+    EXPECT_EQ(platform.TraceCount("Failed to log on to CDO session: [0x80040111]"), 2u)
         << "once for the default folders, once for the stores";
     refuse = false;
     control->RefreshList();
@@ -79,14 +79,14 @@ TEST_F(Cdo, AControlThatIsClosedWhileItLogsOnKeepsNoSession) {
 
 TEST_F(Cdo, TheTraceNamesTheModeOnce) {
     LoadCdo();
-    EXPECT_EQ(host.Trace(), (Lines{"GetFolders: Refreshing view", "Mode: CDO", "GetFolders: Done"}));
+    EXPECT_EQ(platform.Trace(), (Lines{"GetFolders: Refreshing view", "Mode: CDO", "GetFolders: Done"}));
 }
 
 TEST_F(Cdo, AFolderWithoutAContainerClassIsAMailFolder) {
     FolderNamed("Zoo").containerClass = std::nullopt;
     LoadCdo();
     EXPECT_EQ(Cell("Zoo", colItemType), "0");
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Cdo, AFolderOfAnUnknownClassIsListed) {
@@ -106,7 +106,7 @@ TEST_F(Cdo, AnExpansionEndsAtAFolderWithoutAContainerClass) {
     EXPECT_EQ(Grid().FindRow("Second", 0, colName), -1);
     EXPECT_EQ(Grid().FindRow("Third", 0, colName), -1);
     EXPECT_EQ(Cell("Inbox", colIncomplete), "");
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.ExpandNode_CDO(?): 0x8004010F] Not found."});
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.ExpandNode_CDO(?): 0x8004010F] Not found."});
     ExpectIdle();
 }
 
@@ -138,8 +138,8 @@ TEST_F(Cdo, ACountThatIsNotKnownMeansThatThereAreSubfolders) {
     EXPECT_EQ(Cell("Zoo", colIncomplete), "-1");
     Open("Zoo");
     EXPECT_EQ(Cell("Zoo", colIncomplete), "");
-    EXPECT_EQ(host.ErrorLines(), Lines{});
-    EXPECT_GT(host.highestMaximum, 2147483647.0);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
+    EXPECT_GT(platform.highestMaximum, 2147483647.0);
 }
 
 TEST_F(Cdo, AnExpansionUsesFolderAndStoreIdentifiers) {

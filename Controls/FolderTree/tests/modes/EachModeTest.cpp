@@ -22,7 +22,7 @@ TEST_P(EachMode, LevelZeroReadsEverything) {
         expected.insert(expected.end(), wholeMailbox.begin(), wholeMailbox.end());
     }
     EXPECT_EQ(Tree(), expected);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
     ExpectIdle();
 }
 
@@ -37,8 +37,8 @@ TEST_P(EachMode, AStoreWithoutFoldersIsOneBoldRow) {
     EXPECT_EQ(Grid().RowOutlineLevel(1), 0);
     EXPECT_TRUE(Grid().IsNode(1));
     // 1 to begin with, one for the driver's step and one for the reader's.
-    EXPECT_EQ(host.highestMaximum, 3);
-    EXPECT_EQ(host.progressValue, 2);
+    EXPECT_EQ(platform.highestMaximum, 3);
+    EXPECT_EQ(platform.progressValue, 2);
 }
 
 TEST_P(EachMode, CellsOfAStoreRow) {
@@ -136,8 +136,8 @@ TEST_P(EachMode, OpeningANodeInTheMiddleInsertsItsChildrenBelowIt) {
     EXPECT_EQ(Cell("A", colIndex), " ");
     EXPECT_EQ(Cell("A", colKey), GetParam() == eISAccess_Outlook ? "0003" : "SB2|0003");
     EXPECT_EQ(BackColor(Grid(), Row("A"), colIndex), colors::buttonFace);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
-    EXPECT_EQ(host.TraceCount("Done."), 0u) << "only the table mode says so";
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.TraceCount("Done."), 0u) << "only the table mode says so";
     ExpectIdle();
 }
 
@@ -186,8 +186,8 @@ TEST_P(EachMode, AnExpansionShowsTheSelectionInItsNewRows) {
 TEST_P(EachMode, CancellingAnExpansionCountsAsRead) {
     FolderNamed("Projects").children.push_back(MailFolder("Beta", "0022"));
     LoadEach(IsRdo() ? 1 : 2);
-    host.onYield = [&](int) {
-        if (!host.paths.empty() && host.paths.back().ends_with("Alpha")) control->CancelLoad();
+    platform.onYield = [&](int) {
+        if (!platform.paths.empty() && platform.paths.back().ends_with("Alpha")) control->CancelLoad();
     };
     Open("Projects");
     EXPECT_EQ(Cell("Projects", colIncomplete), "");
@@ -197,8 +197,8 @@ TEST_P(EachMode, CancellingAnExpansionCountsAsRead) {
 }
 
 TEST_P(EachMode, CancelStopsTheWalkAtTheNextSiblingOfEachLevel) {
-    host.onYield = [&](int) {
-        if (!host.paths.empty() && host.paths.back().ends_with("Alpha")) control->CancelLoad();
+    platform.onYield = [&](int) {
+        if (!platform.paths.empty() && platform.paths.back().ends_with("Alpha")) control->CancelLoad();
     };
     LoadEach();
     EXPECT_EQ(Grid().FindRow("Zoo", 0, colName), -1);
@@ -217,7 +217,7 @@ TEST_P(EachMode, AFailingFolderCostsOnlyItself) {
     const char* opening = GetParam() == eISAccess_RDO_Objects ? "GetFolders_Folder_RDOObj"
                           : GetParam() == eISAccess_Outlook   ? "GetFolders_Folder_OOM"
                                                               : "GetFolders_Folder_CDO";
-    EXPECT_EQ(host.ErrorLines(),
+    EXPECT_EQ(platform.ErrorLines(),
               Lines{std::string("Error in ctlFolderTree.") + opening + " (?): [0x80040305] Too many open."});
 }
 
@@ -228,7 +228,7 @@ TEST_P(EachMode, AFolderWhoseChildrenFailKeepsItsRow) {
     LoadEach();
     EXPECT_EQ(Grid().RowOutlineLevel(Row("Projects")), 2);
     EXPECT_NE(Grid().FindRow("Zoo", 0, colName), -1);
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
 }
 
 TEST_P(EachMode, NothingInTheMiddleOfACollectionIsPassedOver) {
@@ -239,21 +239,22 @@ TEST_P(EachMode, NothingInTheMiddleOfACollectionIsPassedOver) {
     };
     LoadEach();
     EXPECT_NE(Grid().FindRow("People", 0, colName), -1);
-    EXPECT_EQ(host.ErrorLines().size(), 2u);
-    EXPECT_NE(host.ErrorLines()[0].find("[0x5B]"), std::string::npos);
+    EXPECT_EQ(platform.ErrorLines().size(), 2u);
+    EXPECT_NE(platform.ErrorLines()[0].find("[0x5B]"), std::string::npos);
 }
 
 TEST_P(EachMode, AnExpansionThatCannotOpenItsFolderCanBeRepeated) {
     LoadEach(IsRdo() ? 1 : 2);
     const Lines before = Tree();
     Grid().SetCellText(Row("Projects"), colEntryID, "0099");
-    host.ClearTrace();
+    platform.ClearTrace();
     Open("Projects");
     EXPECT_EQ(Cell("Projects", colIncomplete), "-1");
     const char* opening = GetParam() == eISAccess_RDO_Objects ? "ExpandNode_RDOObj"
                           : GetParam() == eISAccess_Outlook   ? "ExpandNode_OOM"
                                                               : "ExpandNode_CDO";
-    EXPECT_EQ(host.Trace(), Lines{std::string("Error in ctlFolderTree.") + opening + "(?): 0x8004010F] Not found."});
+    EXPECT_EQ(platform.Trace(),
+              Lines{std::string("Error in ctlFolderTree.") + opening + "(?): 0x8004010F] Not found."});
     ExpectIdle();
     Grid().SetCellText(Row("Projects"), colEntryID, "0011");
     Shut("Projects");
@@ -271,7 +272,7 @@ TEST_P(EachMode, AnExpansionThatFailsLaterKeepsItsRows) {
     EXPECT_EQ(Cell("Projects", colIncomplete), "");
     EXPECT_EQ(Grid().CellText(Row("Projects") + 1, colName), "Alpha");
     EXPECT_EQ(Grid().CellText(Row("Projects") + 2, colName), "Zoo") << "no empty row is left";
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
     ExpectIdle();
 }
 
@@ -314,31 +315,31 @@ TEST_P(EachMode, TheBarGrowsByTheSubfoldersOfEachFolderAndAdvancesAfterEach) {
     LoadEach();
     // Two steps a store, the driver's and the reader's; the roots have 4 and 1 subfolders, Inbox 2 and Projects 1.
     const double steps = 2 * 2 + 4 + 1 + 2 + 1;
-    EXPECT_EQ(host.highestMaximum, 1 + steps);
-    EXPECT_EQ(host.progressValue, steps);
+    EXPECT_EQ(platform.highestMaximum, 1 + steps);
+    EXPECT_EQ(platform.progressValue, steps);
 }
 
 TEST_P(EachMode, EachFolderYieldsAtItsPathAtItsStepAndOnceMore) {
     LoadEach();
     // Once when the panel appears; with each store at the driver's two steps, the reader's two and its count.
     constexpr int started = 1 + 2 * 5;
-    EXPECT_EQ(host.yields, started + 8 * 3 + 2) << "8 folders; 2 of them have a count of their own";
-    EXPECT_EQ(host.paths.size(), 1u + 8u);
+    EXPECT_EQ(platform.yields, started + 8 * 3 + 2) << "8 folders; 2 of them have a count of their own";
+    EXPECT_EQ(platform.paths.size(), 1u + 8u);
 }
 
 TEST_P(EachMode, AnExpansionHasAnEmptyBarAndAPanelOfItsOwn) {
     FolderNamed("Projects").children.push_back(MailFolder("Beta", "0022"));
     LoadEach(IsRdo() ? 1 : 2);
-    const int shown = host.panelShown;
-    host.paths.clear();
+    const int shown = platform.panelShown;
+    platform.paths.clear();
     std::vector<std::pair<double, double>> bar;
-    host.onYield = [&](int) {
-        EXPECT_TRUE(host.panelVisible);
-        bar.emplace_back(host.progressMaximum, host.progressValue);
+    platform.onYield = [&](int) {
+        EXPECT_TRUE(platform.panelVisible);
+        bar.emplace_back(platform.progressMaximum, platform.progressValue);
     };
     Open("Projects");
-    EXPECT_EQ(host.panelShown, shown + 1);
-    EXPECT_EQ(host.paths, (Lines{"", "Mailbox\\Inbox\\Projects\\Alpha", "Mailbox\\Inbox\\Projects\\Beta"}));
+    EXPECT_EQ(platform.panelShown, shown + 1);
+    EXPECT_EQ(platform.paths, (Lines{"", "Mailbox\\Inbox\\Projects\\Alpha", "Mailbox\\Inbox\\Projects\\Beta"}));
     // The panel appears over what the last load left; then the count, and per child path, step and one more; the end.
     bar.erase(bar.begin());
     EXPECT_EQ(bar,
@@ -348,27 +349,27 @@ TEST_P(EachMode, AnExpansionHasAnEmptyBarAndAPanelOfItsOwn) {
 
 TEST_P(EachMode, AFoldersRowStandsEmptyWhileItsPathComesUp) {
     int emptyRows = -1;
-    host.onYield = [&](int) {
-        if (emptyRows >= 0 || host.paths.empty() || !host.paths.back().ends_with("Alpha")) return;
+    platform.onYield = [&](int) {
+        if (emptyRows >= 0 || platform.paths.empty() || !platform.paths.back().ends_with("Alpha")) return;
         emptyRows = 0;
         for (int32_t row = 1; row < Grid().RowCount(); ++row) emptyRows += Grid().CellText(row, colRowKind).empty();
     };
     LoadEach();
     EXPECT_EQ(emptyRows, 1) << "in a walk";
     LoadEach(IsRdo() ? 1 : 2);
-    host.paths.clear();
+    platform.paths.clear();
     emptyRows = -1;
     Open("Projects");
     EXPECT_EQ(emptyRows, 1) << "in an expansion";
 }
 
 TEST_P(EachMode, ATreeEmptiedWhileAFoldersPathComesUpIsToldInOneLineAFolder) {
-    host.onYield = [&](int) {
-        if (!host.paths.empty() && host.paths.back().ends_with("Zoo") && Grid().RowCount() > 3)
+    platform.onYield = [&](int) {
+        if (!platform.paths.empty() && platform.paths.back().ends_with("Zoo") && Grid().RowCount() > 3)
             control->SetShowAddressBook(!control->ShowAddressBook());
     };
     LoadEach();
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
     EXPECT_EQ(NamesOf(Grid())[0], "People") << "what follows is read";
     ExpectIdle();
 }

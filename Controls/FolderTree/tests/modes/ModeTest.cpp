@@ -31,16 +31,16 @@ void ModeTest::Prepare(enuInfoStoreAccessMode mode, int32_t extendToLevel) {
 
 void ModeTest::LoadMode(enuInfoStoreAccessMode mode, int32_t extendToLevel) {
     Prepare(mode, extendToLevel);
-    host.ClearTrace();
+    platform.ClearTrace();
     control->RefreshList();
 }
 
 void ModeTest::StartAnew() {
     control.reset();
     EXPECT_EQ(automation::testing::ScriptedObject::LiveCount(), liveBefore) << "an outside object was not released";
-    control = ctlFolderTree::Create(host, factory);
+    control = ctlFolderTree::Create(platform, factory);
     control->UserControl_InitProperties();
-    host.ClearTrace();
+    platform.ClearTrace();
 }
 
 namespace {

@@ -18,7 +18,8 @@ TEST_F(Outlook, AStoreRowIsAFolderBoldAndAtLevelZero) {
 
 TEST_F(Outlook, TheTraceNamesTheModeOnce) {
     LoadOutlook();
-    EXPECT_EQ(host.Trace(), (Lines{"GetFolders: Refreshing view", "GetFolders: Mode: Outlook", "GetFolders: Done"}));
+    EXPECT_EQ(platform.Trace(),
+              (Lines{"GetFolders: Refreshing view", "GetFolders: Mode: Outlook", "GetFolders: Done"}));
 }
 
 TEST_F(Outlook, LevelOneShowsTheTopLevelFoldersWithPlaceholders) {
@@ -58,7 +59,7 @@ TEST_F(Outlook, AFolderWithoutACollectionOfFoldersHasNone) {
     FolderNamed("Inbox").hasFolders = false;
     LoadOutlook();
     EXPECT_EQ(Grid().FindRow("Projects", 0, colName), -1);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Outlook, ACountThatPromisesTooMuchEndsTheFolderOnly) {
@@ -66,8 +67,8 @@ TEST_F(Outlook, ACountThatPromisesTooMuchEndsTheFolderOnly) {
     LoadOutlook();
     EXPECT_NE(Grid().FindRow("Zoo", 0, colName), -1);
     EXPECT_NE(Grid().FindRow("People", 0, colName), -1);
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_TRUE(host.ErrorLines()[0].starts_with("Error in ctlFolderTree.GetFolders_Folder_OOM (?): [0x9] "));
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_TRUE(platform.ErrorLines()[0].starts_with("Error in ctlFolderTree.GetFolders_Folder_OOM (?): [0x9] "));
 }
 
 TEST_F(Outlook, AFolderWithoutChildrenCostsFourCalls) {
@@ -79,11 +80,11 @@ TEST_F(Outlook, AFolderWithoutChildrenCostsFourCalls) {
 TEST_F(Outlook, WithoutAnApplicationTheTreeIsEmptyAndNoDefaultFolderIsKnown) {
     Prepare(eISAccess_Outlook);
     control->SetApplication(nullptr);
-    host.ClearTrace();
+    platform.ClearTrace();
     control->RefreshList();
     EXPECT_EQ(Grid().RowCount(), 1);
-    ASSERT_EQ(host.ErrorLines().size(), 1u) << "only the refresh itself needs one";
-    EXPECT_TRUE(host.ErrorLines()[0].starts_with("Error in ctlFolderTree.GetFolders (?): [0x5B] "));
+    ASSERT_EQ(platform.ErrorLines().size(), 1u) << "only the refresh itself needs one";
+    EXPECT_TRUE(platform.ErrorLines()[0].starts_with("Error in ctlFolderTree.GetFolders (?): [0x5B] "));
     ExpectIdle();
 }
 

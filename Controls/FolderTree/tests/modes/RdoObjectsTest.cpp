@@ -11,8 +11,8 @@ class RdoObjects : public ModeTest {
 
 TEST_F(RdoObjects, TheTraceNamesTheModeBeforeEachStore) {
     LoadRdo();
-    EXPECT_EQ(host.Trace(), (Lines{"GetFolders: Refreshing view", "GetFolders: GetFolders: Mode: RDO_Obj",
-                                   "GetFolders: GetFolders: Mode: RDO_Obj", "GetFolders: Done"}));
+    EXPECT_EQ(platform.Trace(), (Lines{"GetFolders: Refreshing view", "GetFolders: GetFolders: Mode: RDO_Obj",
+                                       "GetFolders: GetFolders: Mode: RDO_Obj", "GetFolders: Done"}));
 }
 
 TEST_F(RdoObjects, ASearchFolderAndAllBelowItAreLeftOut) {
@@ -92,11 +92,11 @@ TEST_F(RdoObjects, AFolderWithoutChildrenCostsSixCalls) {
 TEST_F(RdoObjects, WithoutASessionTheTreeIsEmptyAndTheErrorsAreTold) {
     Prepare(eISAccess_RDO_Objects);
     control->SetRDOSessionRef(nullptr);
-    host.ClearTrace();
+    platform.ClearTrace();
     control->RefreshList();
     EXPECT_EQ(Grid().RowCount(), 1);
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_TRUE(host.ErrorLines()[0].starts_with("Error in ctlFolderTree.GetFolders (?): [0x5B] "));
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_TRUE(platform.ErrorLines()[0].starts_with("Error in ctlFolderTree.GetFolders (?): [0x5B] "));
     ExpectIdle();
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "automation/Object.h"
-#include "shell/GridColumns.h"
+#include "rows/GridColumns.h"
 
 namespace foldertree::reference {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "reference/ControlFace.h"
-#include "shell/TreeGrid.h"
+#include "rows/TreeGrid.h"
 
 namespace foldertree::reference {
 

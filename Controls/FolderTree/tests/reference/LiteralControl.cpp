@@ -1,24 +1,24 @@
 // LiteralControl: properties, grid set-up, trace, yields and what is seen.
 #include "reference/LiteralControl.h"
 
+#include "common/Enumerations.h"
+#include "common/QuietPlatform.h"
 #include "reference/LiteralText.h"
-#include "shell/Enumerations.h"
-#include "shell/QuietHost.h"
 
 namespace foldertree::reference {
 
 using automation::Error;
 using automation::ObjectRef;
 
-LiteralControl::LiteralControl(ControlHost& host, automation::ObjectFactory& factory)
-    : host_(&host), factory_(factory) {
+LiteralControl::LiteralControl(ControlPlatform& platform, automation::ObjectFactory& factory)
+    : platform_(&platform), factory_(factory) {
     SetupGrid();
-    rowHeight_ = 19 * host.TwipsPerPixel();
+    rowHeight_ = 19 * platform.TwipsPerPixel();
     settings_.extendToLevel = 1;
 }
 
 void LiteralControl::Trace(const std::string& line) {
-    host_->TraceLine("ctlFolderTree: " + line);
+    platform_->TraceLine("ctlFolderTree: " + line);
 }
 
 void LiteralControl::TraceError(const std::string& opening, Detail detail, const Error& error) {
@@ -37,22 +37,22 @@ bool LiteralControl::Trap(const std::string& opening, Detail detail, const std::
 }
 
 void LiteralControl::Yield() {
-    host_->Yield();
+    platform_->Yield();
     if (closed_) throw ControlGone();
 }
 
 void LiteralControl::RaiseChanged() {
-    host_->RaiseChanged();
+    platform_->RaiseChanged();
     if (closed_) throw ControlGone();
 }
 
 void LiteralControl::PropertyChanged(const std::string& name) {
-    host_->PropertyChanged(name);
+    platform_->PropertyChanged(name);
     if (closed_) throw ControlGone();
 }
 
 void LiteralControl::Close() {
-    static QuietHost nobody;
+    static QuietPlatform nobody;
     closed_ = true;
     cancel_ = true;
     KillCollection(selection_);
@@ -60,18 +60,18 @@ void LiteralControl::Close() {
     singleItem_ = nullptr;
     cdoSession_ = nullptr;
     application_ = nullptr;
-    host_ = &nobody;
+    platform_ = &nobody;
 }
 
 void LiteralControl::AdvanceProgress(int32_t addToMax, int32_t addToValue) {
     if (addToMax > -1) progressMaximum_ += addToMax;
     if (addToValue > -1) progressValue_ += addToValue;
-    host_->SetProgress(progressMaximum_, progressValue_);
+    platform_->SetProgress(progressMaximum_, progressValue_);
     Yield();
 }
 
 void LiteralControl::ShowPath(const std::string& path) {
-    host_->SetProgressText(path);
+    platform_->SetProgressText(path);
     Yield();
 }
 
@@ -79,20 +79,20 @@ void LiteralControl::StartLoad() {
     cancel_ = false;
     refreshing_ = true;
     busy_ = true;
-    host_->ShowWaitPanel(true);
-    host_->SetProgressText("");
-    host_->SetBusyPointer(true);
+    platform_->ShowWaitPanel(true);
+    platform_->SetProgressText("");
+    platform_->SetBusyPointer(true);
 }
 
 void LiteralControl::ResetProgress() {
     progressMaximum_ = 1;
     progressValue_ = 0;
-    host_->SetProgress(1, 0);
+    platform_->SetProgress(1, 0);
 }
 
 void LiteralControl::EndLoad(bool wasRefreshing, bool wasBusy) {
-    host_->SetBusyPointer(false);
-    host_->ShowWaitPanel(false);
+    platform_->SetBusyPointer(false);
+    platform_->ShowWaitPanel(false);
     busy_ = wasBusy;
     refreshing_ = wasRefreshing;
 }
@@ -276,7 +276,7 @@ void LiteralControl::Localize(const std::string& index, const std::string& selec
         grid.SetCellText(0, colName, name);
         headingName_ = addressLists;
         if (grid.headingRow > 0) grid.SetCellText(grid.headingRow, colName, addressLists);
-        host_->SetWaitCaptions(pleaseWait, cancel);
+        platform_->SetWaitCaptions(pleaseWait, cancel);
     });
 }
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "automation/ObjectFactory.h"
+#include "common/ControlPlatform.h"
 #include "reference/ControlFace.h"
 #include "reference/LiteralGrid.h"
 #include "reference/LiteralItems.h"
-#include "shell/ControlHost.h"
 
 namespace foldertree::reference {
 
@@ -20,7 +20,7 @@ namespace foldertree::reference {
 class LiteralControl : public ControlFace {
   public:
     /// Neither is owned.
-    LiteralControl(ControlHost& host, automation::ObjectFactory& factory);
+    LiteralControl(ControlPlatform& platform, automation::ObjectFactory& factory);
 
     bool ToggleTick(int32_t row) override;
     bool MayEditIndex(int32_t row) override;
@@ -195,7 +195,7 @@ class LiteralControl : public ControlFace {
     void ExpandNode(int32_t row);
     void ExpandRow(Expansion& expansion, const Value& cells);
 
-    ControlHost* host_;
+    ControlPlatform* platform_;
     bool closed_ = false;
     automation::ObjectFactory& factory_;
 

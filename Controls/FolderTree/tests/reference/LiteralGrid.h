@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "shell/Colors.h"
-#include "shell/GridColumns.h"
-#include "shell/Pictures.h"
+#include "rows/Colors.h"
+#include "rows/GridColumns.h"
+#include "rows/Pictures.h"
 
 namespace foldertree::reference {
 

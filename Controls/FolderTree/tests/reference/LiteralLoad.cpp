@@ -1,8 +1,8 @@
 // LiteralLoad: the literal control's refresh and the folders that hierarchy tables tell of.
 #include "automation/Collection.h"
+#include "common/Enumerations.h"
 #include "reference/LiteralControl.h"
 #include "reference/LiteralText.h"
-#include "shell/Enumerations.h"
 
 namespace foldertree::reference {
 

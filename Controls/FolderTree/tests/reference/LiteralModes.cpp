@@ -1,8 +1,8 @@
 // LiteralModes: the literal control's folders that are read object by object, and its address lists.
 #include "automation/Collection.h"
+#include "common/Enumerations.h"
 #include "reference/LiteralControl.h"
 #include "reference/LiteralText.h"
-#include "shell/Enumerations.h"
 
 namespace foldertree::reference {
 

@@ -11,7 +11,7 @@
 #include "selection/Highlighting.h"
 #include "selection/OutlineCollapse.h"
 #include "selection/SelectionView.h"
-#include "support/FakeHost.h"
+#include "support/FakePlatform.h"
 
 namespace foldertree::reference {
 namespace {
@@ -27,18 +27,18 @@ class NoFactory : public automation::ObjectFactory {
 
 /// The parts of the control that ships, without the control around them.
 struct Parts {
-    testing::FakeHost host;
+    testing::FakePlatform platform;
     NoFactory factory;
-    ControlShell shell{host, factory};
-    SelectionSet set{shell};
-    SelectionView view{shell, set};
-    BulkSelection bulk{shell, set, view};
+    ControlContext context{platform, factory};
+    SelectionSet set{context};
+    SelectionView view{context, set};
+    BulkSelection bulk{context, set, view};
 };
 
 struct Literal {
-    testing::FakeHost host;
+    testing::FakePlatform platform;
     NoFactory factory;
-    LiteralControl control{host, factory};
+    LiteralControl control{platform, factory};
     std::shared_ptr<LiteralCollection> picks = std::make_shared<LiteralCollection>();
 };
 
@@ -52,7 +52,7 @@ class Twins {
                      .highlightTasks = Flag(),
                      .multiSelect = Below(5) > 0,
                      .allowIndexing = Flag()};
-        ControlState& state = parts.shell.state;
+        ControlState& state = parts.context.state;
         state.highlightContactFolders = settings_.highlightContacts;
         state.highlightJournalFolders = settings_.highlightJournals;
         state.highlightTaskFolders = settings_.highlightTasks;
@@ -69,7 +69,7 @@ class Twins {
     }
 
     void Compare() {
-        const TreeGrid& grid = parts.shell.grid;
+        const TreeGrid& grid = parts.context.grid;
         for (int32_t row = 0; row < grid.RowCount(); ++row) {
             const SeenRow seen = literal.control.SeeRow(row);
             EXPECT_EQ(grid.NodeState(row), seen.state) << row;
@@ -92,7 +92,7 @@ class Twins {
             EXPECT_EQ(item->Selected(), plain->selected) << position;
             EXPECT_EQ(item->Incomplete(), plain->incomplete) << position;
         }
-        EXPECT_EQ(parts.host.Trace(), literal.host.Trace());
+        EXPECT_EQ(parts.platform.Trace(), literal.platform.Trace());
     }
 
     Parts parts;
@@ -122,7 +122,7 @@ class Twins {
         const auto level = static_cast<int16_t>(Below(4));
         const bool grey = Below(6) == 0;
 
-        TreeGrid& grid = parts.shell.grid;
+        TreeGrid& grid = parts.context.grid;
         const int32_t row = grid.AddRow("");
         LiteralGrid& plain = literal.control.grid;
         plain.AddRow();
@@ -198,7 +198,7 @@ TEST(Operation, RenumberingIsTheSame) {
 
 TEST(Operation, PaintingRowsIsTheSame) {
     OnManyTrees([](Parts& parts, LiteralControl& literal) {
-        for (int32_t row = 1; row < parts.shell.grid.RowCount(); row += 3) {
+        for (int32_t row = 1; row < parts.context.grid.RowCount(); row += 3) {
             parts.view.MarkSelection(row);
             literal.MarkSelection(row);
         }
@@ -207,7 +207,7 @@ TEST(Operation, PaintingRowsIsTheSame) {
 
 TEST(Operation, HighlightingIsTheSame) {
     OnManyTrees([](Parts& parts, LiteralControl& literal) {
-        PerformHighlighting(parts.shell);
+        PerformHighlighting(parts.context);
         literal.PerformHighlighting();
     });
 }
@@ -237,14 +237,14 @@ TEST(Operation, SelectingByTypeIsTheSame) {
 
 TEST(Operation, CollapsingToTheSelectionIsTheSame) {
     OnManyTrees([](Parts& parts, LiteralControl& literal) {
-        CollapseToSelection(parts.shell);
+        CollapseToSelection(parts.context);
         literal.CollapseToSelection();
     });
 }
 
 TEST(Operation, CollapsingToATypeIsTheSame) {
     OnManyTrees([](Parts& parts, LiteralControl& literal) {
-        CollapseToType(parts.shell, FTITaskItem);
+        CollapseToType(parts.context, FTITaskItem);
         literal.CollapseToType(FTITaskItem);
     });
 }

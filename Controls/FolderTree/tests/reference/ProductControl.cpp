@@ -17,8 +17,8 @@ ItemRef ItemOf(const ObjectRef& object) {
 
 class ProductControl : public ControlFace {
   public:
-    ProductControl(ControlHost& host, automation::ObjectFactory& factory)
-        : control_(ctlFolderTree::Create(host, factory)),
+    ProductControl(ControlPlatform& platform, automation::ObjectFactory& factory)
+        : control_(ctlFolderTree::Create(platform, factory)),
           gestures_(control_->Grid(), *control_),
           listener_(control_->Grid()) {
         control_->UserControl_InitProperties();
@@ -141,8 +141,8 @@ const SeenItem* ProductControl::SeeItem(const ObjectRef& object, SeenItem& seen)
 
 }  // namespace
 
-std::unique_ptr<ControlFace> MakeProductControl(ControlHost& host, automation::ObjectFactory& factory) {
-    return std::make_unique<ProductControl>(host, factory);
+std::unique_ptr<ControlFace> MakeProductControl(ControlPlatform& platform, automation::ObjectFactory& factory) {
+    return std::make_unique<ProductControl>(platform, factory);
 }
 
 }  // namespace foldertree::reference

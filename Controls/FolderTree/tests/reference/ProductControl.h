@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "automation/ObjectFactory.h"
+#include "common/ControlPlatform.h"
 #include "reference/ControlFace.h"
-#include "shell/ControlHost.h"
 
 namespace foldertree::reference {
 
-std::unique_ptr<ControlFace> MakeProductControl(ControlHost& host, automation::ObjectFactory& factory);
+std::unique_ptr<ControlFace> MakeProductControl(ControlPlatform& platform, automation::ObjectFactory& factory);
 
 }  // namespace foldertree::reference

@@ -26,8 +26,8 @@ struct Options {
 };
 Options options;
 
-std::unique_ptr<ControlFace> MakeLiteralControl(ControlHost& host, automation::ObjectFactory& factory) {
-    return std::make_unique<LiteralControl>(host, factory);
+std::unique_ptr<ControlFace> MakeLiteralControl(ControlPlatform& platform, automation::ObjectFactory& factory) {
+    return std::make_unique<LiteralControl>(platform, factory);
 }
 
 /// The same as the literal control, but for one thing: it writes the number of the second pick with two digits.
@@ -41,8 +41,8 @@ class WrongControl : public LiteralControl {
     }
 };
 
-std::unique_ptr<ControlFace> MakeWrongControl(ControlHost& host, automation::ObjectFactory& factory) {
-    return std::make_unique<WrongControl>(host, factory);
+std::unique_ptr<ControlFace> MakeWrongControl(ControlPlatform& platform, automation::ObjectFactory& factory) {
+    return std::make_unique<WrongControl>(platform, factory);
 }
 
 /// What runs now: a sanitizer that ends the program says which sequence it was.

@@ -423,7 +423,7 @@ void World::DoProvider(const Event& event) {
     }
 }
 
-// ControlHost and CallSink
+// ControlPlatform and CallSink
 
 std::string World::PanelText() const {
     return std::string(panel_ ? "panel " : "no panel ") + (busyPointer_ ? "busy " : "idle ") +

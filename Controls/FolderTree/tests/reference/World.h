@@ -7,16 +7,16 @@
 #include <string>
 #include <vector>
 
+#include "common/ControlPlatform.h"
 #include "reference/ControlFace.h"
 #include "reference/Event.h"
 #include "reference/Mail.h"
-#include "shell/ControlHost.h"
 
 namespace foldertree::reference {
 
-using MakeControl = std::function<std::unique_ptr<ControlFace>(ControlHost&, automation::ObjectFactory&)>;
+using MakeControl = std::function<std::unique_ptr<ControlFace>(ControlPlatform&, automation::ObjectFactory&)>;
 
-class World : private ControlHost, private CallSink {
+class World : private ControlPlatform, private CallSink {
   public:
     explicit World(const MakeControl& make);
 
@@ -57,7 +57,7 @@ class World : private ControlHost, private CallSink {
     std::string Describe(const automation::ObjectRef& item) const;
     std::vector<std::string> DescribeHeld() const;
 
-    // ControlHost
+    // ControlPlatform
     void Yield() override;
     void SetBusyPointer(bool busy) override {
         AskedByControl();

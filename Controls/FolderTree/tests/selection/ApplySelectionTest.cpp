@@ -92,7 +92,7 @@ TEST_F(Applying, AnItemWithoutARowStaysIncompleteAndSurvivesReading) {
     EXPECT_EQ(KeysOf(read), (Lines{"SB2|0001", "SB2|00EE"}));
     EXPECT_FALSE(ItemsOf(read)[0]->Incomplete());
     EXPECT_TRUE(ItemsOf(read)[1]->Incomplete());
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Applying, ASelectionAssignedBeforeTheLoadIsShownAfterIt) {
@@ -141,7 +141,7 @@ TEST_F(Applying, SingleSelectWithoutAnItemOnlyUnticks) {
     Grid().SetCellText(Row("Inbox"), colSel, "-1");
     control->SetSelection(nullptr);
     EXPECT_FALSE(IsTicked(Grid(), Row("Inbox")));
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Applying, SingleSelectLooksForTheItemsOwnKeyOnly) {
@@ -264,7 +264,7 @@ TEST_F(Applying, AnIncompleteItemWhoseRowIsTickedIsTakenOutBeforeItIsPutInAgain)
     Grid().SetCellText(Row("Zoo"), colSel, "-1");
     Grid().SetCellText(Row("Zoo"), colIndex, "1");
     EXPECT_EQ(KeysOf(control->Selection()), Lines{"SB2|00EE"});
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Applying, ARowWhoseKeyIsTakenIsPassedOverWithAnErrorLine) {
@@ -275,8 +275,8 @@ TEST_F(Applying, ARowWhoseKeyIsTakenIsPassedOverWithAnErrorLine) {
     control->SetSelection(NewCollection());
     const Lines keys = SelectedKeys();
     EXPECT_EQ(keys, (Lines{"SB2|0003", "SB2|0001"}));
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_EQ(host.ErrorLines()[0].substr(0, 53), "Error in ctlFolderTree.RefreshSelection(?): 0x1C9] Th");
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines()[0].substr(0, 53), "Error in ctlFolderTree.RefreshSelection(?): 0x1C9] Th");
 }
 
 TEST_F(Applying, ARowWithASenselessNumberWhoseKeyIsTakenLeavesNoItemBehind) {
@@ -286,7 +286,7 @@ TEST_F(Applying, ARowWithASenselessNumberWhoseKeyIsTakenLeavesNoItemBehind) {
     Grid().SetCellText(Row("Zoo"), colSel, "-1");
     Grid().SetCellText(Row("Zoo"), colIndex, "99999999999");
     EXPECT_EQ(SelectedKeys(), Lines{"SB2|0001"});
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
 }
 
 TEST_F(Applying, AForeignObjectIsTickedAndStaysIncomplete) {
@@ -305,7 +305,7 @@ TEST_F(Applying, AForeignObjectIsTickedAndStaysIncomplete) {
     EXPECT_EQ(Cell("Inbox", colIndex), "3");
     EXPECT_EQ(BackColor(Grid(), Row("Inbox")), 0x0000FFFFu);
     EXPECT_TRUE(stranger->Held("Incomplete").ToBoolean());
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Applying, AnErrorWhileApplyingUnlocksTheGrid) {
@@ -313,8 +313,8 @@ TEST_F(Applying, AnErrorWhileApplyingUnlocksTheGrid) {
     const auto broken = std::make_shared<ScriptedObject>("Broken");
     broken->Items({Value("no object")});
     control->SetSelection(broken);
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_EQ(host.ErrorLines()[0].substr(0, 48), "Error in ctlFolderTree.ApplySelection(?): 0xD] T");
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines()[0].substr(0, 48), "Error in ctlFolderTree.ApplySelection(?): 0xD] T");
     ExpectIdle();
 }
 
@@ -322,19 +322,19 @@ TEST_F(Applying, AssigningNothingIsNoError) {
     Load();
     control->SetSelection(nullptr);
     EXPECT_EQ(control->Selection(), nullptr);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 /// The passes by themselves.
 class Passes : public Applying {
   protected:
     Passes() {
-        shell.state.multiSelect = true;
+        context.state.multiSelect = true;
         for (const char* entryID : {"01", "02", "03"}) {
-            const int32_t row = shell.grid.AddRow("");
-            shell.grid.SetCellText(row, colStoreID, "AB");
-            shell.grid.SetCellText(row, colEntryID, entryID);
-            shell.grid.SetCellText(row, colKey, std::string("SAB|") + entryID);
+            const int32_t row = context.grid.AddRow("");
+            context.grid.SetCellText(row, colStoreID, "AB");
+            context.grid.SetCellText(row, colEntryID, entryID);
+            context.grid.SetCellText(row, colKey, std::string("SAB|") + entryID);
         }
     }
     ItemRef Add(std::string_view entryID, bool selected = true) {
@@ -345,10 +345,10 @@ class Passes : public Applying {
         return item;
     }
 
-    FakeHost shellHost;
-    ControlShell shell{shellHost, factory};
-    SelectionSet set{shell};
-    SelectionView view{shell, set};
+    FakePlatform platform;
+    ControlContext context{platform, factory};
+    SelectionSet set{context};
+    SelectionView view{context, set};
 };
 
 TEST_F(Passes, ReIndexNumbersTheTickedItemsAndKeepsTheOthers) {
@@ -359,15 +359,15 @@ TEST_F(Passes, ReIndexNumbersTheTickedItemsAndKeepsTheOthers) {
     EXPECT_EQ(first->Index(), 1);
     EXPECT_EQ(unticked->Index(), 50);
     EXPECT_EQ(second->Index(), 2);
-    EXPECT_EQ(shell.grid.CellText(1, colIndex), "1");
-    EXPECT_EQ(shell.grid.CellText(3, colIndex), "2");
+    EXPECT_EQ(context.grid.CellText(1, colIndex), "1");
+    EXPECT_EQ(context.grid.CellText(3, colIndex), "2");
 }
 
 TEST_F(Passes, ReIndexWithoutACollectionDoesNothingAtAll) {
-    shell.grid.SetCellText(1, colSel, "-1");
-    shell.state.multiSelect = false;
+    context.grid.SetCellText(1, colSel, "-1");
+    context.state.multiSelect = false;
     view.ReIndex();
-    EXPECT_TRUE(IsTicked(shell.grid, 1));
+    EXPECT_TRUE(IsTicked(context.grid, 1));
     EXPECT_FALSE(set.dirty);
 }
 
@@ -379,18 +379,18 @@ TEST_F(Passes, ApplyingMarksTheSelectionForRebuilding) {
 }
 
 TEST_F(Passes, ANestedPassDoesNotUnlockARunningLoad) {
-    shell.state.gridBusy = true;
+    context.state.gridBusy = true;
     view.ApplySelection();
-    EXPECT_TRUE(shell.state.gridBusy);
-    shell.state.gridBusy = false;
+    EXPECT_TRUE(context.state.gridBusy);
+    context.state.gridBusy = false;
     view.ApplySelection();
-    EXPECT_FALSE(shell.state.gridBusy);
+    EXPECT_FALSE(context.state.gridBusy);
 }
 
 TEST_F(Passes, TheRebuildInsertsBeforeTheFirstNumberThatIsNotLess) {
     for (const int32_t row : {1, 2, 3}) {
-        shell.grid.SetCellText(row, colSel, "-1");
-        shell.grid.SetCellText(row, colIndex, "4");
+        context.grid.SetCellText(row, colSel, "-1");
+        context.grid.SetCellText(row, colIndex, "4");
     }
     view.RefreshSelection();
     EXPECT_EQ(KeysOf(set.collection), (Lines{"SAB|03", "SAB|02", "SAB|01"}));
@@ -403,7 +403,7 @@ TEST_F(Passes, TheRebuildMakesNoCollectionWhenNothingIsTicked) {
 
 TEST_F(Passes, MarkingARowThatDoesNotExistIsAnErrorLine) {
     view.MarkSelection(99);
-    EXPECT_EQ(shellHost.TraceCount("Error in ctlFolderTree.MarkSelection (0): [0x9] "), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.MarkSelection (0): [0x9] "), 1u);
 }
 
 TEST_F(Passes, AnErrorWhileReindexingIsTraced) {
@@ -411,8 +411,8 @@ TEST_F(Passes, AnErrorWhileReindexingIsTraced) {
     broken->Items({Value("no object")});
     set.collection = broken;
     view.ReIndex();
-    ASSERT_EQ(shellHost.ErrorLines().size(), 1u);
-    EXPECT_EQ(shellHost.ErrorLines()[0].substr(0, 42), "Error in ctlFolderTree.ReIndex(?): 0xD] Ty");
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines()[0].substr(0, 42), "Error in ctlFolderTree.ReIndex(?): 0xD] Ty");
     set.collection = nullptr;
 }
 

@@ -16,7 +16,7 @@ class BulkSelection : public ModeTest {
         mail.addressLists = {AddressList("Global", "G1")};
         control->SetAllowIndexing(true);
         LoadMode(eISAccess_RDO_Objects, 1);
-        host.changed = 0;
+        platform.changed = 0;
     }
 
     Lines TickedNames() {
@@ -36,7 +36,7 @@ class BulkSelection : public ModeTest {
         control->SetMultiSelect(false);
         Tick(name);
         ASSERT_NE(control->SelectedItem(), nullptr);
-        host.changed = 0;
+        platform.changed = 0;
     }
 };
 
@@ -49,14 +49,14 @@ TEST_F(BulkSelection, SelectNoneWithoutTicksChangesNothingButMarksTheSelectionFo
     EXPECT_EQ(Tree(), tree);
     Grid().SetCellText(Row("Zoo"), colSel, "-1");
     EXPECT_EQ(SelectedKeys(), Lines{"SB2|0012"});
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(BulkSelection, SelectNoneUnticksPaintsAndTakesOutItems) {
     Tick("Zoo");
     Tick("People");
     Tick("Global");
-    host.changed = 0;
+    platform.changed = 0;
     control->SelectNone();
     EXPECT_EQ(TickedNames(), Lines{});
     EXPECT_EQ(Cell("Zoo", colSel), "0");
@@ -64,7 +64,7 @@ TEST_F(BulkSelection, SelectNoneUnticksPaintsAndTakesOutItems) {
     EXPECT_EQ(BackColor(Grid(), Row("Zoo")), colors::window);
     EXPECT_FALSE(IsBold(Grid(), Row("Zoo")));
     EXPECT_EQ(SelectedKeys(), Lines{});
-    EXPECT_EQ(host.changed, 0) << "the event tells what the user did";
+    EXPECT_EQ(platform.changed, 0) << "the event tells what the user did";
 }
 
 TEST_F(BulkSelection, SelectNoneKeepsItemsThatMatchNoRow) {
@@ -91,7 +91,7 @@ TEST_F(BulkSelection, SelectAllTicksNoStoreHeadingPlaceholderOrUnpickableRow) {
     EXPECT_EQ(Cell("Inbox", colIndex), "1");
     EXPECT_EQ(Cell("Global", colIndex), "7");
     EXPECT_EQ(BackColor(Grid(), Row("Zoo")), colors::ticked);
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(BulkSelection, RowsThatAreNothingToPickAreKnownByTheirKindInAnyLetterCase) {
@@ -139,14 +139,14 @@ TEST_F(BulkSelection, SelectAllDoesNothingInSingleSelect) {
 TEST_F(BulkSelection, SelectByTypeLeavesOnlyThatTypePicked) {
     Tick("Zoo");
     Tick("Diary");
-    host.changed = 0;
+    platform.changed = 0;
     control->SelectByType(FTIContactItem, false);
     EXPECT_EQ(TickedNames(), Lines{"People"});
     EXPECT_EQ(Cell("People", colIndex), "1");
     EXPECT_EQ(Cell("Zoo", colIndex), " ");
     EXPECT_EQ(BackColor(Grid(), Row("Zoo")), colors::window);
     EXPECT_EQ(SelectedKeys(), Lines{"SB2|0002"});
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(BulkSelection, SelectByTypeInAdditionNumbersTheNewFoldersAfterThePickThatStays) {
@@ -214,7 +214,7 @@ TEST_F(BulkSelection, AnErrorInSelectByTypeLeavesOutWhatWasTakenOutBefore) {
     Grid().SetCellText(Row("People"), colKey, "another key");
     control->SelectByType(FTIContactItem, false);
     EXPECT_EQ(ItemsOf(collection), std::vector{people});
-    EXPECT_EQ(host.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines().size(), 1u);
 }
 
 TEST_F(BulkSelection, SelectByTypeMailPicksAddressListsToo) {
@@ -242,15 +242,15 @@ TEST_F(BulkSelection, AFailingCollectionIsToldInOneLineEach) {
     collection->Fails("Count", automation::Error(0x80004005, "Broken."));
     collection->Fails("Add", automation::Error(0x80004005, "Broken."));
     control->SetSelection(collection);
-    host.ClearTrace();
+    platform.ClearTrace();
     control->SelectNone();
     control->SelectByType(FTIContactItem, true);
-    const Lines errors = host.ErrorLines();
+    const Lines errors = platform.ErrorLines();
     EXPECT_EQ(std::count(errors.begin(), errors.end(), "Error in ctlFolderTree.SelectNone(?): 0x80004005] Broken."), 1);
     EXPECT_EQ(std::count(errors.begin(), errors.end(), "Error in ctlFolderTree.SelectByType(?): 0x80004005] Broken."),
               1);
     control->SelectAll();
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.SelectAll("), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.SelectAll("), 1u);
     control->SetSelection(nullptr);
 }
 

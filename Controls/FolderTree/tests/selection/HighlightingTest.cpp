@@ -1,7 +1,7 @@
 // HighlightingTest: contact, journal and task folders stand out when the host asks for it.
 #include "selection/Highlighting.h"
 
-#include "shell/GridSetup.h"
+#include "common/GridSetup.h"
 #include "support/ControlTest.h"
 
 namespace foldertree::testing {
@@ -13,7 +13,7 @@ TEST_F(Highlights, AnEmptyTreeStaysAsItIs) {
     control->SetHighlightTaskFolders(true);
     EXPECT_EQ(control->ListCount(), 0);
     EXPECT_FALSE(IsBold(Grid(), 0));
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Highlights, TaskFoldersTurnBoldAndBackAgain) {
@@ -46,41 +46,42 @@ TEST_F(Highlights, TheThreeFlagsActIndependently) {
 class Pass : public ::testing::Test {
   protected:
     Pass() {
-        SetupGrid(shell);
+        SetupGrid(context);
         for (int type = -1; type <= 13; ++type) {
-            const int32_t row = shell.grid.AddRow("");
-            shell.grid.SetCellText(row, colItemType, std::to_string(type));
-            shell.grid.SetCellFormat(CellSetting::Bold, row, 0, row, 13, 1);
+            const int32_t row = context.grid.AddRow("");
+            context.grid.SetCellText(row, colItemType, std::to_string(type));
+            context.grid.SetCellFormat(CellSetting::Bold, row, 0, row, 13, 1);
         }
     }
     int32_t RowOfType(int type) { return type + 2; }
 
-    FakeHost host;
+    FakePlatform platform;
     automation::testing::ScriptedObjectFactory factory;
-    ControlShell shell{host, factory};
+    ControlContext context{platform, factory};
 };
 
 TEST_F(Pass, NoOtherTypeIsEverBold) {
-    shell.state.highlightContactFolders = shell.state.highlightJournalFolders = shell.state.highlightTaskFolders = true;
-    PerformHighlighting(shell);
+    context.state.highlightContactFolders = context.state.highlightJournalFolders = context.state.highlightTaskFolders =
+        true;
+    PerformHighlighting(context);
     for (int type = -1; type <= 13; ++type)
-        EXPECT_EQ(IsBold(shell.grid, RowOfType(type)), type == 2 || type == 3 || type == 4) << type;
+        EXPECT_EQ(IsBold(context.grid, RowOfType(type)), type == 2 || type == 3 || type == 4) << type;
 }
 
 TEST_F(Pass, ARowOfButtonFaceColourKeepsItsBold) {
-    shell.grid.SetCellFormat(CellSetting::BackColor, RowOfType(0), 0, colors::buttonFace);
-    shell.grid.SetCellFormat(CellSetting::BackColor, RowOfType(1), 1, colors::buttonFace);
-    PerformHighlighting(shell);
-    EXPECT_TRUE(IsBold(shell.grid, RowOfType(0)));
-    EXPECT_FALSE(IsBold(shell.grid, RowOfType(1))) << "only the first cell counts";
+    context.grid.SetCellFormat(CellSetting::BackColor, RowOfType(0), 0, colors::buttonFace);
+    context.grid.SetCellFormat(CellSetting::BackColor, RowOfType(1), 1, colors::buttonFace);
+    PerformHighlighting(context);
+    EXPECT_TRUE(IsBold(context.grid, RowOfType(0)));
+    EXPECT_FALSE(IsBold(context.grid, RowOfType(1))) << "only the first cell counts";
 }
 
 TEST_F(Pass, TheForeColourIsNeitherSetNorCleared) {
-    shell.grid.SetCellFormat(CellSetting::ForeColor, RowOfType(0), colName, colors::buttonShadow);
-    shell.state.highlightContactFolders = true;
-    PerformHighlighting(shell);
-    EXPECT_EQ(ForeColor(shell.grid, RowOfType(0)), 0x80000010u);
-    EXPECT_EQ(ForeColor(shell.grid, RowOfType(1)), 0x80000012u);
+    context.grid.SetCellFormat(CellSetting::ForeColor, RowOfType(0), colName, colors::buttonShadow);
+    context.state.highlightContactFolders = true;
+    PerformHighlighting(context);
+    EXPECT_EQ(ForeColor(context.grid, RowOfType(0)), 0x80000010u);
+    EXPECT_EQ(ForeColor(context.grid, RowOfType(1)), 0x80000012u);
 }
 
 TEST_F(Highlights, AFolderGreyedByAWalkStaysGreyUntilTheNextRefresh) {

@@ -39,7 +39,7 @@ TEST_F(ItemLookup, AFolderThatIsNotReadYetGivesNothing) {
     EXPECT_EQ(control->GetMsgItem("B2", "0021"), nullptr);
     Open("Projects");
     EXPECT_NE(control->GetMsgItem("B2", "0021"), nullptr);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(ItemLookup, OnlyTheIdentifierThatTheTreeHasIsFound) {
@@ -47,7 +47,7 @@ TEST_F(ItemLookup, OnlyTheIdentifierThatTheTreeHasIsFound) {
     EXPECT_EQ(control->GetMsgItem("B2", "EF11"), nullptr) << "the other flags byte";
     EXPECT_EQ(control->GetMsgItem("B2", ""), nullptr);
     EXPECT_EQ(control->GetMsgItem("", "0011"), nullptr) << "another store, or none";
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(ItemLookup, FoldersOfTheMailClientAreNotFound) {
@@ -60,7 +60,7 @@ TEST_F(ItemLookup, NothingIsSelected) {
     LoadMode(eISAccess_RDO_Objects);
     control->GetMsgItem("B2", "0011");
     EXPECT_EQ(SelectedKeys(), Lines{});
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 }  // namespace

@@ -82,12 +82,12 @@ TEST_F(OutlineCollapse, TicksSelectionAndRowsStayAsTheyAre) {
     Tick("A12");
     const Lines keys = SelectedKeys();
     const Lines names = NamesOf(Grid());
-    host.changed = 0;
+    platform.changed = 0;
     control->CollapseToSelection();
     control->CollapseToType(FTITaskItem);
     EXPECT_EQ(SelectedKeys(), keys);
     EXPECT_EQ(NamesOf(Grid()), names);
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 /// A view of the grid that fails when one row opens or closes.
@@ -114,15 +114,15 @@ TEST_F(OutlineCollapse, AnErrorTellsWhereTheWalkStoodAndCostsItsRowOnly) {
     FailingView view(Row("A1"));
     Grid().AddObserver(&view);
     control->CollapseToSelection();
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToSelection" + place});
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToSelection" + place});
     EXPECT_EQ(Opened(), Lines{}) << "the other rows are folded";
     Grid().RemoveObserver(&view);
 
     Grid().SetNodeState(Row("A1"), nodeExpanded);
-    host.ClearTrace();
+    platform.ClearTrace();
     Grid().AddObserver(&view);
     control->CollapseToType(FTIContactItem);
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToType" + place});
+    EXPECT_EQ(platform.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToType" + place});
     Grid().RemoveObserver(&view);
 }
 
@@ -131,8 +131,9 @@ TEST_F(OutlineCollapse, AnErrorAtARowThatHasNothingBehindItTellsTheNextRow) {
     Grid().AddObserver(&view);
     control->CollapseToSelection();
     ASSERT_EQ(Row("C1"), 13);
-    EXPECT_EQ(host.ErrorLines(), Lines{"Error in ctlFolderTree.CollapseToSelection_Recurse(?): 0x80004005] No view. "
-                                       "CUR: 14, Start: 13, Finish: 14, Level: 2"});
+    EXPECT_EQ(platform.ErrorLines(),
+              Lines{"Error in ctlFolderTree.CollapseToSelection_Recurse(?): 0x80004005] No view. "
+                    "CUR: 14, Start: 13, Finish: 14, Level: 2"});
     Grid().RemoveObserver(&view);
 }
 
@@ -140,7 +141,7 @@ TEST_F(OutlineCollapse, AnEmptyTreeIsNoError) {
     Grid().SetRowCount(1);
     control->CollapseToSelection();
     control->CollapseToType(FTIMailItem);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(OutlineCollapse, ALongListOfFoldersIsFoldedQuickly) {

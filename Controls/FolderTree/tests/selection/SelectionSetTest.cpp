@@ -2,8 +2,8 @@
 #include "selection/SelectionSet.h"
 
 #include "automation/Collection.h"
+#include "common/GridSetup.h"
 #include "selection/SelectionView.h"
-#include "shell/GridSetup.h"
 #include "support/ControlTest.h"
 
 namespace foldertree::testing {
@@ -140,7 +140,7 @@ TEST_F(Selection, KillCollectionOfNothingDoesNothing) {
     ObjectRef variable;
     control->KillCollection(variable);
     EXPECT_EQ(variable, nullptr);
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(platform.Trace(), Lines{});
 }
 
 TEST_F(Selection, KillCollectionRemovesFromTheFront) {
@@ -176,10 +176,10 @@ class Holders : public ::testing::Test {
         return item;
     }
 
-    FakeHost host;
+    FakePlatform platform;
     automation::testing::ScriptedObjectFactory factory;
-    ControlShell shell{host, factory};
-    SelectionSet set{shell};
+    ControlContext context{platform, factory};
+    SelectionSet set{context};
 };
 
 TEST_F(Holders, AnItemIsRemovedByItsKeyWithoutRegardToCase) {
@@ -198,7 +198,7 @@ TEST_F(Holders, OnlyTheFirstItemWithTheKeyIsRemoved) {
 
 TEST_F(Holders, NothingIsRemovedWithoutACollection) {
     EXPECT_FALSE(set.RemoveSelItemByKey("SAB|CD"));
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(platform.Trace(), Lines{});
 }
 
 TEST_F(Holders, AnItemIsFoundByItsKey) {
@@ -211,7 +211,7 @@ TEST_F(Holders, AFailedLookupIsNothingAndNoError) {
     EXPECT_FALSE(set.GetSelItemByKey("SAB|CD"));
     set.collection = std::make_shared<ScriptedObject>("Broken");
     EXPECT_FALSE(set.GetSelItemByKey("SAB|CD"));
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(platform.Trace(), Lines{});
 }
 
 TEST_F(Holders, TheHighestIndexIsTheLargestOfAll) {
@@ -230,12 +230,12 @@ TEST_F(Holders, TheHighestIndexIsNeverBelowZero) {
 }
 
 TEST_F(Holders, AnItemMadeFromARowHasTheRowsCells) {
-    SetupGrid(shell);
-    const int32_t row = shell.grid.AddRow("-1");
+    SetupGrid(context);
+    const int32_t row = context.grid.AddRow("-1");
     const std::vector<std::pair<int, const char*>> cells{
         {colIndex, "4"},      {colName, "Inbox"},        {colItemType, "9"},     {colStoreID, "AB"},
         {colEntryID, "00CD"}, {colEntryIDShort, "EFCD"}, {colFolderRecID, "12"}, {colPath, "Box\\Inbox"}};
-    for (const auto& [col, text] : cells) shell.grid.SetCellText(row, col, text);
+    for (const auto& [col, text] : cells) context.grid.SetCellText(row, col, text);
     const ItemRef item = set.CreateSelItemFromRow(row);
     EXPECT_EQ(item->Name(), "Inbox");
     EXPECT_EQ(item->Index(), 4);
@@ -249,9 +249,9 @@ TEST_F(Holders, AnItemMadeFromARowHasTheRowsCells) {
 }
 
 TEST_F(Holders, AnItemMadeFromAnAddressListRowIsOne) {
-    SetupGrid(shell);
-    const int32_t row = shell.grid.AddRow("");
-    shell.grid.SetCellText(row, colAddressListID, "X1");
+    SetupGrid(context);
+    const int32_t row = context.grid.AddRow("");
+    context.grid.SetCellText(row, colAddressListID, "X1");
     const ItemRef item = set.CreateSelItemFromRow(row);
     EXPECT_TRUE(item->IsAddressList());
     EXPECT_EQ(item->Key(), "LX1");
@@ -259,30 +259,30 @@ TEST_F(Holders, AnItemMadeFromAnAddressListRowIsOne) {
 }
 
 TEST_F(Holders, TheBooleanOfATickIsWhetherItsNumberIsNotZero) {
-    SetupGrid(shell);
-    const int32_t row = shell.grid.AddRow("");
+    SetupGrid(context);
+    const int32_t row = context.grid.AddRow("");
     for (const auto& [text, ticked] : std::vector<std::pair<const char*, bool>>{
              {"-1", true}, {"0", false}, {"", false}, {" ", false}, {"True", true}, {"False", false}, {"2", true}}) {
-        shell.grid.SetCellText(row, colSel, text);
+        context.grid.SetCellText(row, colSel, text);
         EXPECT_EQ(set.CreateSelItemFromRow(row)->Selected(), ticked) << text;
     }
 }
 
 TEST_F(Holders, ANumberTooLargeForAnIndexIsAnErrorLineAndTheItemSoFar) {
-    SetupGrid(shell);
-    const int32_t row = shell.grid.AddRow("");
-    shell.grid.SetCellText(row, colName, "Inbox");
-    shell.grid.SetCellText(row, colIndex, "9999999999");
+    SetupGrid(context);
+    const int32_t row = context.grid.AddRow("");
+    context.grid.SetCellText(row, colName, "Inbox");
+    context.grid.SetCellText(row, colIndex, "9999999999");
     const ItemRef item = set.CreateSelItemFromRow(row);
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(item->Name(), "Inbox");
-    ASSERT_EQ(host.ErrorLines().size(), 1u);
-    EXPECT_EQ(host.ErrorLines()[0].substr(0, 58), "Error in ctlFolderTree.CreateSelItemFromRow (?): [0x6] Ove");
+    ASSERT_EQ(platform.ErrorLines().size(), 1u);
+    EXPECT_EQ(platform.ErrorLines()[0].substr(0, 58), "Error in ctlFolderTree.CreateSelItemFromRow (?): [0x6] Ove");
 }
 
 TEST_F(Holders, ARowThatDoesNotExistIsAnErrorLine) {
     set.CreateSelItemFromRow(77);
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.CreateSelItemFromRow (0): [0x9] "), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.CreateSelItemFromRow (0): [0x9] "), 1u);
 }
 
 TEST_F(Holders, AForeignObjectThatCannotBeReadIsAnErrorLine) {
@@ -291,8 +291,9 @@ TEST_F(Holders, AForeignObjectThatCannotBeReadIsAnErrorLine) {
     automation::Collection(set.collection).Add(Value(stranger), "K");
     EXPECT_EQ(set.GetHighIndex(), 0);
     EXPECT_FALSE(set.RemoveSelItemByKey("K"));
-    EXPECT_EQ(host.ErrorLines(), (Lines{"Error in ctlFolderTree.GetHighIndex(?): [0x80020006] Unknown name.",
-                                        "Error in ctlFolderTree.RemoveSelItemByKey(?): [0x80020006] Unknown name."}));
+    EXPECT_EQ(platform.ErrorLines(),
+              (Lines{"Error in ctlFolderTree.GetHighIndex(?): [0x80020006] Unknown name.",
+                     "Error in ctlFolderTree.RemoveSelItemByKey(?): [0x80020006] Unknown name."}));
 }
 
 TEST_F(Selection, AHostMayChangeItsCollectionInsideTheEvent) {
@@ -300,15 +301,15 @@ TEST_F(Selection, AHostMayChangeItsCollectionInsideTheEvent) {
     const auto collection = NewCollection();
     control->SetSelection(collection);
     Tick("Inbox");
-    host.onChanged = [&] {
+    platform.onChanged = [&] {
         while (collection->Count() > 0) collection->Remove(Value(int32_t{1}));
         AddItem(*collection, HostItem("B2", "0004"));
     };
     Tick("People");
-    host.onChanged = nullptr;
+    platform.onChanged = nullptr;
     control->SetSelection(collection);
     EXPECT_TRUE(IsTicked(Grid(), Row("To do")));
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 }  // namespace

@@ -55,7 +55,7 @@ TEST_F(Editing, InSingleSelectAnUntickLeavesNoSelectedItem) {
     Untick("Inbox");
     EXPECT_EQ(control->SelectedItem(), nullptr);
     EXPECT_FALSE(IsTicked(Grid(), Row("Inbox")));
-    EXPECT_EQ(host.changed, 2);
+    EXPECT_EQ(platform.changed, 2);
 }
 
 TEST_F(Editing, InSingleSelectNoCollectionIsMade) {
@@ -87,10 +87,10 @@ TEST_F(Editing, ATickBehindTheLargestNumberThereIsEndsInAnErrorLine) {
     Load();
     Tick("People");
     ItemsOf(control->Selection())[0]->SetIndex(2147483647);
-    host.ClearTrace();
+    platform.ClearTrace();
     Tick("Zoo");
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.fgd_AfterEdit("), 1u);
-    EXPECT_EQ(host.TraceCount("0x6] "), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.fgd_AfterEdit("), 1u);
+    EXPECT_EQ(platform.TraceCount("0x6] "), 1u);
     EXPECT_EQ(SelectedKeys().size(), 2u) << "both ticks stand";
     ExpectIdle();
 }
@@ -183,36 +183,36 @@ TEST_F(Editing, OtherColumnsMayNotBeEdited) {
 
 TEST_F(Editing, ATickRaisesChangedOnceAndWritesSixLines) {
     Load();
-    host.ClearTrace();
+    platform.ClearTrace();
     Tick("Projects");
-    EXPECT_EQ(host.changed, 1);
-    EXPECT_EQ(host.Trace(), (Lines{"Selection changed on", "  Mailbox\\Inbox\\Projects", " SID = B2", " EID = 0011",
-                                   " EIDShort = EF11", " AID = "}));
-    host.ClearTrace();
+    EXPECT_EQ(platform.changed, 1);
+    EXPECT_EQ(platform.Trace(), (Lines{"Selection changed on", "  Mailbox\\Inbox\\Projects", " SID = B2", " EID = 0011",
+                                       " EIDShort = EF11", " AID = "}));
+    platform.ClearTrace();
     Untick("Projects");
-    EXPECT_EQ(host.changed, 2);
-    EXPECT_EQ(host.Trace().size(), 6u);
+    EXPECT_EQ(platform.changed, 2);
+    EXPECT_EQ(platform.Trace().size(), 6u);
 }
 
 TEST_F(Editing, AnAcceptedNumberRaisesChangedOnceAndWritesNothing) {
     LoadIndexed();
     for (const char* name : {"People", "Zoo"}) Tick(name);
-    host.ClearTrace();
-    host.changed = 0;
+    platform.ClearTrace();
+    platform.changed = 0;
     Type("Zoo", "1");
-    EXPECT_EQ(host.changed, 1);
-    EXPECT_EQ(host.Trace(), Lines{});
+    EXPECT_EQ(platform.changed, 1);
+    EXPECT_EQ(platform.Trace(), Lines{});
 }
 
 TEST_F(Editing, TheLinesOfATickFollowTheEventAndReadTheRowThen) {
     Load();
-    host.ClearTrace();
-    host.onChanged = [this] {
-        EXPECT_EQ(host.Trace(), Lines{});
+    platform.ClearTrace();
+    platform.onChanged = [this] {
+        EXPECT_EQ(platform.Trace(), Lines{});
         Grid().SetCellText(Row("Inbox"), colPath, "changed meanwhile");
     };
     Tick("Inbox");
-    EXPECT_EQ(host.Trace()[1], "  changed meanwhile");
+    EXPECT_EQ(platform.Trace()[1], "  changed meanwhile");
 }
 
 TEST_F(Editing, ATypedNumberMovesAnItemDownToThatPosition) {
@@ -250,11 +250,11 @@ TEST_F(Editing, ANumberBeyondAllGoesToTheEnd) {
 TEST_F(Editing, ANumberBeyond32BitsIsAnErrorLineAndLosesNothing) {
     LoadIndexed();
     Tick("Inbox");
-    host.changed = 0;
-    host.ClearTrace();
+    platform.changed = 0;
+    platform.ClearTrace();
     Type("Inbox", "9999999999");
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.CreateSelItemFromRow ("), 1u);
-    EXPECT_EQ(host.TraceCount("[0x6] "), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.CreateSelItemFromRow ("), 1u);
+    EXPECT_EQ(platform.TraceCount("[0x6] "), 1u);
     EXPECT_EQ(SelectedKeys(), Lines{"SB2|0001"}) << "the tick is not lost";
     ExpectIdle();
 }
@@ -262,9 +262,9 @@ TEST_F(Editing, ANumberBeyond32BitsIsAnErrorLineAndLosesNothing) {
 TEST_F(Editing, ATypedNumberWithoutIndexingDoesNothing) {
     Load();
     Tick("Inbox");
-    host.changed = 0;
+    platform.changed = 0;
     Type("Inbox", "5");
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(Editing, AnEditOfAnotherColumnOnlyRepaints) {
@@ -272,18 +272,18 @@ TEST_F(Editing, AnEditOfAnotherColumnOnlyRepaints) {
     Grid().SetCellText(Row("Inbox"), colSel, "-1");
     control->fgd_AfterEdit(Row("Inbox"), colName);
     EXPECT_EQ(BackColor(Grid(), Row("Inbox")), 0x0000FFFFu);
-    EXPECT_EQ(host.changed, 0);
-    EXPECT_EQ(host.TraceCount("Selection changed on"), 0u);
+    EXPECT_EQ(platform.changed, 0);
+    EXPECT_EQ(platform.TraceCount("Selection changed on"), 0u);
 }
 
 TEST_F(Editing, ADoubleClickOnALeafTicksIt) {
     Load();
     DoubleClick("Alpha");
     EXPECT_TRUE(IsTicked(Grid(), Row("Alpha")));
-    EXPECT_EQ(host.changed, 1);
+    EXPECT_EQ(platform.changed, 1);
     DoubleClick("Alpha");
     EXPECT_EQ(Cell("Alpha", colSel), "0");
-    EXPECT_EQ(host.changed, 2);
+    EXPECT_EQ(platform.changed, 2);
 }
 
 TEST_F(Editing, ADoubleClickOnANodeWithChildrenOnlyTogglesIt) {
@@ -293,7 +293,7 @@ TEST_F(Editing, ADoubleClickOnANodeWithChildrenOnlyTogglesIt) {
     EXPECT_FALSE(IsTicked(Grid(), Row("Inbox")));
     DoubleClick("Inbox");
     EXPECT_EQ(Grid().NodeState(Row("Inbox")), 0);
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(Editing, ADoubleClickOnTheLastRowNeverTicks) {
@@ -302,8 +302,8 @@ TEST_F(Editing, ADoubleClickOnTheLastRowNeverTicks) {
     DoubleClick("Old mail");
     EXPECT_FALSE(IsTicked(Grid(), Row("Old mail")));
     EXPECT_EQ(Grid().NodeState(Row("Old mail")), 2);
-    EXPECT_EQ(host.changed, 0);
-    EXPECT_EQ(host.ErrorLines(), Lines{});
+    EXPECT_EQ(platform.changed, 0);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
 }
 
 TEST_F(Editing, ADoubleClickTicksARowWhoseBoxMayNotBeEdited) {
@@ -320,7 +320,7 @@ TEST_F(Editing, ADoubleClickOnTheHeaderDoesNothing) {
     const Lines tree = Tree();
     control->fgd_DblClick();
     EXPECT_EQ(Tree(), tree);
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(Editing, ADoubleClickOnAnUnreadNodeReadsItsChildren) {
@@ -334,9 +334,9 @@ TEST_F(Editing, ADoubleClickOnAnUnreadNodeReadsItsChildren) {
 TEST_F(Editing, NothingReactsWhileALoadRuns) {
     Load();
     int reactions = 0;
-    host.onYield = [&](int) {
+    platform.onYield = [&](int) {
         if (Grid().RowCount() < 4) return;
-        host.onYield = nullptr;
+        platform.onYield = nullptr;
         const Lines before = Tree();
         EXPECT_TRUE(MayEdit("Inbox", colName)) << "an edit is allowed";
         EXPECT_TRUE(Accepts("Inbox", "abc"));
@@ -349,7 +349,7 @@ TEST_F(Editing, NothingReactsWhileALoadRuns) {
     };
     control->RefreshList();
     EXPECT_EQ(reactions, 1);
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(Editing, AnErrorBeforeTheEventStopsTheHandlerAndKeepsTheTick) {
@@ -358,46 +358,46 @@ TEST_F(Editing, AnErrorBeforeTheEventStopsTheHandlerAndKeepsTheTick) {
     broken->Items({});
     broken->Fails("Add", automation::Error(0x80004005, "Full."));
     control->SetSelection(broken);
-    host.ClearTrace();
+    platform.ClearTrace();
     Tick("Inbox");
-    EXPECT_EQ(host.Trace(), Lines{"Error in ctlFolderTree.fgd_AfterEdit(?): 0x80004005] Full."});
+    EXPECT_EQ(platform.Trace(), Lines{"Error in ctlFolderTree.fgd_AfterEdit(?): 0x80004005] Full."});
     EXPECT_EQ(Cell("Inbox", colSel), "-1");
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(Editing, AnotherRowThanThoseOfTheTreeIsAnErrorLine) {
     Load();
-    host.ClearTrace();
+    platform.ClearTrace();
     bool cancel = false;
     control->fgd_BeforeEdit(999, colSel, cancel);
-    EXPECT_EQ(host.TraceCount("Error in ctlFolderTree.fgd_BeforeEdit (0): [0x9] "), 1u);
+    EXPECT_EQ(platform.TraceCount("Error in ctlFolderTree.fgd_BeforeEdit (0): [0x9] "), 1u);
     control->fgd_AfterEdit(999, colSel);
-    EXPECT_EQ(host.changed, 0);
+    EXPECT_EQ(platform.changed, 0);
 }
 
 TEST_F(Editing, TheControlMayBeClosedInsideTheEvent) {
     Load();
-    host.onChanged = [this] {
+    platform.onChanged = [this] {
         control->Close();
-        host.closed = true;
+        platform.closed = true;
     };
     Tick("Inbox");
-    EXPECT_EQ(host.callsAfterClose, 0);
-    EXPECT_EQ(host.TraceCount("Selection changed on"), 0u);
+    EXPECT_EQ(platform.callsAfterClose, 0);
+    EXPECT_EQ(platform.TraceCount("Selection changed on"), 0u);
 }
 
 TEST_F(Editing, TheControlMayBeDroppedInsideTheEvent) {
     Load();
-    host.onChanged = [this] {
+    platform.onChanged = [this] {
         control->Close();
         control.reset();
-        host.closed = true;
+        platform.closed = true;
     };
     ctlFolderTree& raw = *control;
     const int32_t row = Row("Inbox");
     Grid().SetCellText(row, colSel, "-1");
     raw.fgd_AfterEdit(row, colSel);
-    EXPECT_EQ(host.callsAfterClose, 0);
+    EXPECT_EQ(platform.callsAfterClose, 0);
     EXPECT_EQ(control, nullptr);
 }
 

@@ -88,13 +88,13 @@ Lines KeysOf(const ObjectRef& collection) {
 
 ControlTest::ControlTest() : liveBefore(ScriptedObject::LiveCount()) {
     factory.On("NOXMAPI.NOXMAPIUtils", [this] { return mailbox.Utilities(); });
-    control = ctlFolderTree::Create(host, factory);
+    control = ctlFolderTree::Create(platform, factory);
     control->UserControl_InitProperties();
 }
 
 void ControlTest::TearDown() {
     control.reset();
-    host.ambientFont = nullptr;
+    platform.ambientFont = nullptr;
     factory = automation::testing::ScriptedObjectFactory();  // makers may hold objects
     EXPECT_EQ(ScriptedObject::LiveCount(), liveBefore) << "an outside object was not released";
 }
@@ -106,7 +106,7 @@ void ControlTest::Load(int32_t extendToLevel) {
     bag.values["ExtendToLevel"] = Value(extendToLevel);
     control->UserControl_ReadProperties(bag);
     control->SetRDOSessionRef(mailbox.Session());
-    host.ClearTrace();
+    platform.ClearTrace();
     control->RefreshList();
 }
 
@@ -146,8 +146,8 @@ ItemRef ControlTest::HostItem(std::string_view storeID, std::string_view entryID
 }
 
 void ControlTest::ExpectIdle() {
-    EXPECT_FALSE(host.panelVisible);
-    EXPECT_FALSE(host.busyPointer);
+    EXPECT_FALSE(platform.panelVisible);
+    EXPECT_FALSE(platform.busyPointer);
     EXPECT_FALSE(control->Refreshing());
     // The grid-busy flag shows in what it does: while it is set no edit is refused.
     bool cancel = false;

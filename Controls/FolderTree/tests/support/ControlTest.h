@@ -11,8 +11,8 @@
 #include "automation/KeyedCollection.h"
 #include "ctlFolderTree.h"
 #include "support/FakeBag.h"
-#include "support/FakeHost.h"
 #include "support/FakeMailbox.h"
+#include "support/FakePlatform.h"
 
 namespace foldertree::testing {
 
@@ -67,7 +67,7 @@ class ControlTest : public ::testing::Test {
     void ExpectIdle();
 
     int liveBefore = 0;  ///< scripted objects when the test began
-    FakeHost host;
+    FakePlatform platform;
     FakeMailbox mailbox = SmallMailbox();
     automation::testing::ScriptedObjectFactory factory;
     std::shared_ptr<ctlFolderTree> control;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "automation/Error.h"
-#include "shell/PropertyBag.h"
+#include "common/PropertyBag.h"
 
 namespace foldertree::testing {
 

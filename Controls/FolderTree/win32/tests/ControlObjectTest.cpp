@@ -9,9 +9,9 @@
 #include "PoisonedMemory.h"
 #include "WindowFixture.h"
 #include "automation_win32/ModuleLock.h"
-#include "win32/ControlInterfaces.h"
-#include "win32/ControlObject.h"
-#include "win32/ControlPlatform.h"
+#include "win32/com/ControlInterfaces.h"
+#include "win32/com/ControlObject.h"
+#include "win32/com/WindowsPlatform.h"
 
 namespace foldertree {
 namespace {

@@ -1,5 +1,5 @@
 // ControlWindowTest: the control's window with its wait panel, in and out of a host window.
-#include "win32/ControlWindow.h"
+#include "win32/window/ControlWindow.h"
 
 #include "WindowFixture.h"
 

@@ -9,8 +9,8 @@
 #include "automation/Collection.h"
 #include "automation_win32/ComObjectFactory.h"
 #include "automation_win32/Crossing.h"
-#include "shell/GridColumns.h"
-#include "win32/ControlObject.h"
+#include "rows/GridColumns.h"
+#include "win32/com/ControlObject.h"
 
 namespace foldertree {
 namespace {

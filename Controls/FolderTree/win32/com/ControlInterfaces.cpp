@@ -1,0 +1,46 @@
+// ControlInterfaces: the COM interfaces of the control, one part each.
+#include "win32/com/ControlInterfaces.h"
+
+#include "win32/com/ControlObject.h"
+
+namespace foldertree {
+
+ControlInterfaces::ControlInterfaces(ControlObject& object)
+    : dispatch(object),
+      oleObject(object),
+      oleControl(object),
+      inPlace(object),
+      activeObject(object),
+      view(object),
+      propertyBag(object),
+      stream(object),
+      connectionPoints(object),
+      classInfo(object) {}
+
+void* ControlInterfaces::Find(REFIID iid) {
+    const struct {
+        const IID& iid;
+        void* part;
+    } parts[] = {
+        {IID_IDispatch, static_cast<IDispatch*>(&dispatch)},
+        {__uuidof(_ctlFolderTree), static_cast<_ctlFolderTree*>(&dispatch)},
+        {IID_IOleObject, static_cast<IOleObject*>(&oleObject)},
+        {IID_IOleControl, static_cast<IOleControl*>(&oleControl)},
+        {IID_IOleWindow, static_cast<IOleWindow*>(&inPlace)},
+        {IID_IOleInPlaceObject, static_cast<IOleInPlaceObject*>(&inPlace)},
+        {IID_IOleInPlaceActiveObject, static_cast<IOleInPlaceActiveObject*>(&activeObject)},
+        {IID_IViewObject, static_cast<IViewObject*>(&view)},
+        {IID_IViewObject2, static_cast<IViewObject2*>(&view)},
+        {IID_IPersistPropertyBag, static_cast<IPersistPropertyBag*>(&propertyBag)},
+        {IID_IPersist, static_cast<IPersist*>(&stream)},
+        {IID_IPersistStreamInit, static_cast<IPersistStreamInit*>(&stream)},
+        {IID_IConnectionPointContainer, static_cast<IConnectionPointContainer*>(&connectionPoints)},
+        {IID_IProvideClassInfo, static_cast<IProvideClassInfo*>(&classInfo)},
+        {IID_IProvideClassInfo2, static_cast<IProvideClassInfo2*>(&classInfo)},
+    };
+    for (const auto& entry : parts)
+        if (entry.iid == iid) return entry.part;
+    return nullptr;
+}
+
+}  // namespace foldertree

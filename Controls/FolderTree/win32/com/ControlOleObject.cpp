@@ -1,0 +1,153 @@
+// ControlOleObject: IOleObject of the control.
+#include "win32/com/ControlOleObject.h"
+
+#include "FolderTree.idl.h"
+#include "win32/com/ControlInterfaces.h"
+#include "win32/com/ControlObject.h"
+
+namespace foldertree {
+
+ControlOleObject::ControlOleObject(ControlObject& object) : ComPart(object), object_(object) {}
+
+HRESULT ControlOleObject::SetClientSite(IOleClientSite* site) {
+    const ControlObject::Use use(object_);
+    if (site == nullptr) object_.Interfaces().inPlace.InPlaceDeactivate();
+    object_.Site().Set(site);
+    object_.Window().SetUserMode(object_.Site().UserMode());
+    return S_OK;
+}
+
+HRESULT ControlOleObject::GetClientSite(IOleClientSite** site) {
+    if (site == nullptr) return E_POINTER;
+    *site = object_.Site().Get();
+    if (*site != nullptr) (*site)->AddRef();
+    return S_OK;
+}
+
+HRESULT ControlOleObject::SetHostNames(LPCOLESTR, LPCOLESTR) {
+    return S_OK;
+}
+
+void ControlOleObject::SaveIfAsked(DWORD saveOption) {
+    if (saveOption == OLECLOSE_NOSAVE || !object_.dirty || object_.Site().Get() == nullptr) return;
+    const automation::ComPtr<IOleClientSite> site = object_.Site().Get();
+    site->SaveObject();
+}
+
+HRESULT ControlOleObject::Close(DWORD saveOption) {
+    const ControlObject::Use use(object_);
+    SaveIfAsked(saveOption);
+    object_.End();
+    const automation::ComPtr<IOleAdviseHolder> advises = advises_;
+    if (advises != nullptr) advises->SendOnClose();
+    return S_OK;
+}
+
+HRESULT ControlOleObject::SetMoniker(DWORD, IMoniker*) {
+    return E_NOTIMPL;
+}
+
+HRESULT ControlOleObject::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
+    if (moniker == nullptr) return E_POINTER;
+    *moniker = nullptr;
+    return E_NOTIMPL;
+}
+
+HRESULT ControlOleObject::InitFromData(IDataObject*, BOOL, DWORD) {
+    return E_NOTIMPL;
+}
+
+HRESULT ControlOleObject::GetClipboardData(DWORD, IDataObject** data) {
+    if (data == nullptr) return E_POINTER;
+    *data = nullptr;
+    return E_NOTIMPL;
+}
+
+HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, LPCRECT) {
+    const ControlObject::Use use(object_);
+    ControlInPlaceObject& inPlace = object_.Interfaces().inPlace;
+    switch (verb) {
+        case OLEIVERB_INPLACEACTIVATE:
+        case OLEIVERB_SHOW:
+            return inPlace.Activate();
+        case OLEIVERB_PRIMARY:
+        case OLEIVERB_UIACTIVATE:
+            return inPlace.ActivateUI();
+        case OLEIVERB_HIDE:
+            return inPlace.InPlaceDeactivate();
+        case OLEIVERB_DISCARDUNDOSTATE:
+            return S_OK;
+        default:
+            // A positive number is a verb that the container invented; negative ones are optional verbs of OLE.
+            return verb > 0 ? OLEOBJ_S_INVALIDVERB : E_NOTIMPL;
+    }
+}
+
+HRESULT ControlOleObject::EnumVerbs(IEnumOLEVERB** verbs) {
+    if (verbs == nullptr) return E_POINTER;
+    *verbs = nullptr;
+    return OLEOBJ_E_NOVERBS;
+}
+
+HRESULT ControlOleObject::Update() {
+    return S_OK;
+}
+
+HRESULT ControlOleObject::IsUpToDate() {
+    return S_OK;
+}
+
+HRESULT ControlOleObject::GetUserClassID(CLSID* clsid) {
+    if (clsid == nullptr) return E_POINTER;
+    *clsid = __uuidof(::ctlFolderTree);
+    return S_OK;
+}
+
+HRESULT ControlOleObject::GetUserType(DWORD form, LPOLESTR* name) {
+    return OleRegGetUserType(__uuidof(::ctlFolderTree), form, name);
+}
+
+HRESULT ControlOleObject::SetExtent(DWORD aspect, SIZEL* extent) {
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    if (extent == nullptr) return E_POINTER;
+    if (extent->cx < 0 || extent->cy < 0) return E_INVALIDARG;
+    extent_ = *extent;
+    return S_OK;
+}
+
+HRESULT ControlOleObject::GetExtent(DWORD aspect, SIZEL* extent) {
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    if (extent == nullptr) return E_POINTER;
+    *extent = extent_;
+    return S_OK;
+}
+
+HRESULT ControlOleObject::Advise(IAdviseSink* sink, DWORD* connection) {
+    if (advises_ == nullptr) {
+        const HRESULT result = CreateOleAdviseHolder(advises_.GetAddressOf());
+        if (FAILED(result)) return result;
+    }
+    return advises_->Advise(sink, connection);
+}
+
+HRESULT ControlOleObject::Unadvise(DWORD connection) {
+    return advises_ != nullptr ? advises_->Unadvise(connection) : OLE_E_NOCONNECTION;
+}
+
+HRESULT ControlOleObject::EnumAdvise(IEnumSTATDATA** connections) {
+    if (connections == nullptr) return E_POINTER;
+    *connections = nullptr;
+    return advises_ != nullptr ? advises_->EnumAdvise(connections) : S_OK;
+}
+
+HRESULT ControlOleObject::GetMiscStatus(DWORD aspect, DWORD* status) {
+    if (status == nullptr) return E_POINTER;
+    *status = aspect == DVASPECT_CONTENT ? controlMiscStatus : 0;
+    return S_OK;
+}
+
+HRESULT ControlOleObject::SetColorScheme(LOGPALETTE*) {
+    return E_NOTIMPL;
+}
+
+}  // namespace foldertree

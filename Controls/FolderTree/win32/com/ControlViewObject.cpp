@@ -1,0 +1,66 @@
+// ControlViewObject: IViewObject2 of the control: its picture for containers that draw it themselves.
+#include "win32/com/ControlViewObject.h"
+
+#include <utility>
+
+#include "automation_win32/ComError.h"
+#include "win32/com/ControlInterfaces.h"
+#include "win32/com/ControlObject.h"
+
+namespace foldertree {
+
+ControlViewObject::ControlViewObject(ControlObject& object) : ComPart(object), object_(object) {}
+
+void ControlViewObject::SendViewChange() {
+    const automation::ComPtr<IAdviseSink> sink = sink_;
+    if (sink == nullptr) return;
+    if ((flags_ & ADVF_ONLYONCE) != 0) sink_ = nullptr;
+    sink->OnViewChange(DVASPECT_CONTENT, -1);
+}
+
+HRESULT ControlViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC dc, LPCRECTL bounds, LPCRECTL,
+                                BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    if (bounds == nullptr || dc == nullptr) return E_INVALIDARG;
+    const ControlObject::Use use(object_);
+    return automation::ComBoundary([&] {
+        object_.Window().Draw(dc, {bounds->left, bounds->top, bounds->right, bounds->bottom});
+        return S_OK;
+    });
+}
+
+HRESULT ControlViewObject::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colors) {
+    if (colors == nullptr) return E_POINTER;
+    *colors = nullptr;
+    return S_FALSE;
+}
+
+HRESULT ControlViewObject::Freeze(DWORD, LONG, void*, DWORD*) {
+    return E_NOTIMPL;
+}
+
+HRESULT ControlViewObject::Unfreeze(DWORD) {
+    return E_NOTIMPL;
+}
+
+HRESULT ControlViewObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
+    const ControlObject::Use use(object_);
+    sink_ = sink;
+    aspects_ = aspects;
+    flags_ = flags;
+    if (sink != nullptr && (flags & ADVF_PRIMEFIRST) != 0) SendViewChange();
+    return S_OK;
+}
+
+HRESULT ControlViewObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
+    if (aspects != nullptr) *aspects = aspects_;
+    if (flags != nullptr) *flags = flags_;
+    if (sink != nullptr) *sink = automation::ComPtr<IAdviseSink>(sink_).Detach();
+    return S_OK;
+}
+
+HRESULT ControlViewObject::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL extent) {
+    return object_.Interfaces().oleObject.GetExtent(aspect, extent);
+}
+
+}  // namespace foldertree

@@ -1,0 +1,22 @@
+// FolderTreeServer: the classes of FolderTree.ocx.
+#include <windows.h>
+
+#include "FolderTree.idl.h"
+#include "automation_win32/ComServer.h"
+#include "automation_win32/Crossing.h"
+#include "win32/com/ControlObject.h"
+#include "win32/com/ControlOleObject.h"
+#include "win32/com/FolderTreeItem.h"
+
+automation::ComServer automation::DescribeServer(HMODULE module) {
+    constexpr WORD toolbarBitmap = 1;
+    foldertree::RegisterItemClass();
+    return {
+        module,
+        true,
+        {{__uuidof(ctlFolderTree), L"FolderTree.ctlFolderTree", L"FolderTree control",
+          [] { return foldertree::ControlObject::Create(); }, foldertree::controlMiscStatus, toolbarBitmap},
+         {__uuidof(clsFolderTreeItem), L"FolderTree.clsFolderTreeItem", L"FolderTree item",
+          [] { return ToCom(std::make_shared<foldertree::clsFolderTreeItem>()); }}},
+    };
+}

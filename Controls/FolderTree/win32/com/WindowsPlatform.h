@@ -1,0 +1,49 @@
+// WindowsPlatform: what the control asks of Windows and of its container.
+#pragma once
+
+#include "win32/WindowsNames.h"
+
+#include "automation_win32/ComObjectFactory.h"
+#include "common/ControlPlatform.h"
+#include "win32/window/ControlWindow.h"
+
+namespace foldertree {
+
+class ControlObject;
+
+class WindowsPlatform final : public ControlPlatform {
+  public:
+    explicit WindowsPlatform(ControlObject& object) : object_(object) {}
+    WindowsPlatform(const WindowsPlatform&) = delete;
+    WindowsPlatform& operator=(const WindowsPlatform&) = delete;
+
+    automation::ObjectFactory& Factory() { return factory_; }
+    /// From now on there is a window to show things in. The core is made before its window.
+    void Attach(ControlWindow& window) { window_ = &window; }
+
+    /// The container asks for silence; one `Changed` stands for all that were held back.
+    void FreezeEvents(bool freeze);
+
+    void Yield() override;
+    void SetBusyPointer(bool busy) override;
+    void ShowWaitPanel(bool visible) override;
+    void SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel) override;
+    void SetProgressText(std::string_view path) override;
+    void SetProgress(double maximum, double value) override;
+    automation::ObjectRef CreateFont(std::string_view name) override;
+    automation::ObjectRef AmbientFont() override;
+    int TwipsPerPixel() override;
+    void RaiseChanged() override;
+    void PropertyChanged(std::string_view name) override;
+    /// A line for which there is no memory is lost.
+    void TraceLine(std::string_view line) noexcept override;
+
+  private:
+    ControlObject& object_;
+    ControlWindow* window_ = nullptr;
+    automation::ComObjectFactory factory_;
+    int freezes_ = 0;
+    bool heldBack_ = false;
+};
+
+}  // namespace foldertree

@@ -1,0 +1,244 @@
+// ControlWindow: the control's own window, with the grid and the wait panel in it.
+#include "win32/window/ControlWindow.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "ctlFolderTree.h"
+
+namespace foldertree {
+namespace {
+
+constexpr UINT_PTR frameTimer = 1;
+constexpr int borderWidth = 1;
+
+}  // namespace
+
+ControlWindow::ControlWindow(ctlFolderTree& control, WindowKeeper& keeper)
+    : ControlWindow(ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }}, keeper) {}
+
+ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
+    : Window(L"ctlFolderTree", keeper),
+      parts_(std::move(parts)),
+      grid_(parts_.grid, parts_.events, keeper, [this] { NoteStale(); }),
+      panel_(keeper, parts_.cancel, [this] { OnFocusMoved(); }) {
+    grid_.SetFocusHandler([this] { OnFocusMoved(); });
+}
+
+ControlWindow::~ControlWindow() {
+    grid_.AbandonEdit();
+    DestroyHandle();
+}
+
+HWND ControlWindow::Create(HWND parent, const RECT& place) {
+    if (Handle() != nullptr) return Handle();
+    timerRuns_ = false;
+    if (CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS) == nullptr)
+        return nullptr;
+    RECT inner{};
+    GetClientRect(Handle(), &inner);
+    grid_.Create(Handle(), inner);
+    panel_.Create(Handle());
+    SetUserMode(userMode_);
+    return Handle();
+}
+
+void ControlWindow::Destroy() {
+    DestroyHandle();
+    OnFocusMoved();
+}
+
+void ControlWindow::Move(const RECT& place) {
+    if (Handle() == nullptr) return;
+    MoveWindow(Handle(), place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
+}
+
+void ControlWindow::OnHandleGone() {
+    timerRuns_ = false;
+    OnFocusMoved();
+    if (goneHandler_) goneHandler_();
+}
+
+// ---- The wait panel
+
+void ControlWindow::ShowWaitPanel(bool visible) {
+    const HWND focus = GetFocus();
+    const bool focusInPanel = panel_.Handle() != nullptr && focus != nullptr && IsChild(panel_.Handle(), focus);
+    panel_.Show(visible);
+    // The Cancel button that the user pressed takes the focus with it into hiding.
+    if (!visible && focusInPanel && Handle() != nullptr) SetFocus(grid_.Handle());
+    FlushPaint();
+}
+
+void ControlWindow::SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel) {
+    panel_.SetCaptions(pleaseWait, cancel);
+    NoteStale();
+}
+
+void ControlWindow::SetProgressText(std::string_view path) {
+    panel_.SetPath(path);
+    ShowWhenDue();
+}
+
+void ControlWindow::SetProgress(double maximum, double value) {
+    panel_.SetProgress(maximum, value);
+    ShowWhenDue();
+}
+
+// ---- Frames
+
+void ControlWindow::NoteStale() {
+    if (Handle() == nullptr || timerRuns_) return;
+    timerRuns_ = SetTimer(Handle(), frameTimer, static_cast<UINT>(FrameClock::frame.count()), nullptr) != 0;
+}
+
+void ControlWindow::ShowWhenDue() {
+    if (Handle() == nullptr) return;
+    if (clock_.Due())
+        DrawFrame();
+    else
+        NoteStale();
+}
+
+void ControlWindow::DrawFrame() {
+    if (timerRuns_) KillTimer(Handle(), frameTimer);
+    timerRuns_ = false;
+    grid_.Refresh();
+    panel_.Refresh();
+    if (Handle() == nullptr) return;
+    UpdateWindow(grid_.Handle());
+    UpdateWindow(panel_.Handle());
+    clock_.Drawn();
+}
+
+void ControlWindow::FlushPaint() {
+    if (Handle() == nullptr) return;
+    UpdateWindow(Handle());
+    if (Handle() != nullptr) DrawFrame();
+}
+
+void ControlWindow::FontChanged() {
+    grid_.ReloadFont();
+}
+
+// ---- Input
+
+void ControlWindow::SetUserMode(bool userMode) {
+    userMode_ = userMode;
+    if (Handle() != nullptr) EnableWindow(Handle(), userMode);
+}
+
+bool ControlWindow::IsMine(HWND window) const {
+    return Handle() != nullptr && window != nullptr && (window == Handle() || IsChild(Handle(), window));
+}
+
+// Called once too often rather than too seldom: a window that is destroyed need not hear that it lost the focus.
+void ControlWindow::OnFocusMoved() {
+    const bool inside = IsMine(GetFocus());
+    if (std::exchange(focusInside_, inside) != inside && focusHandler_) focusHandler_(inside);
+}
+
+bool ControlWindow::TranslateAccelerator(MSG& message) {
+    if (Handle() == nullptr || !userMode_) return false;
+    const bool escape = message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE;
+    if (escape && panel_.Visible() && GetAncestor(message.hwnd, GA_ROOT) == GetAncestor(Handle(), GA_ROOT)) {
+        parts_.cancel();
+        return true;
+    }
+    if (!IsMine(message.hwnd) || !grid_.WantsKey(message)) return false;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+    return true;
+}
+
+void ControlWindow::SetBusyPointer(bool busy) {
+    if (busy_ == busy) return;
+    busy_ = busy;
+    POINT point{};
+    if (Handle() == nullptr || !GetCursorPos(&point)) return;
+    const HWND under = WindowFromPoint(point);
+    if (IsMine(under)) SetPointer(under);
+}
+
+// The hourglass stands everywhere but on the Cancel button, which can be pressed all the time.
+bool ControlWindow::SetPointer(HWND under) {
+    const bool onButton = GetParent(under) == panel_.Handle();
+    SetCursor(LoadCursorW(nullptr, busy_ && !onButton ? IDC_WAIT : IDC_ARROW));
+    return true;
+}
+
+// ---- Painting
+
+void ControlWindow::PaintBorder() {
+    const HDC dc = GetWindowDC(Handle());
+    RECT frame{};
+    GetWindowRect(Handle(), &frame);
+    OffsetRect(&frame, -frame.left, -frame.top);
+    FrameRect(dc, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+    ReleaseDC(Handle(), dc);
+}
+
+void ControlWindow::Draw(HDC dc, const RECT& bounds) {
+    POINT corners[2] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
+    LPtoDP(dc, corners, 2);
+    const SIZE pixels{std::abs(corners[1].x - corners[0].x), std::abs(corners[1].y - corners[0].y)};
+    if (pixels.cx <= 2 * borderWidth || pixels.cy <= 2 * borderWidth) return;
+    // By way of a bitmap, so that printers and metafiles with units of their own get the picture of the screen.
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, pixels.cx, pixels.cy);
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    SetViewportOrgEx(memory, borderWidth, borderWidth, nullptr);
+    grid_.Draw(memory, {pixels.cx - 2 * borderWidth, pixels.cy - 2 * borderWidth});
+    SetViewportOrgEx(memory, 0, 0, nullptr);
+    const RECT frame{0, 0, pixels.cx, pixels.cy};
+    FrameRect(memory, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+    StretchBlt(dc, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, memory, 0, 0,
+               pixels.cx, pixels.cy, SRCCOPY);
+    SelectObject(memory, before);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+}
+
+LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_NCCALCSIZE: {
+            auto* area = reinterpret_cast<RECT*>(lParam);
+            InflateRect(area, -borderWidth, -borderWidth);
+            area->right = std::max(area->right, area->left);
+            area->bottom = std::max(area->bottom, area->top);
+            return 0;
+        }
+        case WM_NCPAINT:
+            PaintBorder();
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_SIZE: {
+            RECT inner{};
+            GetClientRect(Handle(), &inner);
+            if (grid_.Handle() != nullptr) MoveWindow(grid_.Handle(), 0, 0, inner.right, inner.bottom, TRUE);
+            panel_.Centre();
+            return 0;
+        }
+        case WM_TIMER:
+            if (wParam == frameTimer) DrawFrame();
+            return 0;
+        case WM_SETFOCUS:
+            if (grid_.Handle() != nullptr) SetFocus(grid_.Handle());
+            return 0;
+        case WM_SETCURSOR:
+            if (LOWORD(lParam) != HTCLIENT) break;
+            // An open editor keeps its own pointer.
+            if (!busy_ && reinterpret_cast<HWND>(wParam) != grid_.Handle()) break;
+            SetPointer(reinterpret_cast<HWND>(wParam));
+            return TRUE;
+        default:
+            break;
+    }
+    return Window::OnMessage(message, wParam, lParam);
+}
+
+}  // namespace foldertree

@@ -1,0 +1,94 @@
+// ControlWindow: the control's own window, with the grid and the wait panel in it.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "win32/FrameClock.h"
+#include "win32/GridWindow.h"
+#include "win32/Window.h"
+#include "win32/window/WaitPanel.h"
+
+namespace foldertree {
+
+class ctlFolderTree;
+
+/// What the window shows and drives; it outlives the window.
+struct ControlParts {
+    TreeGrid& grid;
+    GridEvents& events;
+    std::function<void()> cancel;  ///< the user wants the running load to stop
+};
+
+/// Keeps captions, panel and progress whether it has a window or not, so that a control without one works in full; each
+/// new HWND shows the state as it is then. Texts are UTF-8. Whoever calls a member keeps the object until it returns,
+/// since the host may end the control wherever it hears of something.
+/// Changes of the grid, the path and the progress reach the screen at most about 60 times a second, however many come;
+/// the last ones follow by a timer, so none is lost.
+class ControlWindow : public Window {
+  public:
+    ControlWindow(ctlFolderTree& control, WindowKeeper& keeper);
+    ControlWindow(ControlParts parts, WindowKeeper& keeper);
+    ~ControlWindow() override;
+
+    HWND Create(HWND parent, const RECT& place);
+    void Destroy();
+    void Move(const RECT& place);
+
+    // The wait panel
+    void ShowWaitPanel(bool visible);
+    void SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel);
+    void SetProgressText(std::string_view path);
+    void SetProgress(double maximum, double value);
+
+    void SetBusyPointer(bool busy);
+    /// False in a form designer: the control is painted and takes no input.
+    void SetUserMode(bool userMode);
+    /// The members of the font object changed (the grid is told only of a new object).
+    void FontChanged();
+    /// Shows everything that is still waiting for its frame.
+    void FlushPaint();
+
+    /// Takes the keys that the control wants before its container does. While the wait panel is up, Esc belongs to it
+    /// wherever the focus is in the same top-level window: whoever pumps messages during a load asks here first.
+    bool TranslateAccelerator(MSG& message);
+
+    /// Draws the control into `bounds` (logical units of `dc`), with or without a window.
+    void Draw(HDC dc, const RECT& bounds);
+
+    /// Called when the focus comes into the control (true) or leaves it (false), but not when it moves inside.
+    void SetFocusHandler(std::function<void(bool)> handler) { focusHandler_ = std::move(handler); }
+    /// Called when the HWND went away by itself, with its parent.
+    void SetGoneHandler(std::function<void()> handler) { goneHandler_ = std::move(handler); }
+
+    const GridWindow& Grid() const { return grid_; }
+    const WaitPanel& Panel() const { return panel_; }
+
+  protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnHandleGone() override;
+
+  private:
+    /// Notes that something is to be shown; makes sure that a frame follows.
+    void NoteStale();
+    /// As NoteStale, and shows it at once when a frame is due.
+    void ShowWhenDue();
+    void DrawFrame();
+    bool IsMine(HWND window) const;
+    void OnFocusMoved();
+    void PaintBorder();
+    bool SetPointer(HWND under);
+
+    ControlParts parts_;
+    std::function<void(bool)> focusHandler_;
+    std::function<void()> goneHandler_;
+    bool focusInside_ = false;  ///< as the handler was last told
+    FrameClock clock_;
+    bool timerRuns_ = false;
+    bool busy_ = false;
+    bool userMode_ = true;
+    GridWindow grid_;
+    WaitPanel panel_;
+};
+
+}  // namespace foldertree

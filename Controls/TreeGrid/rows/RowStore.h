@@ -1,0 +1,120 @@
+// RowStore: the rows behind the tree grid, stored so that a million of them fit and are found by key.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "rows/GridColumns.h"
+#include "rows/KeyIndex.h"
+#include "rows/RowSequence.h"
+#include "rows/RowStyles.h"
+#include "rows/TextArena.h"
+#include "rows/TextPool.h"
+
+namespace foldertree {
+
+/// Rows by number and by identity; the caller passes numbers, ids and columns that exist. A row's own texts (name,
+/// path, identifiers) lie in an arena, the cells that rows share (kind, type, store ...) are numbers of pooled texts,
+/// and a key that can be put together from the row's identifiers is not stored at all.
+class RowStore {
+  public:
+    /// More rows than this are refused as out of memory; the rows alone would take 3 GB.
+    static constexpr int32_t maxCount = 0x02000000;
+
+    RowStore();
+    RowStore(const RowStore&) = delete;
+    RowStore& operator=(const RowStore&) = delete;
+
+    int32_t Count() const { return order_.Count(); }
+    RowId At(int32_t number) const { return order_.At(number); }
+    int32_t NumberOf(RowId row) const { return order_.NumberOf(row); }
+
+    /// A new, empty row before the row that now has the number; with number Count(), at the end.
+    /// Throws automation::Error 0x8007000E beyond maxCount.
+    RowId Insert(int32_t number);
+    void Remove(int32_t number);
+    /// Adds a copy of another store's row at the end.
+    void AppendCopy(const RowStore& from, RowId row);
+
+    std::string Text(RowId row, int col) const;
+    /// The text of any cell but colKey's, valid until the store changes.
+    std::string_view View(RowId row, int col) const;
+    /// False when the cell has this text already. The text may be a view of this store.
+    bool SetText(RowId row, int col, std::string_view text);
+    double Number(RowId row, int col) const;
+
+    /// The number of the first row from `start` on whose cell equals the text without regard to case; -1 for none.
+    int32_t Find(std::string_view text, int32_t start, int col) const;
+
+    const RowStyle& Style(RowId row) const { return styles_[Record(row).style]; }
+    /// False when the row looks like that already.
+    bool ChangeStyle(RowId row, const StyleChange& change);
+
+    int16_t Level(RowId row) const { return Record(row).level; }
+    void SetLevel(RowId row, int16_t level) { Record(row).level = level; }
+    bool IsNode(RowId row) const { return Has(row, isNode); }
+    void SetIsNode(RowId row, bool on) { Set(row, isNode, on); }
+    bool IsCollapsed(RowId row) const { return Has(row, isCollapsed); }
+    void SetIsCollapsed(RowId row, bool on) { Set(row, isCollapsed, on); }
+
+    size_t MemoryUse() const;
+    size_t OwnTextBytes() const { return ownTexts_.LiveBytes(); }
+
+  private:
+    static constexpr int pooledCells = 9;
+    static constexpr int ownCells = 5;
+    enum Flag : uint8_t { isNode = 1, isCollapsed = 2, keyIsDerived = 4 };
+
+    /// One cache line a row.
+    struct RowRecord {
+        TextPool::Id pooled[pooledCells] = {};
+        TextArena::Ref own[ownCells] = {};
+        RowStyles::Id style = 0;
+        int16_t level = 0;
+        uint8_t flags = 0;
+    };
+    static constexpr size_t recordsPerBlock = 1024;
+
+    RowRecord& Record(RowId row) { return blocks_[row / recordsPerBlock][row % recordsPerBlock]; }
+    const RowRecord& Record(RowId row) const { return blocks_[row / recordsPerBlock][row % recordsPerBlock]; }
+    bool Has(RowId row, Flag flag) const { return (Record(row).flags & flag) != 0; }
+    void Set(RowId row, Flag flag, bool on);
+    RowId TakeRecord();
+
+    bool SetPooled(RowRecord& record, int col, std::string_view text);
+    bool SetOwn(RowRecord& record, int col, std::string_view text);
+    void ReplaceOwn(TextArena::Ref& ref, std::string_view text);
+    bool SetKey(RowId row, std::string_view text);
+    void KeepKey(RowRecord& record, int col);
+    void CompactOwnTexts();
+
+    const PooledText& StoreOf(const RowRecord& record) const;
+    std::string_view EntryOf(const RowRecord& record) const;
+    bool HasKey(const RowRecord& record) const;
+    std::string KeyOf(const RowRecord& record) const;
+    bool IsDerivedKey(const RowRecord& record, std::string_view text) const;
+    bool KeyIs(const RowRecord& record, std::string_view text) const;
+    bool KeyEquals(const RowRecord& record, std::string_view text) const;
+    bool KeysEqual(const RowRecord& a, const RowRecord& b) const;
+    uint32_t HashOfKey(const RowRecord& record) const;
+    void EnterKey(RowId row);
+    void WithdrawKey(RowId row);
+    int32_t FindKey(std::string_view text, int32_t start) const;
+    int32_t Scan(std::string_view text, int32_t start, int col) const;
+
+    std::vector<std::unique_ptr<RowRecord[]>> blocks_;
+    std::vector<RowId> freeRows_;
+    RowId nextRow_ = 0;
+    RowSequence order_;
+    TextArena ownTexts_;
+    TextPool pool_;
+    TextPool::Id lastPooled_[pooledCells] = {};  ///< the text that was written last in each column; holds a reference
+    RowStyles styles_;
+    KeyIndex keys_{order_};
+};
+
+}  // namespace foldertree

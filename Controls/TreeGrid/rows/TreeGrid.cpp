@@ -1,0 +1,431 @@
+// TreeGrid: the grid's operations over its row store, its outline and its columns.
+#include "rows/TreeGrid.h"
+
+#include <algorithm>
+#include <array>
+
+#include "automation/Error.h"
+#include "rows/Outline.h"
+#include "rows/RowStore.h"
+
+namespace foldertree {
+
+namespace {
+
+[[noreturn]] void ThrowSubscript() {
+    throw automation::VbError(automation::errors::subscript);
+}
+[[noreturn]] void ThrowInvalidCall() {
+    throw automation::VbError(automation::errors::invalidCall);
+}
+
+void CheckColumn(int col) {
+    if (col < 0 || col >= gridColumnCount) ThrowSubscript();
+}
+
+void CheckSetting(CellSetting setting, uint32_t value) {
+    switch (setting) {
+        case CellSetting::Picture:
+            if (value >= static_cast<uint32_t>(pictureCount)) ThrowInvalidCall();
+            return;
+        case CellSetting::PictureAlignment:
+            if (value > UINT8_MAX) ThrowInvalidCall();
+            return;
+        case CellSetting::BackColor:
+        case CellSetting::ForeColor:
+        case CellSetting::Bold:
+            return;
+    }
+    ThrowInvalidCall();
+}
+
+}  // namespace
+
+class TreeGrid::Impl final : public OutlineRows {
+  public:
+    Impl() { store->Insert(0); }
+
+    RowId Row(int32_t row) const {
+        if (row < 0 || row >= store->Count()) ThrowSubscript();
+        return store->At(row);
+    }
+    RowId Cell(int32_t row, int col) const {
+        CheckColumn(col);
+        return Row(row);
+    }
+
+    int32_t First() const override { return fixedRows; }
+    int32_t Count() const override { return store->Count(); }
+    OutlineRows::Row At(int32_t row) const override {
+        const RowId id = store->At(row);
+        return {store->Level(id), store->IsNode(id) && store->IsCollapsed(id)};
+    }
+
+    template <class... Parameters, class... Arguments>
+    void Tell(void (TreeGridObserver::*event)(Parameters...), Arguments... arguments) const {
+        for (TreeGridObserver* observer : observers) (observer->*event)(arguments...);
+    }
+    void TellOutline(int32_t row) {
+        outline.Invalidate(row);
+        Tell(&TreeGridObserver::OutlineChanged, row);
+    }
+
+    void Append(int32_t count);
+    void Truncate(int32_t count);
+    void KeepFirstRows(int32_t count);
+    void CursorAfterRemoval(int32_t first, int32_t count);
+
+    std::unique_ptr<RowStore> store = std::make_unique<RowStore>();
+    mutable Outline outline{*this};
+    int32_t fixedRows = 1;
+    int32_t fixedCols = 0;
+    int32_t currentRow = 0;
+    std::array<bool, gridColumnCount> hidden{};
+    std::array<int32_t, gridColumnCount> dataTypes{};
+    automation::ObjectRef font;
+    OleColor backColor = colors::window;
+    OleColor textColor = colors::buttonText;
+    bool enabled = true;
+    std::string editText;
+    std::vector<TreeGridObserver*> observers;
+};
+
+void TreeGrid::Impl::Append(int32_t count) {
+    if (count > RowStore::maxCount - store->Count()) throw automation::VbError(automation::errors::outOfMemory);
+    const int32_t first = store->Count();
+    for (int32_t added = 0; added < count; ++added) store->Insert(store->Count());
+    Tell(&TreeGridObserver::RowsInserted, first, count);
+}
+
+void TreeGrid::Impl::Truncate(int32_t count) {
+    const int32_t removed = store->Count() - count;
+    outline.Invalidate(count);
+    if (removed > count) {
+        KeepFirstRows(count);
+    } else {
+        while (store->Count() > count) store->Remove(store->Count() - 1);
+    }
+    Tell(&TreeGridObserver::RowsRemoved, count, removed);
+    CursorAfterRemoval(count, removed);
+}
+
+// When fewer rows stay than go, copying them is less work, and all memory of the others is given back.
+void TreeGrid::Impl::KeepFirstRows(int32_t count) {
+    auto kept = std::make_unique<RowStore>();
+    for (int32_t row = 0; row < count; ++row) kept->AppendCopy(*store, store->At(row));
+    store = std::move(kept);
+}
+
+// A removed cursor row hands the cursor to the row above it: of a node's placeholder that is the node.
+void TreeGrid::Impl::CursorAfterRemoval(int32_t first, int32_t count) {
+    if (currentRow < first) return;
+    if (currentRow >= first + count) {
+        currentRow -= count;
+        return;
+    }
+    const int32_t above = std::max(first - 1, fixedRows);
+    currentRow = above < store->Count() ? above : 0;
+    Tell(&TreeGridObserver::CurrentRowChanged);
+}
+
+TreeGrid::TreeGrid() : impl_(std::make_unique<Impl>()) {}
+TreeGrid::~TreeGrid() = default;
+
+// Shape
+
+int32_t TreeGrid::RowCount() const {
+    return impl_->store->Count();
+}
+
+void TreeGrid::SetRowCount(int32_t count) {
+    if (count < impl_->fixedRows) ThrowSubscript();
+    const int32_t now = RowCount();
+    if (count > now) impl_->Append(count - now);
+    if (count < now) impl_->Truncate(count);
+}
+
+int32_t TreeGrid::ColCount() const {
+    return gridColumnCount;
+}
+
+void TreeGrid::SetColCount(int32_t count) {
+    if (count != gridColumnCount) ThrowSubscript();
+}
+
+int32_t TreeGrid::FixedRowCount() const {
+    return impl_->fixedRows;
+}
+
+void TreeGrid::SetFixedRowCount(int32_t count) {
+    if (count < 0 || count > RowCount()) ThrowSubscript();
+    if (count == impl_->fixedRows) return;
+    impl_->outline.Invalidate(0);
+    impl_->fixedRows = count;
+    impl_->Tell(&TreeGridObserver::OutlineChanged, 0);
+}
+
+void TreeGrid::SetFixedColCount(int32_t count) {
+    if (count < 0 || count > gridColumnCount) ThrowSubscript();
+    impl_->fixedCols = count;
+}
+
+int32_t TreeGrid::AddRow(std::string_view text, std::optional<int32_t> before) {
+    Impl& impl = *impl_;
+    const int32_t row = before.value_or(RowCount());
+    if (row < impl.fixedRows || row > RowCount()) ThrowSubscript();
+    const std::string first(text);  // the view may be of a cell of this grid
+    const RowId id = impl.store->Insert(row);
+    impl.store->SetText(id, colSel, first);
+    impl.outline.Invalidate(row);
+    if (impl.currentRow >= row && row + 1 < RowCount()) ++impl.currentRow;
+    impl.Tell(&TreeGridObserver::RowsInserted, row, 1);
+    return row;
+}
+
+void TreeGrid::RemoveRow(int32_t row) {
+    if (row < impl_->fixedRows || row >= RowCount()) ThrowSubscript();
+    impl_->outline.Invalidate(row);
+    impl_->store->Remove(row);
+    impl_->Tell(&TreeGridObserver::RowsRemoved, row, 1);
+    impl_->CursorAfterRemoval(row, 1);
+}
+
+// Cells
+
+std::string TreeGrid::CellText(int32_t row, int col) const {
+    return impl_->store->Text(impl_->Cell(row, col), col);
+}
+
+void TreeGrid::SetCellText(int32_t row, int col, std::string_view text) {
+    if (impl_->store->SetText(impl_->Cell(row, col), col, text)) impl_->Tell(&TreeGridObserver::RowsChanged, row, row);
+}
+
+double TreeGrid::CellValue(int32_t row, int col) const {
+    return impl_->store->Number(impl_->Cell(row, col), col);
+}
+
+std::string_view TreeGrid::CellView(int32_t row, int col) const {
+    if (col == colKey) ThrowInvalidCall();
+    return impl_->store->View(impl_->Cell(row, col), col);
+}
+
+int32_t TreeGrid::FindRow(std::string_view text, int32_t startRow, int col) const {
+    CheckColumn(col);
+    if (startRow < 0 || startRow > RowCount()) ThrowSubscript();
+    return impl_->store->Find(text, startRow, col);
+}
+
+// Looks
+
+void TreeGrid::SetCellFormat(CellSetting setting, int32_t row, int col, uint32_t value) {
+    SetCellFormat(setting, row, col, row, col, value);
+}
+
+void TreeGrid::SetCellFormat(CellSetting setting, int32_t row1, int col1, int32_t row2, int col2, uint32_t value) {
+    CheckColumn(col1);
+    CheckColumn(col2);
+    if (row1 < 0 || row2 >= RowCount() || row1 > row2 || col1 > col2) ThrowSubscript();
+    CheckSetting(setting, value);
+    const StyleChange change{static_cast<int>(setting), col1, col2, value};
+    bool changed = false;
+    for (int32_t row = row1; row <= row2; ++row) changed |= impl_->store->ChangeStyle(impl_->store->At(row), change);
+    if (changed) impl_->Tell(&TreeGridObserver::RowsChanged, row1, row2);
+}
+
+uint32_t TreeGrid::CellFormat(CellSetting setting, int32_t row, int col) const {
+    const CellLook& look = Look(row, col);
+    switch (setting) {
+        case CellSetting::Picture:
+            return static_cast<uint32_t>(look.picture);
+        case CellSetting::PictureAlignment:
+            return look.pictureAlignment;
+        case CellSetting::BackColor:
+            return look.backColor.value_or(colors::window);
+        case CellSetting::ForeColor:
+            return look.foreColor.value_or(colors::buttonText);
+        case CellSetting::Bold:
+            return look.bold ? 1 : 0;
+    }
+    ThrowInvalidCall();
+}
+
+const CellLook& TreeGrid::Look(int32_t row, int col) const {
+    return impl_->store->Style(impl_->Cell(row, col)).cells[static_cast<size_t>(col)];
+}
+
+void TreeGrid::SetRowHeight(int32_t row, int32_t twips) {
+    const StyleChange change{StyleChange::rowHeight, 0, 0, static_cast<uint32_t>(std::max(twips, 0))};
+    if (impl_->store->ChangeStyle(impl_->Row(row), change)) impl_->Tell(&TreeGridObserver::RowsChanged, row, row);
+}
+
+int32_t TreeGrid::RowHeight(int32_t row) const {
+    return impl_->store->Style(impl_->Row(row)).height;
+}
+
+// Outline
+
+int16_t TreeGrid::RowOutlineLevel(int32_t row) const {
+    return impl_->store->Level(impl_->Row(row));
+}
+
+void TreeGrid::SetRowOutlineLevel(int32_t row, int16_t level) {
+    const RowId id = impl_->Row(row);
+    if (impl_->store->Level(id) == level) return;
+    impl_->store->SetLevel(id, level);
+    impl_->TellOutline(row);
+}
+
+bool TreeGrid::IsNode(int32_t row) const {
+    return impl_->store->IsNode(impl_->Row(row));
+}
+
+void TreeGrid::SetIsNode(int32_t row, bool isNode) {
+    const RowId id = impl_->Row(row);
+    if (impl_->store->IsNode(id) == isNode) return;
+    impl_->store->SetIsNode(id, isNode);
+    impl_->TellOutline(row);
+}
+
+int32_t TreeGrid::NodeState(int32_t row) const {
+    return impl_->store->IsCollapsed(impl_->Row(row)) ? nodeCollapsed : nodeExpanded;
+}
+
+void TreeGrid::SetNodeState(int32_t row, int32_t state) {
+    const RowId id = impl_->Row(row);
+    if (state != nodeExpanded && state != nodeCollapsed) ThrowInvalidCall();
+    if (NodeState(row) == state) return;
+    impl_->store->SetIsCollapsed(id, state == nodeCollapsed);
+    impl_->TellOutline(row);
+}
+
+bool TreeGrid::HasChildren(int32_t row) const {
+    const int16_t level = RowOutlineLevel(row);
+    return row + 1 < RowCount() && RowOutlineLevel(row + 1) > level;
+}
+
+int32_t TreeGrid::VisibleCount() const {
+    return impl_->outline.VisibleCount();
+}
+
+int32_t TreeGrid::VisibleRow(int32_t position) const {
+    const std::optional<int32_t> row = impl_->outline.VisibleRow(position);
+    if (!row) ThrowSubscript();
+    return *row;
+}
+
+std::optional<int32_t> TreeGrid::VisiblePosition(int32_t row) const {
+    impl_->Row(row);
+    return impl_->outline.VisiblePosition(row);
+}
+
+int32_t TreeGrid::VisibleAncestor(int32_t row) const {
+    impl_->Row(row);
+    return impl_->outline.VisibleAncestor(row);
+}
+
+// Cursor
+
+int32_t TreeGrid::CurrentRow() const {
+    return impl_->currentRow;
+}
+
+void TreeGrid::SetCurrentRow(int32_t row) {
+    impl_->Row(row);
+    if (impl_->currentRow == row) return;
+    impl_->currentRow = row;
+    impl_->Tell(&TreeGridObserver::CurrentRowChanged);
+}
+
+// Columns
+
+bool TreeGrid::ColHidden(int col) const {
+    CheckColumn(col);
+    return impl_->hidden[static_cast<size_t>(col)];
+}
+
+void TreeGrid::SetColHidden(int col, bool hidden) {
+    CheckColumn(col);
+    bool& now = impl_->hidden[static_cast<size_t>(col)];
+    if (now == hidden) return;
+    now = hidden;
+    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+}
+
+int32_t TreeGrid::ColDataType(int col) const {
+    CheckColumn(col);
+    return impl_->dataTypes[static_cast<size_t>(col)];
+}
+
+void TreeGrid::SetColDataType(int col, int32_t type) {
+    CheckColumn(col);
+    int32_t& now = impl_->dataTypes[static_cast<size_t>(col)];
+    if (now == type) return;
+    now = type;
+    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+}
+
+void TreeGrid::AutoSizeColumns(int firstCol, int lastCol) {
+    CheckColumn(firstCol);
+    CheckColumn(lastCol);
+    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+}
+
+// Grid-wide
+
+const automation::ObjectRef& TreeGrid::Font() const {
+    return impl_->font;
+}
+
+void TreeGrid::SetFont(automation::ObjectRef font) {
+    impl_->font = std::move(font);
+    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+}
+
+OleColor TreeGrid::BackColor() const {
+    return impl_->backColor;
+}
+
+void TreeGrid::SetBackColor(OleColor color) {
+    impl_->backColor = color;
+    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+}
+
+OleColor TreeGrid::TextColor() const {
+    return impl_->textColor;
+}
+
+void TreeGrid::SetTextColor(OleColor color) {
+    impl_->textColor = color;
+    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+}
+
+bool TreeGrid::Enabled() const {
+    return impl_->enabled;
+}
+
+void TreeGrid::SetEnabled(bool enabled) {
+    impl_->enabled = enabled;
+    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+}
+
+const std::string& TreeGrid::EditText() const {
+    return impl_->editText;
+}
+
+void TreeGrid::SetEditText(std::string_view text) {
+    impl_->editText = text;
+}
+
+void TreeGrid::AddObserver(TreeGridObserver* observer) {
+    impl_->observers.push_back(observer);
+}
+
+void TreeGrid::RemoveObserver(TreeGridObserver* observer) {
+    std::erase(impl_->observers, observer);
+}
+
+TreeGrid::Memory TreeGrid::MemoryUse() const {
+    return {impl_->store->MemoryUse() + impl_->outline.MemoryUse(), impl_->store->OwnTextBytes()};
+}
+
+}  // namespace foldertree

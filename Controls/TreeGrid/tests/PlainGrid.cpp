@@ -1,0 +1,77 @@
+// PlainGrid: every operation as its plainest loop.
+#include "PlainGrid.h"
+
+#include <algorithm>
+
+#include "automation/Text.h"
+
+namespace foldertree::testing {
+
+void PlainGrid::SetRowCount(int32_t count) {
+    rows.resize(static_cast<size_t>(count));
+    if (currentRow >= count) currentRow = count > fixedRows ? count - 1 : 0;
+}
+
+void PlainGrid::InsertRow(int32_t before, std::string_view text) {
+    rows.insert(rows.begin() + before, PlainRow{});
+    Row(before).cells[colSel] = text;
+    if (currentRow >= before) ++currentRow;
+}
+
+void PlainGrid::RemoveRow(int32_t row) {
+    rows.erase(rows.begin() + row);
+    if (currentRow < row) return;
+    --currentRow;
+    if (currentRow < row - 1 || currentRow >= row) return;
+    // The cursor was on the removed row: it stands on the row above now, unless that is the header.
+    if (currentRow < fixedRows) currentRow = Count() > fixedRows ? fixedRows : 0;
+}
+
+void PlainGrid::SetFormat(CellSetting setting, int32_t row1, int col1, int32_t row2, int col2, uint32_t value) {
+    for (int32_t row = row1; row <= row2; ++row) {
+        for (int col = col1; col <= col2; ++col) {
+            CellLook& look = Row(row).looks[static_cast<size_t>(col)];
+            if (setting == CellSetting::Picture) look.picture = static_cast<Picture>(value);
+            if (setting == CellSetting::PictureAlignment) look.pictureAlignment = static_cast<uint8_t>(value);
+            if (setting == CellSetting::BackColor) look.backColor = value;
+            if (setting == CellSetting::ForeColor) look.foreColor = value;
+            if (setting == CellSetting::Bold) look.bold = value != 0;
+        }
+    }
+}
+
+int32_t PlainGrid::FindRow(std::string_view text, int32_t start, int col) const {
+    for (int32_t row = start; row < Count(); ++row)
+        if (automation::EqualNoCase(Row(row).cells[static_cast<size_t>(col)], text)) return row;
+    return -1;
+}
+
+// A row is hidden when a closed node above it has only deeper rows between itself and the row.
+bool PlainGrid::IsHidden(int32_t row) const {
+    if (row < fixedRows) return false;
+    int16_t least = Row(row).level;  // of the rows between the node and the row
+    for (int32_t node = row - 1; node >= fixedRows; --node) {
+        const PlainRow& above = Row(node);
+        if (above.isNode && above.nodeState == nodeCollapsed && above.level < least) return true;
+        least = std::min(least, above.level);
+    }
+    return false;
+}
+
+bool PlainGrid::HasChildren(int32_t row) const {
+    return row + 1 < Count() && Row(row + 1).level > Row(row).level;
+}
+
+std::vector<int32_t> PlainGrid::VisibleRows() const {
+    std::vector<int32_t> visible;
+    for (int32_t row = fixedRows; row < Count(); ++row)
+        if (!IsHidden(row)) visible.push_back(row);
+    return visible;
+}
+
+int32_t PlainGrid::VisibleAncestor(int32_t row) const {
+    while (IsHidden(row)) --row;
+    return row;
+}
+
+}  // namespace foldertree::testing

@@ -1,0 +1,289 @@
+// TreeGridModelTest: random sequences of all operations on the tree grid and on the plain one, compared as they go.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "PlainGrid.h"
+
+namespace foldertree::testing {
+namespace {
+
+/// Keeps a copy of the rows' number by listening alone, as a window does.
+class RowCounter : public TreeGridObserver {
+  public:
+    int32_t rows = 1;
+    void RowsInserted(int32_t, int32_t count) override { rows += count; }
+    void RowsRemoved(int32_t, int32_t count) override { rows -= count; }
+    void RowsChanged(int32_t, int32_t) override {}
+    void OutlineChanged(int32_t) override {}
+    void ColumnsChanged() override {}
+    void AppearanceChanged() override {}
+    void CurrentRowChanged() override {}
+};
+
+class Player {
+  public:
+    explicit Player(uint32_t seed, int32_t mostRows) : random_(seed), mostRows_(mostRows) {
+        grid_.AddObserver(&counter_);
+    }
+
+    void Step() {
+        switch (Below(20)) {
+            case 0:
+                return SetRowCount();
+            case 1:
+            case 2:
+            case 3:
+                return Insert();
+            case 4:
+            case 5:
+                return Remove();
+            case 6:
+            case 7:
+            case 8:
+            case 9:
+                return WriteCell();
+            case 10:
+            case 11:
+                return WriteIdentifiedRow();
+            case 12:
+                return SetLevel();
+            case 13:
+                return SetNode();
+            case 14:
+                return SetState();
+            case 15:
+                return SetFormat();
+            case 16:
+                return MoveCursor();
+            case 17:
+                return LookAtOutline();
+            default:
+                return Search();
+        }
+    }
+
+    void CompareCheaply() {
+        ASSERT_EQ(grid_.RowCount(), plain_.Count());
+        ASSERT_EQ(grid_.CurrentRow(), plain_.currentRow);
+        ASSERT_EQ(counter_.rows, plain_.Count());
+        CompareRow(AnyRow());
+    }
+
+    void CompareAll() {
+        ASSERT_EQ(grid_.RowCount(), plain_.Count());
+        for (int32_t row = 0; row < plain_.Count(); ++row) ASSERT_NO_FATAL_FAILURE(CompareRow(row));
+        const std::vector<int32_t> visible = plain_.VisibleRows();
+        ASSERT_EQ(grid_.VisibleCount(), static_cast<int32_t>(visible.size()));
+        for (size_t position = 0; position < visible.size(); ++position)
+            ASSERT_EQ(grid_.VisibleRow(static_cast<int32_t>(position)), visible[position]);
+        size_t ownText = 0;
+        for (const PlainRow& row : plain_.rows)
+            for (const int col : {colName, colEntryID, colEntryIDShort, colPath})
+                ownText += row.cells[static_cast<size_t>(col)].size();
+        ASSERT_GE(grid_.MemoryUse().ownText, ownText);  // keys that had to be stored come on top
+    }
+
+  private:
+    int32_t Below(int32_t end) { return std::uniform_int_distribution<int32_t>(0, end - 1)(random_); }
+    int32_t AnyRow() { return Below(plain_.Count()); }
+    int AnyCol() { return Below(gridColumnCount); }
+    bool HasDataRows() const { return plain_.Count() > PlainGrid::fixedRows; }
+    int32_t AnyDataRow() { return PlainGrid::fixedRows + Below(plain_.Count() - PlainGrid::fixedRows); }
+
+    std::string AnyText() {
+        static const std::string texts[] = {"",
+                                            "a",
+                                            "A",
+                                            "0",
+                                            "-1",
+                                            "True",
+                                            "Store",
+                                            "store",
+                                            std::string("nul\0inside", 10),
+                                            "\xC3\x84pfel",
+                                            "\xC3\xA4PFEL",
+                                            "\xFF\xFE",
+                                            "\xED\xA0\x80",
+                                            "S1|2",
+                                            "s1|2",
+                                            "SA|",
+                                            "Sa|b|c",
+                                            std::string(300, 'x'),
+                                            std::string(300, 'X'),
+                                            std::string(70000, 'y')};
+        constexpr int32_t count = static_cast<int32_t>(std::size(texts));
+        // The longest one seldom: it is there for its length, not for its frequency.
+        const int32_t pick = Below(count * 4);
+        if (pick < count - 1) return texts[pick];
+        if (pick == count - 1 && Below(20) == 0) return texts[pick];
+        return "text " + std::to_string(Below(pick % 2 == 0 ? 30 : 100000));
+    }
+
+    void Write(int32_t row, int col, const std::string& text) {
+        grid_.SetCellText(row, col, text);
+        plain_.Row(row).cells[static_cast<size_t>(col)] = text;
+    }
+
+    void SetRowCount() {
+        int32_t count = plain_.Count() + Below(21) - 10;
+        if (Below(30) == 0) count = PlainGrid::fixedRows + Below(mostRows_);
+        if (Below(400) == 0) count = PlainGrid::fixedRows;
+        count = std::clamp(count, PlainGrid::fixedRows, mostRows_);
+        grid_.SetRowCount(count);
+        plain_.SetRowCount(count);
+    }
+
+    void Insert() {
+        if (plain_.Count() >= mostRows_) return;
+        const std::string text = AnyText();
+        const int32_t before = PlainGrid::fixedRows + Below(plain_.Count() - PlainGrid::fixedRows + 1);
+        if (Below(3) == 0) {
+            ASSERT_EQ(grid_.AddRow(text), plain_.Count());
+            plain_.InsertRow(plain_.Count(), text);
+        } else {
+            ASSERT_EQ(grid_.AddRow(text, before), before);
+            plain_.InsertRow(before, text);
+        }
+    }
+
+    void Remove() {
+        if (!HasDataRows()) return;
+        const int32_t row = AnyDataRow();
+        grid_.RemoveRow(row);
+        plain_.RemoveRow(row);
+    }
+
+    void WriteCell() {
+        const int32_t row = AnyRow();
+        const int col = Below(4) == 0 ? colKey : AnyCol();
+        if (Below(10) == 0) return WriteFromView(row, col);
+        Write(row, col, AnyText());
+    }
+
+    void WriteFromView(int32_t row, int col) {
+        const int32_t source = AnyRow();
+        const int sourceCol = Below(gridColumnCount - 1);
+        grid_.SetCellText(row, col, grid_.CellView(source, sourceCol));
+        plain_.Row(row).cells[static_cast<size_t>(col)] = plain_.Row(source).cells[static_cast<size_t>(sourceCol)];
+    }
+
+    void WriteIdentifiedRow() {
+        const int32_t row = AnyRow();
+        const std::string store = Below(4) == 0 ? AnyText() : "STORE" + std::to_string(Below(2));
+        const std::string entry = Below(4) == 0 ? AnyText() : "ENTRY" + std::to_string(Below(40));
+        Write(row, colStoreID, store);
+        Write(row, colEntryID, entry);
+        Write(row, colKey, "S" + store + "|" + entry);
+        if (Below(5) == 0) Write(row, Below(2) == 0 ? colStoreID : colEntryID, AnyText());
+    }
+
+    void SetLevel() {
+        const int32_t row = AnyRow();
+        const auto level = static_cast<int16_t>(Below(6));
+        grid_.SetRowOutlineLevel(row, level);
+        plain_.Row(row).level = level;
+    }
+
+    void SetNode() {
+        const int32_t row = AnyRow();
+        const bool isNode = Below(4) != 0;
+        grid_.SetIsNode(row, isNode);
+        plain_.Row(row).isNode = isNode;
+    }
+
+    void SetState() {
+        const int32_t row = AnyRow();
+        const int32_t state = Below(3) == 0 ? nodeCollapsed : nodeExpanded;
+        grid_.SetNodeState(row, state);
+        plain_.Row(row).nodeState = state;
+    }
+
+    void SetFormat() {
+        static constexpr CellSetting settings[] = {CellSetting::Picture, CellSetting::PictureAlignment,
+                                                   CellSetting::BackColor, CellSetting::ForeColor, CellSetting::Bold};
+        const CellSetting setting = settings[Below(5)];
+        const int32_t row1 = AnyRow();
+        const int32_t row2 = std::min(row1 + (Below(4) == 0 ? Below(20) : 0), plain_.Count() - 1);
+        const int col1 = AnyCol();
+        const int col2 = col1 + Below(gridColumnCount - col1);
+        const auto value = static_cast<uint32_t>(Below(4) == 0 ? Below(pictureCount) : Below(2));
+        grid_.SetCellFormat(setting, row1, col1, row2, col2, value);
+        plain_.SetFormat(setting, row1, col1, row2, col2, value);
+        if (Below(4) != 0) return;
+        const int32_t height = 100 + Below(3);
+        grid_.SetRowHeight(row1, height);
+        plain_.Row(row1).height = height;
+    }
+
+    void MoveCursor() {
+        if (!HasDataRows()) return;
+        const int32_t row = AnyDataRow();
+        grid_.SetCurrentRow(row);
+        plain_.currentRow = row;
+    }
+
+    void LookAtOutline() {
+        const int32_t row = AnyRow();
+        ASSERT_EQ(grid_.HasChildren(row), plain_.HasChildren(row));
+        ASSERT_EQ(grid_.VisibleAncestor(row), plain_.VisibleAncestor(row));
+        if (row < PlainGrid::fixedRows) return;
+        ASSERT_EQ(grid_.VisiblePosition(row).has_value(), !plain_.IsHidden(row));
+    }
+
+    void Search() {
+        const int col = Below(3) == 0 ? AnyCol() : int{colKey};
+        const std::string text = Below(2) == 0 ? AnyText() : plain_.Row(AnyRow()).cells[static_cast<size_t>(col)];
+        const int32_t start = Below(3) == 0 ? Below(plain_.Count() + 1) : 0;
+        ASSERT_EQ(grid_.FindRow(text, start, col), plain_.FindRow(text, start, col));
+    }
+
+    void CompareRow(int32_t row) {
+        const PlainRow& expected = plain_.Row(row);
+        for (int col = 0; col < gridColumnCount; ++col) {
+            ASSERT_EQ(grid_.CellText(row, col), expected.cells[static_cast<size_t>(col)]) << "row " << row;
+            ASSERT_EQ(grid_.Look(row, col), expected.looks[static_cast<size_t>(col)]) << "row " << row;
+            if (col == colKey) continue;
+            ASSERT_EQ(grid_.CellView(row, col), expected.cells[static_cast<size_t>(col)]) << "row " << row;
+        }
+        ASSERT_EQ(grid_.RowOutlineLevel(row), expected.level);
+        ASSERT_EQ(grid_.IsNode(row), expected.isNode);
+        ASSERT_EQ(grid_.NodeState(row), expected.nodeState);
+        ASSERT_EQ(grid_.RowHeight(row), expected.height);
+    }
+
+    std::mt19937 random_;
+    int32_t mostRows_;
+    TreeGrid grid_;
+    PlainGrid plain_;
+    RowCounter counter_;
+};
+
+class TreeGridModel : public ::testing::TestWithParam<uint32_t> {};
+
+TEST_P(TreeGridModel, ASmallGridIsWhatThePlainOneIsAfterEveryChange) {
+    SCOPED_TRACE("seed " + std::to_string(GetParam()));
+    Player player(GetParam(), 40);
+    for (int step = 0; step < 2500; ++step) {
+        player.Step();
+        if (HasFatalFailure()) FAIL() << "at step " << step;
+        ASSERT_NO_FATAL_FAILURE(player.CompareAll()) << "after step " << step;
+    }
+}
+
+TEST_P(TreeGridModel, ALargerGridIsWhatThePlainOneIs) {
+    SCOPED_TRACE("seed " + std::to_string(GetParam()));
+    Player player(GetParam() + 1000, 3000);
+    for (int step = 0; step < 20000; ++step) {
+        player.Step();
+        if (HasFatalFailure()) FAIL() << "at step " << step;
+        ASSERT_NO_FATAL_FAILURE(player.CompareCheaply()) << "after step " << step;
+    }
+    player.CompareAll();
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, TreeGridModel, ::testing::Range(1u, 7u));
+
+}  // namespace
+}  // namespace foldertree::testing

@@ -1,0 +1,133 @@
+// GridLayout: where everything of the grid stands in its window: columns, rows, boxes, glyphs, and what a point hits.
+#include "win32/GridLayout.h"
+
+#include <algorithm>
+
+#include "rows/GridColumns.h"
+#include "win32/Window.h"
+
+namespace foldertree {
+namespace {
+
+constexpr int minimumNameWidth = 40;
+constexpr int minimumTextWidth = 90;    // at 96 dots per inch
+constexpr int maximumNameWidth = 4000;  // the same
+
+RECT Centred(int left, int width, int height, const RECT& cell) {
+    const int top = cell.top + (cell.bottom - cell.top - height) / 2;
+    return {left, top, left + width, top + height};
+}
+
+int AtDpiOf(const GridMetrics& metrics, int length) {
+    return metrics.iconSize * length / 16;
+}
+
+// Where a row of that level begins. Rows that lie very deep crowd together rather than leave the column.
+int IndentEnd(const GridMetrics& metrics, const RECT& nameCell, int level) {
+    const int room = nameCell.right - nameCell.left - 2 * metrics.indent - AtDpiOf(metrics, minimumTextWidth);
+    const int deepest = std::max(1, room / metrics.indent);
+    return nameCell.left + metrics.margin + std::clamp(level, 0, deepest) * metrics.indent;
+}
+
+}  // namespace
+
+GridMetrics GridMetrics::For(int dpi, int rowTwips, int fontHeight) {
+    GridMetrics metrics;
+    const int wanted = rowTwips > 0 ? MulDiv(rowTwips, dpi, 1440) : 0;
+    metrics.rowHeight = std::max({wanted, Scale(19, dpi), fontHeight + Scale(4, dpi)});
+    metrics.headerHeight = metrics.rowHeight + Scale(3, dpi);
+    metrics.indent = Scale(18, dpi);
+    metrics.iconSize = Scale(16, dpi);
+    metrics.boxSize = Scale(13, dpi);
+    metrics.glyphSize = Scale(9, dpi) | 1;  // odd, so that the sign has a middle
+    metrics.margin = Scale(4, dpi);
+    return metrics;
+}
+
+GridLayout::GridLayout(const GridMetrics& metrics, SIZE client, int selWidth, int indexWidth, int32_t topPosition)
+    : metrics_(metrics), client_(client), topPosition_(topPosition) {
+    const int nameLeft = selWidth + indexWidth;
+    edges_ = {0, selWidth, nameLeft, std::max<int>(client.cx, nameLeft + minimumNameWidth)};
+}
+
+void GridLayout::ScrollSideways(int nameWidth, int left) {
+    const int nameLeft = edges_[2] - edges_[0];
+    const int width = std::max<int>(client_.cx, nameLeft + std::max(minimumNameWidth, nameWidth));
+    const int shift = edges_[0] + std::clamp<int>(left, 0, width - std::min<int>(client_.cx, width));
+    for (int& edge : edges_) edge -= shift;
+    edges_.back() = edges_.front() + width;
+}
+
+int32_t GridLayout::FullRows() const {
+    return std::max<int32_t>(1, (client_.cy - metrics_.headerHeight) / metrics_.rowHeight);
+}
+
+int32_t GridLayout::ShownRows() const {
+    const int height = client_.cy - metrics_.headerHeight;
+    return height <= 0 ? 0 : (height + metrics_.rowHeight - 1) / metrics_.rowHeight;
+}
+
+RECT GridLayout::HeaderCell(int col) const {
+    return {edges_[col], 0, edges_[col + 1], metrics_.headerHeight};
+}
+
+RECT GridLayout::Row(int32_t position) const {
+    const int top = metrics_.headerHeight + (position - topPosition_) * metrics_.rowHeight;
+    return {edges_.front(), top, edges_.back(), top + metrics_.rowHeight};
+}
+
+RECT GridLayout::Cell(int32_t position, int col) const {
+    RECT cell = Row(position);
+    cell.left = edges_[col];
+    cell.right = edges_[col + 1];
+    return cell;
+}
+
+RECT GridLayout::Box(const RECT& selCell) const {
+    const int left = selCell.left + (selCell.right - selCell.left - metrics_.boxSize) / 2;
+    return Centred(left, metrics_.boxSize, metrics_.boxSize, selCell);
+}
+
+RECT GridLayout::Glyph(const RECT& nameCell, int level) const {
+    const int left = IndentEnd(metrics_, nameCell, level);
+    return Centred(left + (metrics_.indent - metrics_.glyphSize) / 2 - 1, metrics_.glyphSize, metrics_.glyphSize,
+                   nameCell);
+}
+
+RECT GridLayout::Icon(const RECT& nameCell, int level) const {
+    return Centred(IndentEnd(metrics_, nameCell, level) + metrics_.indent, metrics_.iconSize, metrics_.iconSize,
+                   nameCell);
+}
+
+RECT GridLayout::NameText(const RECT& nameCell, int level, bool withIcon) const {
+    const RECT icon = Icon(nameCell, level);
+    return {(withIcon ? icon.right + metrics_.margin : icon.left), nameCell.top, nameCell.right - metrics_.margin,
+            nameCell.bottom};
+}
+
+int GridLayout::NameWidth(int level, int textWidth) const {
+    const int64_t text = std::max(metrics_.iconSize + 3 * metrics_.margin + textWidth,
+                                  metrics_.indent + AtDpiOf(metrics_, minimumTextWidth));
+    const int64_t wanted = (static_cast<int64_t>(std::max(level, 0)) + 1) * metrics_.indent + text;
+    return static_cast<int>(std::min<int64_t>(wanted, AtDpiOf(metrics_, maximumNameWidth)));
+}
+
+std::optional<int32_t> GridLayout::PositionAt(int y) const {
+    if (y < metrics_.headerHeight) return std::nullopt;
+    return topPosition_ + (y - metrics_.headerHeight) / metrics_.rowHeight;
+}
+
+GridPart GridLayout::PartAt(POINT point, int level) const {
+    const auto position = PositionAt(point.y);
+    if (!position) return GridPart::Header;
+    RECT box = Box(Cell(*position, colSel));
+    InflateRect(&box, metrics_.margin, metrics_.rowHeight);
+    const RECT glyph = Glyph(Cell(*position, colName), level);
+    const int glyphReach = (metrics_.indent - metrics_.glyphSize) / 2;
+    if (point.x < edges_[1]) return point.x >= box.left && point.x < box.right ? GridPart::Box : GridPart::Row;
+    if (point.x < edges_[2]) return GridPart::Index;
+    if (point.x >= glyph.left - glyphReach && point.x < glyph.right + glyphReach) return GridPart::Glyph;
+    return GridPart::Row;
+}
+
+}  // namespace foldertree

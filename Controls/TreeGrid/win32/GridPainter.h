@@ -1,0 +1,39 @@
+// GridPainter: draws the grid's header and the rows that are in view.
+#pragma once
+
+#include <windows.h>
+
+#include "rows/TreeGrid.h"
+#include "win32/GridFonts.h"
+#include "win32/GridLayout.h"
+#include "win32/Icons.h"
+
+namespace foldertree {
+
+/// Everything that a picture of the grid depends on. Holds references only.
+struct GridPicture {
+    const TreeGrid& grid;
+    const GridLayout& layout;
+    const GridFonts& fonts;
+    const Icons& icons;
+    bool focused = false;
+};
+
+/// Draws header, rows and the empty rest into the layout's client area. Costs by the rows in view only.
+void PaintGrid(HDC dc, const GridPicture& picture);
+
+/// The layout for a client area: the tick and number columns fit their captions and what is in view, the name takes the
+/// rest.
+GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SIZE client, int32_t topPosition);
+
+/// The width that the names of the rows in view want (see GridLayout::NameWidth).
+int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout);
+
+/// The check box of a row: none on a placeholder, greyed where the cell's colour says that it may not be edited.
+enum class BoxKind { None, Greyed, Plain };
+BoxKind BoxOf(const TreeGrid& grid, int32_t row);
+
+/// An OLE colour as GDI wants it.
+COLORREF ToColorRef(OleColor color);
+
+}  // namespace foldertree

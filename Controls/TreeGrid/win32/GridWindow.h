@@ -1,0 +1,127 @@
+// GridWindow: shows the tree grid's visible rows and turns mouse and keyboard into its gestures.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "interaction/GridInteraction.h"
+#include "rows/TreeGrid.h"
+#include "win32/GridFonts.h"
+#include "win32/GridLayout.h"
+#include "win32/Icons.h"
+#include "win32/NumberEditor.h"
+#include "win32/Window.h"
+
+namespace foldertree {
+
+/// Holds no folder logic and no row: what is seen comes from the grid when it is painted, and every gesture goes
+/// through GridInteraction. Changes of the grid are only noted; Refresh() brings the window up to date. Any gesture may
+/// end with the HWND gone. The row at the top and the cursor stay on their rows when rows come or go above them.
+class GridWindow : public Window, private TreeGridObserver {
+  public:
+    /// `grid` and `events` outlive this object. `stale` is called when a Refresh() is wanted, which may be any number
+    /// of times before one comes.
+    GridWindow(TreeGrid& grid, GridEvents& events, WindowKeeper& keeper, std::function<void()> stale);
+    ~GridWindow() override;
+
+    HWND Create(HWND parent, const RECT& place);
+
+    /// Brings scroll bar and picture up to date with the grid; costs nothing when nothing in view changed.
+    void Refresh();
+    /// The font object's members changed without the grid being told.
+    void ReloadFont();
+    /// Draws the grid as it stands into the area at the origin of `dc`; works without a window.
+    void Draw(HDC dc, SIZE area);
+    /// Closes an open number editor without offering its text.
+    void AbandonEdit() { CloseEditor(); }
+    /// Whether a key message belongs to the grid rather than to the host's dialog.
+    bool WantsKey(const MSG& message) const;
+
+    /// Called after the focus came to the grid or its number editor, or left one of them.
+    void SetFocusHandler(std::function<void()> handler) { focusHandler_ = std::move(handler); }
+
+    const GridLayout& Layout() const { return layout_; }
+    const NumberEditor* Editor() const { return editor_.get(); }
+
+  protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnHandleGone() override;
+
+  private:
+    // What the grid tells. Nothing is done here, since the grid is in the middle of a change.
+    void RowsInserted(int32_t firstRow, int32_t count) override;
+    void RowsRemoved(int32_t firstRow, int32_t count) override;
+    void RowsChanged(int32_t firstRow, int32_t lastRow) override;
+    void OutlineChanged(int32_t firstRow) override;
+    void ColumnsChanged() override;
+    void AppearanceChanged() override;
+    void CurrentRowChanged() override;
+    void NoteChange(bool inView);
+    bool MayBeInView(int32_t firstRow) const;
+
+    // Painting
+    void OnPaint();
+    void LoadFontOnce();
+    void Measure();
+    void MeasureNames();
+    void UpdateScrollBars();
+    void UpdateScrollBar(int bar, int last, int page, int position);
+
+    // Scrolling: down in visible rows, sideways in pixels
+    void ScrollTo(int64_t position);
+    void ScrollSidewaysTo(int left);
+    void OnScroll(int request);
+    void OnSidewaysScroll(int request);
+    void OnWheel(int delta);
+    void OnSidewaysWheel(int delta);
+    int ThumbPosition(int bar) const;
+    void BringIntoView(int32_t row);
+
+    // Gestures
+    void OnMouse(UINT message, POINT point);
+    void OnKey(WPARAM key, bool repeated);
+    void OnCharacter(wchar_t character);
+    void OnFocusMoved();
+    void Tick(int32_t row);
+    void SetNode(int32_t row, bool open);
+    void MoveCursorBy(int64_t rows);
+    void MoveCursorTo(int32_t row);
+    void OpenOrStepIn(int32_t row);
+    void CloseOrStepOut(int32_t row);
+    /// The cursor's row, or the closed node that hides it; 0 when there is none.
+    int32_t CursorRow() const;
+
+    // The number editor
+    void OpenEditor(int32_t row);
+    void OnEditor(NumberEditor::Event event);
+    /// Ends an open edit before something else happens; the text is offered.
+    void FinishEdit();
+    /// Offers what was typed; false when it was refused.
+    bool OfferNumber();
+    void CloseEditor();
+
+    TreeGrid& grid_;
+    GridEvents& events_;
+    std::function<void()> stale_;
+    std::function<void()> focusHandler_;
+
+    Icons icons_;
+    GridFonts fonts_;
+    bool fontLoaded_ = false;
+    GridLayout layout_;
+
+    int32_t topRow_ = 0;        ///< the row that is kept at the top; 0 before the first row came
+    int32_t lastShownRow_ = 0;  ///< the last row in view when it was last painted
+    bool viewFull_ = false;     ///< whether rows reached the lower edge then
+    bool pictureStale_ = true;
+    bool countStale_ = true;
+    int wheelRest_ = 0;
+    int left_ = 0;        ///< pixels out of view at the left
+    int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
+
+    std::unique_ptr<NumberEditor> editor_;
+    int32_t editedRow_ = 0;
+    bool committing_ = false;
+};
+
+}  // namespace foldertree

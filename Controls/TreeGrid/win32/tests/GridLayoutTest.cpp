@@ -1,0 +1,167 @@
+// GridLayoutTest: where things stand in the grid and what a point hits.
+#include "win32/GridLayout.h"
+
+#include <gtest/gtest.h>
+
+#include "rows/GridColumns.h"
+#include "win32/FrameClock.h"
+
+namespace foldertree {
+namespace {
+
+constexpr SIZE client{400, 300};
+
+int Width(const RECT& area) {
+    return area.right - area.left;
+}
+int Height(const RECT& area) {
+    return area.bottom - area.top;
+}
+
+TEST(GridLayout, TheNameTakesTheWidthThatTickAndNumberLeave) {
+    const GridLayout layout({}, client, 50, 40, 0);
+    EXPECT_EQ(Width(layout.HeaderCell(colSel)), 50);
+    EXPECT_EQ(Width(layout.HeaderCell(colIndex)), 40);
+    EXPECT_EQ(layout.HeaderCell(colName).left, 90);
+    EXPECT_EQ(layout.HeaderCell(colName).right, 400);
+}
+
+TEST(GridLayout, AHiddenNumberColumnLeavesItsWidthToTheName) {
+    const GridLayout layout({}, client, 50, 0, 0);
+    EXPECT_EQ(Width(layout.HeaderCell(colIndex)), 0);
+    EXPECT_EQ(layout.Cell(0, colName).left, 50);
+    EXPECT_EQ(layout.PartAt({51, 30}, 5), GridPart::Row);
+}
+
+TEST(GridLayout, ARowIsNineteenPixelsHighAt96DotsPerInch) {
+    EXPECT_EQ(GridMetrics::For(96, 19 * 15, 13).rowHeight, 19);
+    EXPECT_EQ(GridMetrics::For(96, 0, 13).rowHeight, 19);
+    EXPECT_EQ(GridMetrics::For(96, 30 * 15, 13).rowHeight, 30);
+}
+
+TEST(GridLayout, ARowIsNeverLowerThanItsText) {
+    EXPECT_GE(GridMetrics::For(96, 19 * 15, 40).rowHeight, 40);
+}
+
+TEST(GridLayout, EverythingGrowsWithTheScreensResolution) {
+    const GridMetrics coarse = GridMetrics::For(96, 0, 13);
+    const GridMetrics fine = GridMetrics::For(192, 0, 26);
+    EXPECT_EQ(fine.rowHeight, 2 * coarse.rowHeight);
+    EXPECT_EQ(fine.iconSize, 2 * coarse.iconSize);
+    EXPECT_EQ(fine.boxSize, 2 * coarse.boxSize);
+    EXPECT_EQ(fine.indent, 2 * coarse.indent);
+}
+
+TEST(GridLayout, RowsStartBelowTheHeaderWithTheOneAtTheTop) {
+    const GridLayout layout({}, client, 50, 40, 1000);
+    EXPECT_EQ(layout.Row(1000).top, layout.HeaderCell(colSel).bottom);
+    EXPECT_EQ(Height(layout.Row(1000)), 19);
+    EXPECT_EQ(layout.PositionAt(layout.Row(1003).top), 1003);
+    EXPECT_EQ(layout.PositionAt(layout.Row(1003).bottom - 1), 1003);
+    EXPECT_EQ(layout.PositionAt(0), std::nullopt);
+}
+
+TEST(GridLayout, AWindowThatIsTooLowStillScrollsByOneRow) {
+    const GridLayout layout({}, {400, 5}, 50, 40, 0);
+    EXPECT_EQ(layout.FullRows(), 1);
+    EXPECT_EQ(layout.ShownRows(), 0);
+}
+
+TEST(GridLayout, APointHitsTheBoxTheNumberTheSignOrTheRow) {
+    const GridLayout layout({}, client, 50, 40, 0);
+    const RECT box = layout.Box(layout.Cell(2, colSel));
+    const RECT sign = layout.Glyph(layout.Cell(2, colName), 1);
+    const RECT icon = layout.Icon(layout.Cell(2, colName), 1);
+    EXPECT_EQ(layout.PartAt({box.left, box.top}, 1), GridPart::Box);
+    EXPECT_EQ(layout.PartAt({box.right - 1, box.bottom - 1}, 1), GridPart::Box);
+    EXPECT_EQ(layout.PartAt({1, box.top}, 1), GridPart::Row);
+    EXPECT_EQ(layout.PartAt({60, box.top}, 1), GridPart::Index);
+    EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 1), GridPart::Glyph);
+    EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 0), GridPart::Row);
+    EXPECT_EQ(layout.PartAt({icon.left, icon.top}, 1), GridPart::Row);
+    EXPECT_EQ(layout.PartAt({box.left, 5}, 1), GridPart::Header);
+}
+
+TEST(GridLayout, SignIconAndTextFollowEachOther) {
+    const GridLayout layout({}, client, 50, 40, 0);
+    const RECT cell = layout.Cell(0, colName);
+    for (int level = 0; level < 4; ++level) {
+        EXPECT_LE(layout.Glyph(cell, level).right, layout.Icon(cell, level).left);
+        EXPECT_LE(layout.Icon(cell, level).right, layout.NameText(cell, level, true).left);
+        EXPECT_EQ(layout.NameText(cell, level, false).left, layout.Icon(cell, level).left);
+        EXPECT_EQ(layout.Icon(cell, level + 1).left - layout.Icon(cell, level).left, layout.Metrics().indent);
+    }
+}
+
+TEST(GridLayout, AVeryDeepRowStillShowsItsIconAndPartOfItsName) {
+    const GridLayout layout({}, client, 50, 40, 0);
+    const RECT cell = layout.Cell(0, colName);
+    const RECT text = layout.NameText(cell, 32767, true);
+    EXPECT_LT(layout.Icon(cell, 32767).right, cell.right);
+    EXPECT_GE(Width(text), 50);
+}
+
+TEST(GridLayout, NamesThatFitLeaveNothingToScroll) {
+    GridLayout layout({}, client, 50, 40, 0);
+    layout.ScrollSideways(300, 100);
+    EXPECT_EQ(layout.ContentWidth(), 400);
+    EXPECT_EQ(layout.Left(), 0);
+    EXPECT_EQ(layout.HeaderCell(colName).right, 400);
+}
+
+TEST(GridLayout, NamesThatAreWiderMoveAllColumnsToTheLeft) {
+    GridLayout layout({}, client, 50, 40, 0);
+    layout.ScrollSideways(1000, 70);
+    EXPECT_EQ(layout.ContentWidth(), 1090);
+    EXPECT_EQ(layout.Left(), 70);
+    EXPECT_EQ(layout.Cell(0, colSel).left, -70);
+    EXPECT_EQ(layout.Cell(0, colName).left, 20);
+    EXPECT_EQ(layout.Row(0).left, -70);
+    EXPECT_EQ(layout.Row(0).right, 1020);
+    const RECT sign = layout.Glyph(layout.Cell(2, colName), 1);
+    EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 1), GridPart::Glyph);
+    EXPECT_EQ(layout.PartAt({10, sign.top}, 1), GridPart::Index);
+}
+
+TEST(GridLayout, ScrollingSidewaysEndsAtTheLastColumnsEdge) {
+    GridLayout layout({}, client, 50, 40, 0);
+    layout.ScrollSideways(1000, 5000);
+    EXPECT_EQ(layout.Left(), 690);
+    EXPECT_EQ(layout.Cell(0, colName).right, 400);
+    layout.ScrollSideways(1000, -5);
+    EXPECT_EQ(layout.Left(), 0);
+}
+
+TEST(GridLayout, AColumnOfTheWantedWidthShowsIndentationAndTextInFull) {
+    for (const int level : {0, 1, 7, 60}) {
+        for (const int text : {0, 30, 200, 900}) {
+            GridLayout layout({}, client, 50, 40, 0);
+            layout.ScrollSideways(layout.NameWidth(level, text), 0);
+            const RECT cell = layout.Cell(0, colName);
+            EXPECT_GE(Width(layout.NameText(cell, level, true)), text);
+            EXPECT_EQ(layout.Icon(cell, level).left - layout.Icon(cell, 0).left, level * layout.Metrics().indent);
+        }
+    }
+}
+
+TEST(GridLayout, AColumnForNonsenseStaysWithinReason) {
+    const GridLayout layout({}, client, 50, 40, 0);
+    EXPECT_EQ(layout.NameWidth(32767, 1000000), 4000);
+    EXPECT_EQ(layout.NameWidth(-32768, 10), layout.NameWidth(0, 10));
+}
+
+TEST(FrameClock, LetsAtMostSixtyTwoFramesThroughInASecond) {
+    FrameClock clock;
+    FrameClock::Clock::time_point now{std::chrono::seconds(100)};
+    int frames = 0;
+    for (int step = 0; step < 100000; ++step, now += std::chrono::microseconds(10)) {
+        if (!clock.Due(now)) continue;
+        clock.Drawn(now);
+        ++frames;
+    }
+    EXPECT_LE(frames, 63);
+    EXPECT_GE(frames, 60);
+}
+
+}  // namespace
+}  // namespace foldertree
