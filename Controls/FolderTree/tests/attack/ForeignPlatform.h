@@ -3,11 +3,11 @@
 
 #include "attack/Border.h"
 #include "attack/ForeignObject.h"
-#include "support/FakeHost.h"
+#include "support/FakePlatform.h"
 
 namespace foldertree::attack {
 
-class ForeignPlatform : public testing::FakeHost {
+class ForeignPlatform : public testing::FakePlatform {
   public:
     explicit ForeignPlatform(BorderRef border) : border_(std::move(border)) {
         onYield = [this](int) { border_->Reach(Place::Yield, ""); };
@@ -17,53 +17,53 @@ class ForeignPlatform : public testing::FakeHost {
 
     void Yield() override {
         const Abroad abroad(border_);
-        FakeHost::Yield();
+        FakePlatform::Yield();
     }
     void SetBusyPointer(bool busy) override {
         const Abroad abroad(border_);
-        FakeHost::SetBusyPointer(busy);
+        FakePlatform::SetBusyPointer(busy);
     }
     void ShowWaitPanel(bool visible) override {
         const Abroad abroad(border_);
-        FakeHost::ShowWaitPanel(visible);
+        FakePlatform::ShowWaitPanel(visible);
     }
     void SetWaitCaptions(std::string_view pleaseWaitText, std::string_view cancelText) override {
         const Abroad abroad(border_);
-        FakeHost::SetWaitCaptions(pleaseWaitText, cancelText);
+        FakePlatform::SetWaitCaptions(pleaseWaitText, cancelText);
     }
     void SetProgressText(std::string_view path) override {
         const Abroad abroad(border_);
-        FakeHost::SetProgressText(path);
+        FakePlatform::SetProgressText(path);
     }
     void SetProgress(double maximum, double value) override {
         const Abroad abroad(border_);
-        FakeHost::SetProgress(maximum, value);
+        FakePlatform::SetProgress(maximum, value);
     }
     automation::ObjectRef CreateFont(std::string_view name) override {
         const Abroad abroad(border_);
         border_->Reach(Place::FontCreation, name);
-        return MakeForeign(FakeHost::CreateFont(name), fontPlaces, border_);
+        return MakeForeign(FakePlatform::CreateFont(name), fontPlaces, border_);
     }
     automation::ObjectRef AmbientFont() override {
         const Abroad abroad(border_);
         border_->Reach(Place::AmbientFont, "");
-        return FakeHost::AmbientFont();
+        return FakePlatform::AmbientFont();
     }
     int TwipsPerPixel() override {
         const Abroad abroad(border_);
-        return FakeHost::TwipsPerPixel();
+        return FakePlatform::TwipsPerPixel();
     }
     void RaiseChanged() override {
         const Abroad abroad(border_);
-        FakeHost::RaiseChanged();
+        FakePlatform::RaiseChanged();
     }
     void PropertyChanged(std::string_view name) override {
         const Abroad abroad(border_);
-        FakeHost::PropertyChanged(name);
+        FakePlatform::PropertyChanged(name);
     }
     void TraceLine(std::string_view line) override {
         const Abroad abroad(border_);
-        FakeHost::TraceLine(line);
+        FakePlatform::TraceLine(line);
     }
 
   private:

@@ -17,6 +17,17 @@ ObjectRef NewFont(World& world) {
     return MakeForeign(std::make_shared<automation::testing::ScriptedObject>("Font"), fontPlaces, world.border);
 }
 
+void LookUp(World& world, Control& control) {
+    std::string storeID;
+    std::string entryID;
+    {
+        const Abroad abroad(world.border);
+        storeID = StoreID();
+        entryID = EntryID("0001");
+    }
+    control.GetMsgItem(storeID, entryID);
+}
+
 void MakeAnother(World& world) {
     std::unique_ptr<ForeignPlatform> platform;
     {
@@ -96,9 +107,9 @@ std::vector<Member> SelectionMembers() {
         {"SelectedItem = Nothing", "SetSelectedItem", [](World&, Control& c) { c.SetSelectedItem(nullptr); }},
         {"CollapseToSelection", "CollapseToSelection", [](World&, Control& c) { c.CollapseToSelection(); }},
         {"CollapseToType", "CollapseToType", [](World&, Control& c) { c.CollapseToType(FTITaskItem); }},
-        {"GetMsgItem", "GetMsgItem", [](World&, Control& c) { c.GetMsgItem("B2", "0001"); }},
+        {"GetMsgItem", "GetMsgItem", [](World& w, Control& c) { LookUp(w, c); }},
         {"GetAdListItem", "GetAdListItem", [](World&, Control& c) { c.GetAdListItem("G1", "G1"); }},
-        {"CreateSelItem", "CreateSelItem", [](World&, Control& c) { c.CreateSelItem(1, "B2", "0001", "", ""); }},
+        {"CreateSelItem", "CreateSelItem", [](World& w, Control&) { w.OwnItem("0001"); }},
         {"AfterEdit of a tick", "fgd_AfterEdit", [](World& w, Control& c) { Edit(w, c, "Zoo", colSel, "-1"); }},
         {"AfterEdit of a tick without an item", "fgd_AfterEdit",
          [](World& w, Control& c) { Edit(w, c, "Old mail", colSel, "-1"); }},

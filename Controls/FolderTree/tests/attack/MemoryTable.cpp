@@ -127,10 +127,7 @@ MemoryTable::Result MemoryTable::Run(const Failure& failure) const {
         const Snapshot now = Take(world);
         const bool told = IsTold(world.platform.lines, linesBefore);
         const bool same = now == scenario.expected.after;
-        result.outcome = ran.escaped ? Outcome::Escaped
-                         : told      ? Outcome::Told
-                         : same      ? Outcome::Same
-                                     : Outcome::Silent;
+        result.outcome = ran.escaped ? Outcome::Escaped : told ? Outcome::Told : same ? Outcome::Same : Outcome::Silent;
         CheckBetween(now, scenario.expected, told, findings);
         CheckIdle(world, findings);
         CheckGrid(world, findings);

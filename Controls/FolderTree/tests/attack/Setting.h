@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "shell/Enumerations.h"
+#include "common/Enumerations.h"
 
 namespace foldertree::attack {
 

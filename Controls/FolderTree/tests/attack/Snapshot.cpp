@@ -56,7 +56,8 @@ std::string Difference(const Row& row, const Row& other) {
 /// A row that some of its texts are still to be written to.
 bool IsUnfinished(const Row& row, const Row& finished) {
     for (size_t col = 0; col < row.texts.size(); ++col)
-        if (!row.texts[col].empty() && row.texts[col] != finished.texts[col]) return false;
+        if (!row.texts[col].empty() && row.texts[col] != finished.texts[col] && !IsFromTheMiddle(col, row.texts[col]))
+            return false;
     return (row.level == 0 || row.level == finished.level) && (!row.isNode || finished.isNode);
 }
 

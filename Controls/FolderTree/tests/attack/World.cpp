@@ -12,21 +12,31 @@ using testing::MailFolder;
 using testing::ModeMailbox;
 using testing::TypedFolder;
 
+std::string StoreID() {
+    return "B2" + std::string(60, '0');
+}
+
+std::string EntryID(std::string_view start) {
+    return std::string(start) + std::string(40, '0');
+}
+
 namespace {
 
 ModeMailbox MailboxFor(const Setting& setting) {
     ModeMailbox mail;
     // Calls are not logged: the log would cost more than they do.
     mail.log = nullptr;
-    testing::ModeStore store{"Mailbox", "B2", true, {}, "Provider"};
+    testing::ModeStore store{"Mailbox", StoreID(), true, {}, "Provider"};
     store.folders = {
-        MailFolder("Inbox", "0001",
-                   {MailFolder("Projects", "0011", {MailFolder("Alpha", "0021", {MailFolder("Deep", "0031")})}),
-                    MailFolder("Zoo", "0012")}),
-        TypedFolder("To do", "0004", 3, "IPF.Task")};
+        MailFolder("Inbox", EntryID("0001"),
+                   {MailFolder("Projects", EntryID("0011"),
+                               {MailFolder("Alpha", EntryID("0021"), {MailFolder("Deep", EntryID("0031"))})}),
+                    MailFolder("Zoo", EntryID("0012"))}),
+        TypedFolder("To do", EntryID("0004"), 3, "IPF.Task")};
     for (int i = 0; i < setting.moreFolders; ++i)
-        store.folders.push_back(MailFolder("More " + std::to_string(i), std::to_string(1100 + i)));
-    mail.stores = {std::move(store), {"Archive", "A1", false, {MailFolder("Old mail", "0030")}, ""}};
+        store.folders.push_back(MailFolder("More " + std::to_string(i), EntryID(std::to_string(1100 + i))));
+    mail.inboxID = EntryID("0001");
+    mail.stores = {std::move(store), {"Archive", "A1", false, {MailFolder("Old mail", EntryID("0030"))}, ""}};
     mail.addressLists = {testing::AddressList("Global", "G1", {testing::AddressList("Europe", "G11")})};
     return mail;
 }
@@ -96,26 +106,33 @@ ObjectRef World::NewSession() const {
     return MakeForeign(mail.RdoSession(), providerPlaces, border);
 }
 
-std::string World::KeyFor(std::string_view entryID) const {
-    return setting.mode == eISAccess_Outlook ? std::string(entryID) : "SB2|" + std::string(entryID);
+std::string World::KeyFor(std::string_view entry) const {
+    return setting.mode == eISAccess_Outlook ? EntryID(entry) : "S" + StoreID() + "|" + EntryID(entry);
 }
 
-ItemRef World::OwnItem(std::string_view entryID) {
-    return control->CreateSelItem(7, setting.mode == eISAccess_Outlook ? "" : "B2", entryID, "", "");
+ItemRef World::OwnItem(std::string_view entry) {
+    std::string storeID;
+    std::string entryID;
+    {
+        const Abroad abroad(border);
+        if (setting.mode != eISAccess_Outlook) storeID = StoreID();
+        entryID = EntryID(entry);
+    }
+    return control->CreateSelItem(7, storeID, entryID, "", "");
 }
 
-ObjectRef World::ForeignItemFor(std::string_view entryID, bool incomplete) {
+ObjectRef World::ForeignItemFor(std::string_view entry, bool incomplete) {
     const Abroad abroad(border);
-    return std::make_shared<ForeignItem>(border, KeyFor(entryID), incomplete);
+    return std::make_shared<ForeignItem>(border, KeyFor(entry), incomplete);
 }
 
 void World::FillCollection(HostCollection& collection, bool quiet) {
-    const auto addOwn = [&](std::string_view entryID) {
-        const ItemRef item = OwnItem(entryID);
+    const auto addOwn = [&](std::string_view entry) {
+        const ItemRef item = OwnItem(entry);
         if (item) Put(*collection.items, item, item->Key());
     };
-    const auto addForeign = [&](std::string_view entryID, bool incomplete) {
-        if (!quiet) Put(*collection.items, ForeignItemFor(entryID, incomplete), KeyFor(entryID));
+    const auto addForeign = [&](std::string_view entry, bool incomplete) {
+        if (!quiet) Put(*collection.items, ForeignItemFor(entry, incomplete), KeyFor(entry));
     };
     addOwn("0001");
     addForeign("0011", false);

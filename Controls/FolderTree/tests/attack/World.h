@@ -31,6 +31,10 @@ struct Bystander {
     bool multiSelect = false;
 };
 
+/// The identifiers of the default store and of a folder: as long as real ones, so that they need memory of their own.
+std::string StoreID();
+std::string EntryID(std::string_view start);
+
 class World {
   public:
     World(const Setting& setting, BorderRef border);
@@ -48,11 +52,11 @@ class World {
     HostCollection QuietCollection(Holder holder);
     /// The host assigns a collection now and remembers what is in it.
     void Assign(HostCollection collection);
-    /// An item of the control for a folder of the default store.
-    ItemRef OwnItem(std::string_view entryID);
-    automation::ObjectRef ForeignItemFor(std::string_view entryID, bool incomplete);
+    /// An item of the control for a folder of the default store, whose identifier starts like that.
+    ItemRef OwnItem(std::string_view entry);
+    automation::ObjectRef ForeignItemFor(std::string_view entry, bool incomplete);
     /// The key of that folder's row.
-    std::string KeyFor(std::string_view entryID) const;
+    std::string KeyFor(std::string_view entry) const;
     /// -1 when there is none, or no control.
     int32_t RowNamed(std::string_view name) const;
     /// The first row whose folders have not been read; -1 when there is none.
