@@ -21,6 +21,8 @@ NoPlatform noPlatform;
 
 ControlContext::ControlContext(ControlPlatform& platform, automation::ObjectFactory& factory)
     : platform_(&platform), factory_(&factory) {
+    // The line that tells of memory running out must not need any.
+    line_.reserve(usualErrorLine);
     grid.AddObserver(this);
 }
 

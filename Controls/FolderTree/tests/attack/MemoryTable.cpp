@@ -128,6 +128,8 @@ MemoryTable::Result MemoryTable::Run(const Failure& failure) const {
         const bool told = IsTold(world.platform.lines, linesBefore);
         const bool same = now == scenario.expected.after;
         result.outcome = ran.escaped ? Outcome::Escaped : told ? Outcome::Told : same ? Outcome::Same : Outcome::Silent;
+        if (result.outcome == Outcome::Silent)
+            findings.push_back("something is missing and no line of the trace tells");
         CheckBetween(now, scenario.expected, told, findings);
         CheckIdle(world, findings);
         CheckGrid(world, findings);

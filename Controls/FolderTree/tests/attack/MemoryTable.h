@@ -17,7 +17,7 @@ namespace foldertree::attack {
 enum class Outcome {
     Same,     ///< all is as if there had been memory, and nothing is traced
     Told,     ///< a line of the trace tells of it
-    Silent,   ///< nothing is traced, and something is not as it would have been
+    Silent,   ///< nothing is traced, and something is not as it would have been: always a finding
     Escaped,  ///< the error left the member, which only a gesture and the making of a control allow
 };
 

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <iomanip>
 #include <iostream>
+#include <set>
 
 #include "attack/MemoryTable.h"
 #include "attack/Program.h"
@@ -51,6 +52,13 @@ void PrintTable(const std::vector<Line>& lines) {
         if (scenario.allocations > 0) PrintLine(scenario.Name(), scenario.allocations, lines[each]);
     }
     PrintLine("all (failed once | failed from then on)", allocations, sum);
+    std::set<std::string> modest;
+    for (const MemoryScenario& scenario : TheTable().Scenarios()) modest.insert(scenario.member->name);
+    for (const MemoryScenario& scenario : TheTable().Scenarios())
+        if (scenario.allocations > 0) modest.erase(scenario.member->name);
+    std::cout << "without any allocation:";
+    for (const std::string& name : modest) std::cout << " " << name << ";";
+    std::cout << "\n";
 }
 
 constexpr std::string_view outcomeMark = "@";
@@ -109,6 +117,16 @@ TEST(MemoryThatRunsOut, IsTriedInScenariosThatAskForMemory) {
             if (scenario.Name() == name) allocations = scenario.allocations;
         EXPECT_GT(allocations, 0) << name;
     }
+}
+
+TEST(MemoryThatRunsOut, IsToldWithoutAnyMemory) {
+    // In this mode nothing longer than the error line has been traced before.
+    for (const Failure& failure : TheTable().All()) {
+        if (TheTable().Write(failure) != "outlook; RefreshList; 1 on") continue;
+        EXPECT_EQ(TheTable().Run(failure).outcome, Outcome::Told);
+        return;
+    }
+    FAIL() << "there is no such scenario";
 }
 
 Snapshot SmallSnapshot() {
