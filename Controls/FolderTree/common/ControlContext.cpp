@@ -26,6 +26,11 @@ ControlContext::ControlContext(ControlPlatform& platform, automation::ObjectFact
 }
 
 void ControlContext::Detach() {
+    // A load that runs further up the stack cannot take them down any more.
+    if (state.refreshing) {
+        platform_->SetBusyPointer(false);
+        platform_->ShowWaitPanel(false);
+    }
     closed_ = true;
     state.cancel = true;
     platform_ = &noPlatform;
