@@ -68,6 +68,14 @@ class ctlFolderTree::Impl {
         });
     }
 
+    /// Empties the selection collection and lets it go; one that the host assigns meanwhile stays.
+    void KillSelection() {
+        const ObjectRef old = selection.collection;
+        ObjectRef emptied = old;
+        selection.KillCollection(emptied);
+        if (emptied == nullptr && selection.collection == old) selection.collection = nullptr;
+    }
+
     void CollapseRows(auto&& isToCollapse) {
         TreeGrid& grid = context.grid;
         for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row)
@@ -159,32 +167,32 @@ ctlFolderTree::~ctlFolderTree() {
 }
 
 void ctlFolderTree::UserControl_InitProperties() {
-    if (impl_->closing) return;
-    const ChangesTold told(impl_->context.grid);
     impl_->initialised = true;
-    Guarded(impl_->context, errorLines::initProperties, [&] {
-        ControlState& state = impl_->state;
-        state.enabled = true;
-        state.highlightContactFolders = false;
-        state.highlightJournalFolders = false;
-        state.highlightTaskFolders = false;
-        state.multiSelect = true;
-        state.allowIndexing = false;
-        state.extendToLevel = 1;
-        impl_->selection.KillCollection(impl_->selection.collection);
-        state.rdoSession = nullptr;
-        state.showAddressBook = false;
-        state.infoStoreAccessMode = eISAccess_RDO_MAPITables;
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->context, errorLines::initProperties, [&] {
+            ControlState& state = impl_->state;
+            state.enabled = true;
+            state.highlightContactFolders = false;
+            state.highlightJournalFolders = false;
+            state.highlightTaskFolders = false;
+            state.multiSelect = true;
+            state.allowIndexing = false;
+            state.extendToLevel = 1;
+            impl_->KillSelection();
+            state.rdoSession = nullptr;
+            state.showAddressBook = false;
+            state.infoStoreAccessMode = eISAccess_RDO_MAPITables;
+        });
     });
 }
 
 void ctlFolderTree::UserControl_ReadProperties(PropertyBag& bag) {
-    if (impl_->closing) return;
-    const ChangesTold told(impl_->context.grid);
     impl_->initialised = true;
-    Guarded(impl_->context, errorLines::readProperties, [&] {
-        ReadPersistedProperties(impl_->context, bag);
-        SetupGrid(impl_->context);
+    EnterVoid(*this, *impl_, [&] {
+        Guarded(impl_->context, errorLines::readProperties, [&] {
+            ReadPersistedProperties(impl_->context, bag);
+            SetupGrid(impl_->context);
+        });
     });
 }
 
@@ -196,6 +204,8 @@ void ctlFolderTree::UserControl_WriteProperties(PropertyBag& bag) {
 
 void ctlFolderTree::Close() {
     if (impl_->closing) return;
+    // The host's collection and items may let go of the control; its destructor has nothing to keep.
+    const auto keepAlive = weak_from_this().lock();
     impl_->closing = true;
     impl_->state.cancel = true;
     Guarded(impl_->context, errorLines::terminate, [&] {

@@ -20,9 +20,17 @@ NoPlatform noPlatform;
 }  // namespace
 
 ControlContext::ControlContext(ControlPlatform& platform, automation::ObjectFactory& factory)
-    : platform_(&platform), factory_(&factory) {}
+    : platform_(&platform), factory_(&factory) {
+    // The line that tells of memory running out must not need any.
+    line_.reserve(usualErrorLine);
+}
 
 void ControlContext::Detach() {
+    // A load that runs further up the stack cannot take them down any more.
+    if (state.refreshing) {
+        platform_->SetBusyPointer(false);
+        platform_->ShowWaitPanel(false);
+    }
     closed_ = true;
     state.cancel = true;
     platform_ = &noPlatform;

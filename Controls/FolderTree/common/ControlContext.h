@@ -56,6 +56,7 @@ class ControlContext {
 
   private:
     static constexpr std::string_view tracePrefix = "ctlFolderTree: ";
+    static constexpr size_t usualErrorLine = 256;  ///< bytes
 
     void Append(std::string_view text) { line_ += text; }
     template <std::integral Number>

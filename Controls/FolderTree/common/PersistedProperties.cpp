@@ -16,6 +16,7 @@ void ReadOne(ControlContext& context, PropertyBag& bag, std::string_view name, T
     useDefault();
     const bool read = Guarded(context, errorLines::readProperties, [&] {
         const Value saved = bag.Read(name);
+        context.ThrowIfClosed();
         if (!saved.IsEmpty()) take(saved);
     });
     if (!read) useDefault();
@@ -38,6 +39,7 @@ void Write(ControlContext& context, PropertyBag& bag, const MemberInfo& info, co
 ObjectRef AmbientFont(ControlContext& context) {
     ObjectRef font;
     Attempt([&] { font = context.Platform().AmbientFont(); });
+    context.ThrowIfClosed();
     return font;
 }
 

@@ -1,7 +1,9 @@
 // LifecycleTest: how a control comes and goes, and what becomes of the host's objects.
 #include <functional>
+#include <utility>
 
 #include "support/ControlTest.h"
+#include "support/HookedObject.h"
 
 namespace foldertree::testing {
 namespace {
@@ -159,6 +161,92 @@ TEST_F(Lifecycle, TheControlMayBeDroppedWhileAnyPropertyIsMarkedChanged) {
         EXPECT_EQ(platform.callsAfterClose, 0);
         EXPECT_EQ(platform.Trace(), Lines{});
     }
+}
+
+/// A bag of which each read runs host code first.
+class LeadingBag : public FakeBag {
+  public:
+    std::function<void()> onRead;
+    Value Read(std::string_view name) override {
+        if (const auto handler = onRead) handler();
+        return FakeBag::Read(name);
+    }
+};
+
+class LifeMembers : public Lifecycle {
+  protected:
+    /// A host's own collection of one item, which runs host code at each call.
+    automation::ObjectRef HostsOwnCollection(std::function<void()> onCall) {
+        const auto collection = NewCollection();
+        AddItem(*collection, HostItem("B2", "0001"));
+        hook_->onCall = [act = std::move(onCall)](int) { act(); };
+        return Hook(collection, hook_);
+    }
+    void StopHook() { hook_->onCall = nullptr; }
+
+  private:
+    std::shared_ptr<CallHook> hook_ = std::make_shared<CallHook>();
+};
+
+TEST_F(LifeMembers, KeepTheControlWhileTheHostLetsItGo) {
+    const std::weak_ptr<ctlFolderTree> life = control;
+    ctlFolderTree* const raw = control.get();
+    bool letGo = false;
+    control->SetSelection(HostsOwnCollection([&] {
+        if (letGo) control.reset();
+    }));
+    letGo = true;
+    raw->UserControl_InitProperties();
+    EXPECT_EQ(control, nullptr);
+    EXPECT_TRUE(life.expired());
+}
+
+TEST_F(LifeMembers, KeepTheControlWhileTheHostLetsItGoInItsBag) {
+    ctlFolderTree* const raw = control.get();
+    LeadingBag bag;
+    bag.onRead = [&] { control.reset(); };
+    raw->UserControl_ReadProperties(bag);
+    EXPECT_EQ(control, nullptr);
+}
+
+TEST_F(LifeMembers, KeepTheControlWhileTheHostLetsItGoAsItCloses) {
+    ctlFolderTree* const raw = control.get();
+    bool letGo = false;
+    control->SetSelection(HostsOwnCollection([&] {
+        if (letGo) control.reset();
+    }));
+    letGo = true;
+    raw->Close();
+    EXPECT_EQ(control, nullptr);
+}
+
+TEST_F(LifeMembers, DoNotReadOnAfterTheControlIsClosed) {
+    LeadingBag bag;
+    bag.onRead = [&] { control->Close(); };
+    control->UserControl_ReadProperties(bag);
+    EXPECT_EQ(bag.reads.size(), 1u);
+}
+
+TEST_F(LifeMembers, LeaveACollectionThatIsAssignedWhileTheOldOneIsEmptied) {
+    const auto other = NewCollection();
+    AddItem(*other, HostItem("B2", "0002"));
+    bool assign = false;
+    control->SetSelection(HostsOwnCollection([&] {
+        if (std::exchange(assign, false)) control->SetSelection(other);
+    }));
+    assign = true;
+    control->UserControl_InitProperties();
+    StopHook();
+    EXPECT_EQ(control->Selection(), other);
+    EXPECT_EQ(KeysOf(other).size(), 1u);
+}
+
+TEST_F(Lifecycle, ClosingInTheMiddleOfALoadTakesPanelAndPointerDown) {
+    platform.onYield = [&](int) { control->Close(); };
+    Load();
+    EXPECT_TRUE(control->Closed());
+    EXPECT_FALSE(platform.panelVisible);
+    EXPECT_FALSE(platform.busyPointer);
 }
 
 }  // namespace
