@@ -1,40 +1,30 @@
 // OrderedInsertion: rebuilds a selection collection in the order of the rows' numbers.
 #include "selection/OrderedInsertion.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
-
-#include "automation/Collection.h"
 
 namespace foldertree {
 
-using automation::Collection;
-using automation::Value;
-
 void OrderedInsertion::RemoveCompleteItems() {
-    if (selection_.collection == nullptr) return;
-    const Collection items(selection_.collection);
-    std::vector<int32_t> complete;
-    const auto walk = items.Walk();
-    Value value;
-    for (int32_t position = 1; walk->Next(value); ++position)
-        if (!SelItem(value).Incomplete()) complete.push_back(position);
-    // From the back, so that the positions still to be removed stay what they are.
-    for (auto position = complete.rbegin(); position != complete.rend(); ++position) items.Remove(*position);
+    if (!pass_.HasCollection()) return;
+    CollectionPass::Places complete;
+    CollectionPass::Walk walk(pass_);
+    SelItem item;
+    while (walk.Next(item))
+        if (!item.Incomplete()) complete.push_back({walk.Position(), item});
+    pass_.TakeOut(std::move(complete));
     ReadIndexes();
-    incompleteLeft_ = !highestUpTo_.empty();
 }
 
 void OrderedInsertion::ReadIndexes() {
-    highestUpTo_.clear();
-    const auto walk = Collection(selection_.collection).Walk();
-    Value value;
-    while (walk->Next(value)) {
-        const int32_t index = SelItem(value).Index();
-        highestUpTo_.push_back(highestUpTo_.empty() ? index : std::max(index, highestUpTo_.back()));
+    CollectionPass::Walk walk(pass_);
+    SelItem item;
+    while (walk.Next(item)) {
+        indexes_.Append(item.Index());
+        items_.push_back(item);
     }
+    incompleteLeft_ = !items_.empty();
 }
 
 void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
@@ -47,17 +37,62 @@ void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
     if (!item) item = SelItem(selection_.CreateSelItemFromRow(row));
     const int32_t index = item.Index();
     // An item that stayed is moved. One that another row put here keeps the key, and adding it again fails.
-    if (incomplete && selection_.RemoveSelItemByKey(key)) ReadIndexes();
+    if (incomplete) RemoveByKey(key);
 
-    const auto place = std::lower_bound(highestUpTo_.begin(), highestUpTo_.end(), number,
-                                        [](int32_t highest, double wanted) { return highest < wanted; });
-    std::optional<int32_t> before;
-    if (place != highestUpTo_.end()) before = static_cast<int32_t>(place - highestUpTo_.begin()) + 1;
-    Collection(selection_.EnsureCollection()).Add(item.Ref(), item.Key(), before);
+    const int32_t place = indexes_.FirstNotLess(number);
+    pass_.Add(item, item.Key(), place < indexes_.Count() ? std::optional(place + 1) : std::nullopt);
+    const IndexSequence::Entry entry = indexes_.Insert(place, index);
+    if (!incompleteLeft_) return;
+    items_.resize(entry);  // one shorter only when memory ran out for the entry before
+    items_.push_back(item);
+}
 
-    const int32_t highest = place == highestUpTo_.begin() ? index : std::max(index, *(place - 1));
-    auto after = highestUpTo_.insert(place, highest);
-    while (++after != highestUpTo_.end() && *after < highest) *after = highest;
+void OrderedInsertion::RemoveByKey(std::string_view key) {
+    Guarded(context_, errorLines::removeSelItemByKey, [&] {
+        ReadKeys();
+        const std::optional<IndexSequence::Entry> entry = FirstWithKey(key);
+        const int32_t position = entry ? *indexes_.PositionOf(*entry) : indexes_.Count();
+        ThrowIfUnreadableBefore(position);
+        if (!entry) return;
+        pass_.TakeOut({{position + 1, items_[*entry]}});
+        indexes_.Remove(*entry);
+    });
+}
+
+void OrderedInsertion::ReadKeys() {
+    while (keyed_.Count() < items_.size()) {
+        const SelItem& item = items_[keyed_.Count()];
+        std::string key;
+        if (auto error = Attempt([&] { key = item ? item.Key() : std::string(); }))
+            failed_.push_back({keyed_.Count(), std::move(*error)});
+        pass_.ThrowIfEnded();
+        keyed_.Add(item, std::move(key));
+    }
+}
+
+std::optional<IndexSequence::Entry> OrderedInsertion::FirstWithKey(std::string_view key) const {
+    std::optional<IndexSequence::Entry> first;
+    std::optional<int32_t> firstPosition;
+    keyed_.Any(key, [&](uint32_t entry) {
+        const std::optional<int32_t> position = indexes_.PositionOf(entry);
+        if (position && (!firstPosition || *position < *firstPosition)) {
+            first = entry;
+            firstPosition = position;
+        }
+        return false;
+    });
+    return first;
+}
+
+void OrderedInsertion::ThrowIfUnreadableBefore(int32_t position) const {
+    const Unreadable* first = nullptr;
+    for (const Unreadable& each : failed_) {
+        const std::optional<int32_t> place = indexes_.PositionOf(each.entry);
+        if (!place || *place > position) continue;
+        first = &each;
+        position = *place;
+    }
+    if (first != nullptr) throw automation::Error(first->error);
 }
 
 }  // namespace foldertree

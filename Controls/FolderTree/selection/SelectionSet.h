@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
 #include "common/ControlContext.h"
@@ -24,6 +23,7 @@ class SelectionSet {
     /// The collection, made when there is none.
     const automation::ObjectRef& EnsureCollection();
 
+    // These three throw PassEnded where the host assigns another collection meanwhile.
     SelItem GetSelItemByKey(std::string_view key);
     bool RemoveSelItemByKey(std::string_view key);
     /// The largest Index in the collection, never below 0.
@@ -35,6 +35,8 @@ class SelectionSet {
                           std::string_view sEntryIDShort, std::string_view sAdListID);
     /// Empties the collection from the front and clears the variable.
     void KillCollection(automation::ObjectRef& oColl);
+    /// Empties the control's own collection and lets it go. One that cannot be emptied stays.
+    void KillCollection();
 
   private:
     /// One text for all items that are made one after the other from rows of one store.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/ControlContext.h"
+#include "selection/CollectionPass.h"
 #include "selection/SelectionSet.h"
 
 namespace foldertree {
@@ -35,7 +36,9 @@ class SelectionView {
     FoundRows ReIndex();
 
   private:
-    void ApplyCollection(const FoundRows& found);
+    void ApplyCollection(CollectionPass& pass, const FoundRows& found);
+    void NumberItems(CollectionPass& pass, FoundRows& found);
+    void ReadTicks(CollectionPass& pass);
     void ApplySingleItem();
     int32_t FindRowOf(const SelItem& item);
     void CompleteFromRow(clsFolderTreeItem& item, int32_t row);

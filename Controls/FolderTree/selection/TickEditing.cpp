@@ -3,13 +3,9 @@
 
 #include <optional>
 
-#include "automation/Collection.h"
 #include "automation/Text.h"
 
 namespace foldertree {
-
-using automation::Collection;
-using automation::Value;
 
 void TickEditing::fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) {
     Guarded(context_, errorLines::beforeEdit, [&] {
@@ -42,31 +38,37 @@ void TickEditing::fgd_AfterEdit(int32_t row, int32_t col) {
 void TickEditing::AfterTick(int32_t row) {
     const bool ticked = context_.grid.CellValue(row, colSel) != 0;
     selection_.selectedRow = -1;
-    if (context_.state.multiSelect) {
-        if (ticked)
-            TickInCollection(row);
-        else
-            UntickInCollection(row);
-        selection_.dirty = true;
-    } else if (ticked) {
-        TickAlone(row);
-    }
-    view_.ReIndex();
+    // Also when another collection is assigned meanwhile, the user has ticked, and the host is told.
+    RunPass(selection_, [&](CollectionPass& pass) {
+        if (context_.state.multiSelect) {
+            if (ticked)
+                TickInCollection(pass, row);
+            else
+                UntickInCollection(row);
+            selection_.dirty = true;
+        } else if (ticked) {
+            TickAlone(row);
+        }
+        pass.ThrowIfEnded();
+        view_.ReIndex();
+    });
     context_.RaiseChanged();
     TraceChange(row);
 }
 
-void TickEditing::TickInCollection(int32_t row) {
+void TickEditing::TickInCollection(CollectionPass& pass, int32_t row) {
     SelItem item = selection_.GetSelItemByKey(context_.grid.CellText(row, colKey));
     if (item) {
         item.SetSelected(true);
     } else {
         item = SelItem(selection_.CreateSelItemFromRow(row));
         item.SetSelected(true);
-        Collection(selection_.EnsureCollection()).Add(item.Ref(), item.Key());
+        pass.Add(item, item.Key());
         item.SetIndex(SelectionSet::NextIndex(selection_.GetHighIndex()));
     }
-    context_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
+    const int32_t index = item.Index();
+    pass.ThrowIfEnded();
+    context_.grid.SetCellText(row, colIndex, std::to_string(index));
 }
 
 void TickEditing::UntickInCollection(int32_t row) {
@@ -86,22 +88,27 @@ void TickEditing::TickAlone(int32_t row) {
 }
 
 void TickEditing::AfterNumber(int32_t row) {
-    const ItemRef item = selection_.CreateSelItemFromRow(row);
-    const std::string key = item->Key();
-    selection_.RemoveSelItemByKey(key);
-
-    const Collection items(selection_.collection);
-    std::optional<int32_t> before;
-    const auto walk = items.Walk();
-    Value value;
-    // Only a higher number is passed, so a number equal to an existing one lands behind that item.
-    for (int32_t position = 1; !before && walk->Next(value); ++position)
-        if (SelItem(value).Index() > item->Index()) before = position;
-    items.Add(item, key, before);
-
-    view_.ReIndex();
+    RunPass(selection_, [&](CollectionPass& pass) {
+        MoveItemOf(pass, row);
+        pass.ThrowIfEnded();
+        view_.ReIndex();
+    });
     selection_.dirty = true;
     context_.RaiseChanged();
+}
+
+void TickEditing::MoveItemOf(CollectionPass& pass, int32_t row) {
+    const SelItem item(selection_.CreateSelItemFromRow(row));
+    const std::string key = item.Key();
+    selection_.RemoveSelItemByKey(key);
+
+    std::optional<int32_t> before;
+    CollectionPass::Walk walk(pass);
+    SelItem other;
+    // Only a higher number is passed, so a number equal to an existing one lands behind that item.
+    while (!before && walk.Next(other))
+        if (other.Index() > item.Index()) before = walk.Position();
+    pass.Add(item, key, before);
 }
 
 void TickEditing::TraceChange(int32_t row) {

@@ -24,10 +24,12 @@ class TickEditing {
 
   private:
     void AfterTick(int32_t row);
-    void TickInCollection(int32_t row);
+    void TickInCollection(CollectionPass& pass, int32_t row);
     void UntickInCollection(int32_t row);
     void TickAlone(int32_t row);
     void AfterNumber(int32_t row);
+    /// Puts the row's item where its number says.
+    void MoveItemOf(CollectionPass& pass, int32_t row);
     void TraceChange(int32_t row);
     void ToggleNode(int32_t row);
 
