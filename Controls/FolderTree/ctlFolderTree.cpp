@@ -102,12 +102,25 @@ class ctlFolderTree::Impl {
 
 namespace {
 
+/// The grid's observers hear of what a member did before its caller goes on.
+class ChangesTold {
+  public:
+    explicit ChangesTold(TreeGrid& grid) : grid_(grid) {}
+    ~ChangesTold() { grid_.DeliverChanges(); }
+    ChangesTold(const ChangesTold&) = delete;
+    ChangesTold& operator=(const ChangesTold&) = delete;
+
+  private:
+    TreeGrid& grid_;
+};
+
 /// Runs a public member: does nothing on a closed control, keeps the control alive meanwhile, and gives one that was
 /// neither initialised nor loaded its defaults first.
 template <class Result, class Control, class Impl, class Body>
 Result Enter(Control& control, Impl& impl, Result neutral, Body&& body) {
     if (impl.closing) return neutral;
     const auto keepAlive = control.shared_from_this();
+    const ChangesTold told(impl.context.grid);
     if (!impl.initialised) control.UserControl_InitProperties();
     return UntilClosed(std::move(neutral), std::forward<Body>(body));
 }
@@ -147,6 +160,7 @@ ctlFolderTree::~ctlFolderTree() {
 
 void ctlFolderTree::UserControl_InitProperties() {
     if (impl_->closing) return;
+    const ChangesTold told(impl_->context.grid);
     impl_->initialised = true;
     Guarded(impl_->context, errorLines::initProperties, [&] {
         ControlState& state = impl_->state;
@@ -166,6 +180,7 @@ void ctlFolderTree::UserControl_InitProperties() {
 
 void ctlFolderTree::UserControl_ReadProperties(PropertyBag& bag) {
     if (impl_->closing) return;
+    const ChangesTold told(impl_->context.grid);
     impl_->initialised = true;
     Guarded(impl_->context, errorLines::readProperties, [&] {
         ReadPersistedProperties(impl_->context, bag);
@@ -417,8 +432,8 @@ void ctlFolderTree::Localize(std::string_view sIndexColName, std::string_view sS
             grid.SetCellText(0, colIndex, sIndexColName);
             grid.SetCellText(0, colName, sNameColName);
             impl_->state.addressListRowName = sAddressListRowName;
-            if (impl_->state.addressListHeadingRow > 0)
-                grid.SetCellText(impl_->state.addressListHeadingRow, colName, sAddressListRowName);
+            if (const auto heading = grid.RowOf(impl_->state.addressListHeading))
+                grid.SetCellText(*heading, colName, sAddressListRowName);
             impl_->context.Platform().SetWaitCaptions(sPleaseWait, sCancel);
             for (const int col : {colSel, colIndex, colName}) grid.AutoSizeColumns(col, col);
         });

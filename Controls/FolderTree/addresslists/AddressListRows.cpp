@@ -26,7 +26,7 @@ void AddressListRows::GetAddressBook() {
 void AddressListRows::AppendHeading() {
     TreeGrid& grid = context_.grid;
     const int32_t row = AppendStoreRow(context_, rowKind::header, context_.state.addressListRowName);
-    context_.state.addressListHeadingRow = row;
+    context_.state.addressListHeading = grid.HandleOf(row);
     SetRowPicture(grid, row, picAdList);
 }
 

@@ -20,13 +20,7 @@ NoPlatform noPlatform;
 }  // namespace
 
 ControlContext::ControlContext(ControlPlatform& platform, automation::ObjectFactory& factory)
-    : platform_(&platform), factory_(&factory) {
-    grid.AddObserver(this);
-}
-
-ControlContext::~ControlContext() {
-    grid.RemoveObserver(this);
-}
+    : platform_(&platform), factory_(&factory) {}
 
 void ControlContext::Detach() {
     closed_ = true;
@@ -42,16 +36,19 @@ void ControlContext::TraceError(const ErrorLine& line, const automation::Error& 
 }
 
 void ControlContext::Yield() {
+    grid.DeliverChanges();
     platform_->Yield();
     ThrowIfClosed();
 }
 
 void ControlContext::RaiseChanged() {
+    grid.DeliverChanges();
     platform_->RaiseChanged();
     ThrowIfClosed();
 }
 
 void ControlContext::PropertyChanged(std::string_view name) {
+    grid.DeliverChanges();
     platform_->PropertyChanged(name);
     ThrowIfClosed();
 }
@@ -76,16 +73,6 @@ void ControlContext::ResetProgress() {
     progressValue_ = 0;
     progressMaximum_ = 1;
     platform_->SetProgress(progressMaximum_, progressValue_);
-}
-
-void ControlContext::RowsInserted(int32_t firstRow, int32_t count) {
-    if (state.addressListHeadingRow >= firstRow) state.addressListHeadingRow += count;
-}
-
-void ControlContext::RowsRemoved(int32_t firstRow, int32_t count) {
-    int32_t& heading = state.addressListHeadingRow;
-    if (heading < firstRow) return;
-    heading = heading < firstRow + count ? 0 : heading - count;
 }
 
 LoadScope::LoadScope(ControlContext& context)

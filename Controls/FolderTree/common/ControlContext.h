@@ -15,11 +15,10 @@
 
 namespace foldertree {
 
-class ControlContext : private TreeGridObserver {
+class ControlContext {
   public:
     /// Host and factory are not owned; they must live until Detach().
     ControlContext(ControlPlatform& platform, automation::ObjectFactory& factory);
-    ~ControlContext() override;
 
     ControlState state;
     TreeGrid grid;
@@ -66,15 +65,6 @@ class ControlContext : private TreeGridObserver {
 
     friend class LoadScope;
     void ResetProgress();
-
-    // The address-list heading row follows its row
-    void RowsInserted(int32_t firstRow, int32_t count) override;
-    void RowsRemoved(int32_t firstRow, int32_t count) override;
-    void RowsChanged(int32_t, int32_t) override {}
-    void OutlineChanged(int32_t) override {}
-    void ColumnsChanged() override {}
-    void AppearanceChanged() override {}
-    void CurrentRowChanged() override {}
 
     ControlPlatform* platform_;
     automation::ObjectFactory* factory_;

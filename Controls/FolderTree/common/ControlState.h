@@ -7,6 +7,7 @@
 #include "automation/Object.h"
 #include "common/Enumerations.h"
 #include "interaction/FlagSet.h"
+#include "rows/RowHandle.h"
 
 namespace foldertree {
 
@@ -41,8 +42,8 @@ struct ControlState {
     automation::ObjectRef application;
 
     std::string addressListRowName;
-    int32_t addressListHeadingRow = 0;  ///< 0 when there is none; follows its row
-    int32_t rowHeight = 0;              ///< twips
+    RowHandle addressListHeading;
+    int32_t rowHeight = 0;  ///< twips
     DefaultFolderIDs defaultFolders;
 
     bool cancel = false;      ///< the user wants the running load to stop

@@ -50,6 +50,7 @@ void GridInteraction::SetNode(int32_t row, bool open) {
     events_.fgd_BeforeCollapse(row, static_cast<int16_t>(state), cancel);
     if (cancel || row >= grid_.RowCount() || !grid_.IsNode(row)) return;
     grid_.SetNodeState(row, state);
+    grid_.DeliverChanges();
 }
 
 void GridInteraction::ToggleNode(int32_t row) {

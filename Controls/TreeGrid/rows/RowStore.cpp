@@ -2,6 +2,7 @@
 #include "rows/RowStore.h"
 
 #include <array>
+#include <utility>
 
 #include "automation/Error.h"
 #include "automation/Text.h"
@@ -48,18 +49,31 @@ uint32_t Shorten(uint64_t hash) {
 
 }  // namespace
 
-RowStore::RowStore() = default;
-
 // Rows
 
 RowId RowStore::TakeRecord() {
-    if (!freeRows_.empty()) {
-        const RowId row = freeRows_.back();
-        freeRows_.pop_back();
+    if (freeRow_ != noRow) {
+        const RowId row = freeRow_;
+        RowRecord& record = Record(row);
+        freeRow_ = std::exchange(record.pooled[0], 0);
         return row;
     }
     if (nextRow_ / recordsPerBlock == blocks_.size()) blocks_.push_back(std::make_unique<RowRecord[]>(recordsPerBlock));
     return nextRow_++;
+}
+
+void RowStore::GiveBackRecord(RowId row) {
+    RowRecord& record = Record(row);
+    const auto generation = static_cast<uint16_t>(Generation(record) + 1);
+    record = RowRecord{};
+    record.flags = static_cast<uint16_t>(generation << generationShift);
+    if (generation == lastGeneration) return;
+    record.pooled[0] = std::exchange(freeRow_, row);
+}
+
+std::optional<RowId> RowStore::RowOf(RowHandle handle) const {
+    if (handle.store_ != number_ || Generation(Record(handle.row_)) != handle.generation_) return std::nullopt;
+    return handle.row_;
 }
 
 RowId RowStore::Insert(int32_t number) {
@@ -77,8 +91,7 @@ void RowStore::Remove(int32_t number) {
     for (const TextArena::Ref text : record.own) ownTexts_.Drop(text);
     styles_.Release(record.style);
     order_.Remove(number);
-    record = RowRecord{};
-    freeRows_.push_back(row);
+    GiveBackRecord(row);
     CompactOwnTexts();
 }
 
@@ -94,8 +107,8 @@ void RowStore::AppendCopy(const RowStore& from, RowId row) {
 }
 
 void RowStore::Set(RowId row, Flag flag, bool on) {
-    uint8_t& flags = Record(row).flags;
-    flags = static_cast<uint8_t>(on ? flags | flag : flags & ~flag);
+    uint16_t& flags = Record(row).flags;
+    flags = static_cast<uint16_t>(on ? flags | flag : flags & ~flag);
 }
 
 // Cells
@@ -236,7 +249,7 @@ bool RowStore::SetKey(RowId row, std::string_view text) {
 void RowStore::KeepKey(RowRecord& record, int col) {
     if ((record.flags & keyIsDerived) == 0 || (col != colStoreID && col != colEntryID)) return;
     record.own[PlaceOf(colKey)] = ownTexts_.Add(KeyOf(record));
-    record.flags = static_cast<uint8_t>(record.flags & ~keyIsDerived);
+    record.flags = static_cast<uint16_t>(record.flags & ~keyIsDerived);
 }
 
 // Empty keys are not entered: the header row has one, so a search for it ends there.
@@ -281,8 +294,8 @@ bool RowStore::ChangeStyle(RowId row, const StyleChange& change) {
 }
 
 size_t RowStore::MemoryUse() const {
-    size_t total = sizeof *this + blocks_.size() * recordsPerBlock * sizeof(RowRecord) +
-                   blocks_.capacity() * sizeof(void*) + freeRows_.capacity() * sizeof(RowId);
+    size_t total =
+        sizeof *this + blocks_.size() * recordsPerBlock * sizeof(RowRecord) + blocks_.capacity() * sizeof(void*);
     total += order_.MemoryUse() + ownTexts_.MemoryUse() + pool_.MemoryUse() + styles_.MemoryUse() + keys_.MemoryUse();
     pool_.ForEach([&](const PooledText& text) { total += text.Text().capacity(); });
     return total;

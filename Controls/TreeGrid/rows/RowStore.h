@@ -4,12 +4,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "rows/GridColumns.h"
 #include "rows/KeyIndex.h"
+#include "rows/RowHandle.h"
 #include "rows/RowSequence.h"
 #include "rows/RowStyles.h"
 #include "rows/TextArena.h"
@@ -25,13 +27,19 @@ class RowStore {
     /// More rows than this are refused as out of memory; the rows alone would take 3 GB.
     static constexpr int32_t maxCount = 0x02000000;
 
-    RowStore();
+    /// `number` tells this store from the others that the same grid has had: handles of one mean nothing to another.
+    explicit RowStore(uint32_t number) : number_(number) {}
     RowStore(const RowStore&) = delete;
     RowStore& operator=(const RowStore&) = delete;
 
     int32_t Count() const { return order_.Count(); }
     RowId At(int32_t number) const { return order_.At(number); }
     int32_t NumberOf(RowId row) const { return order_.NumberOf(row); }
+    uint32_t Number() const { return number_; }
+
+    RowHandle HandleOf(RowId row) const { return {number_, row, Generation(Record(row))}; }
+    /// Nothing when the row has gone.
+    std::optional<RowId> RowOf(RowHandle handle) const;
 
     /// A new, empty row before the row that now has the number; with number Count(), at the end.
     /// Throws automation::Error 0x8007000E beyond maxCount.
@@ -67,7 +75,11 @@ class RowStore {
   private:
     static constexpr int pooledCells = 9;
     static constexpr int ownCells = 5;
-    enum Flag : uint8_t { isNode = 1, isCollapsed = 2, keyIsDerived = 4 };
+    enum Flag : uint16_t { isNode = 1, isCollapsed = 2, keyIsDerived = 4 };
+    // The rest of the flags' word counts the rows that have had the record. A record whose count is full is not used
+    // again, so no handle ever names a later row.
+    static constexpr int generationShift = 3;
+    static constexpr uint16_t lastGeneration = UINT16_MAX >> generationShift;
 
     /// One cache line a row.
     struct RowRecord {
@@ -75,15 +87,18 @@ class RowStore {
         TextArena::Ref own[ownCells] = {};
         RowStyles::Id style = 0;
         int16_t level = 0;
-        uint8_t flags = 0;
+        uint16_t flags = 0;
     };
+    static_assert(sizeof(RowRecord) == 64);
     static constexpr size_t recordsPerBlock = 1024;
 
     RowRecord& Record(RowId row) { return blocks_[row / recordsPerBlock][row % recordsPerBlock]; }
     const RowRecord& Record(RowId row) const { return blocks_[row / recordsPerBlock][row % recordsPerBlock]; }
+    static uint16_t Generation(const RowRecord& record) { return record.flags >> generationShift; }
     bool Has(RowId row, Flag flag) const { return (Record(row).flags & flag) != 0; }
     void Set(RowId row, Flag flag, bool on);
     RowId TakeRecord();
+    void GiveBackRecord(RowId row);
 
     bool SetPooled(RowRecord& record, int col, std::string_view text);
     bool SetOwn(RowRecord& record, int col, std::string_view text);
@@ -106,8 +121,11 @@ class RowStore {
     int32_t FindKey(std::string_view text, int32_t start) const;
     int32_t Scan(std::string_view text, int32_t start, int col) const;
 
+    static constexpr RowId noRow = UINT32_MAX;
+
+    uint32_t number_;
     std::vector<std::unique_ptr<RowRecord[]>> blocks_;
-    std::vector<RowId> freeRows_;
+    RowId freeRow_ = noRow;  ///< the first record to use again; the first cell of each names the next
     RowId nextRow_ = 0;
     RowSequence order_;
     TextArena ownTexts_;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "automation/Error.h"
 #include "rows/Outline.h"
@@ -45,6 +46,17 @@ class TreeGrid::Impl final : public OutlineRows {
   public:
     Impl() { store->Insert(0); }
 
+    int32_t CurrentRow() const { return RowOf(cursor).value_or(0); }
+    std::optional<int32_t> RowOf(RowHandle handle) const {
+        const std::optional<RowId> row = store->RowOf(handle);
+        if (!row) return std::nullopt;
+        return store->NumberOf(*row);
+    }
+    void SetCurrentRow(int32_t row) {
+        cursor = store->HandleOf(store->At(row));
+        changes.cursor = true;
+    }
+
     RowId Row(int32_t row) const {
         if (row < 0 || row >= store->Count()) ThrowSubscript();
         return store->At(row);
@@ -61,25 +73,21 @@ class TreeGrid::Impl final : public OutlineRows {
         return {store->Level(id), store->IsNode(id) && store->IsCollapsed(id)};
     }
 
-    template <class... Parameters, class... Arguments>
-    void Tell(void (TreeGridObserver::*event)(Parameters...), Arguments... arguments) const {
-        for (TreeGridObserver* observer : observers) (observer->*event)(arguments...);
-    }
-    void TellOutline(int32_t row) {
+    void OutlineChanged(int32_t row) {
         outline.Invalidate(row);
-        Tell(&TreeGridObserver::OutlineChanged, row);
+        changes.OutlineChangedFrom(row);
     }
 
     void Append(int32_t count);
     void Truncate(int32_t count);
-    void KeepFirstRows(int32_t count);
-    void CursorAfterRemoval(int32_t first, int32_t count);
+    void KeepFixedRows();
+    void CursorAfterRemoval(int32_t first);
 
-    std::unique_ptr<RowStore> store = std::make_unique<RowStore>();
+    std::unique_ptr<RowStore> store = std::make_unique<RowStore>(1);
     mutable Outline outline{*this};
     int32_t fixedRows = 1;
     int32_t fixedCols = 0;
-    int32_t currentRow = 0;
+    RowHandle cursor;
     std::array<bool, gridColumnCount> hidden{};
     std::array<int32_t, gridColumnCount> dataTypes{};
     automation::ObjectRef font;
@@ -88,44 +96,45 @@ class TreeGrid::Impl final : public OutlineRows {
     bool enabled = true;
     std::string editText;
     std::vector<TreeGridObserver*> observers;
+    GridChanges changes;      ///< not yet told
+    bool delivering = false;  ///< observers that leave are taken out of the list afterwards
 };
 
 void TreeGrid::Impl::Append(int32_t count) {
     if (count > RowStore::maxCount - store->Count()) throw automation::VbError(automation::errors::outOfMemory);
-    const int32_t first = store->Count();
+    changes.RowsMovedFrom(store->Count());
     for (int32_t added = 0; added < count; ++added) store->Insert(store->Count());
-    Tell(&TreeGridObserver::RowsInserted, first, count);
 }
 
 void TreeGrid::Impl::Truncate(int32_t count) {
-    const int32_t removed = store->Count() - count;
+    const bool hadCursor = CurrentRow() < count;
     outline.Invalidate(count);
-    if (removed > count) {
-        KeepFirstRows(count);
+    changes.RowsMovedFrom(count);
+    if (count == fixedRows) {
+        KeepFixedRows();
+        changes.emptied = true;
     } else {
         while (store->Count() > count) store->Remove(store->Count() - 1);
     }
-    Tell(&TreeGridObserver::RowsRemoved, count, removed);
-    CursorAfterRemoval(count, removed);
+    if (!hadCursor) CursorAfterRemoval(count);
 }
 
-// When fewer rows stay than go, copying them is less work, and all memory of the others is given back.
-void TreeGrid::Impl::KeepFirstRows(int32_t count) {
-    auto kept = std::make_unique<RowStore>();
-    for (int32_t row = 0; row < count; ++row) kept->AppendCopy(*store, store->At(row));
+// Copying the few rows that stay is less work than removing all others, and gives all memory of those back.
+void TreeGrid::Impl::KeepFixedRows() {
+    auto kept = std::make_unique<RowStore>(store->Number() + 1);
+    for (int32_t row = 0; row < fixedRows; ++row) kept->AppendCopy(*store, store->At(row));
     store = std::move(kept);
 }
 
 // A removed cursor row hands the cursor to the row above it: of a node's placeholder that is the node.
-void TreeGrid::Impl::CursorAfterRemoval(int32_t first, int32_t count) {
-    if (currentRow < first) return;
-    if (currentRow >= first + count) {
-        currentRow -= count;
-        return;
-    }
+void TreeGrid::Impl::CursorAfterRemoval(int32_t first) {
     const int32_t above = std::max(first - 1, fixedRows);
-    currentRow = above < store->Count() ? above : 0;
-    Tell(&TreeGridObserver::CurrentRowChanged);
+    if (above < store->Count()) {
+        SetCurrentRow(above);
+    } else {
+        cursor = {};
+        changes.cursor = true;
+    }
 }
 
 TreeGrid::TreeGrid() : impl_(std::make_unique<Impl>()) {}
@@ -159,9 +168,8 @@ int32_t TreeGrid::FixedRowCount() const {
 void TreeGrid::SetFixedRowCount(int32_t count) {
     if (count < 0 || count > RowCount()) ThrowSubscript();
     if (count == impl_->fixedRows) return;
-    impl_->outline.Invalidate(0);
     impl_->fixedRows = count;
-    impl_->Tell(&TreeGridObserver::OutlineChanged, 0);
+    impl_->OutlineChanged(0);
 }
 
 void TreeGrid::SetFixedColCount(int32_t count) {
@@ -177,17 +185,28 @@ int32_t TreeGrid::AddRow(std::string_view text, std::optional<int32_t> before) {
     const RowId id = impl.store->Insert(row);
     impl.store->SetText(id, colSel, first);
     impl.outline.Invalidate(row);
-    if (impl.currentRow >= row && row + 1 < RowCount()) ++impl.currentRow;
-    impl.Tell(&TreeGridObserver::RowsInserted, row, 1);
+    impl.changes.RowsMovedFrom(row);
     return row;
 }
 
 void TreeGrid::RemoveRow(int32_t row) {
     if (row < impl_->fixedRows || row >= RowCount()) ThrowSubscript();
+    const bool isCursor = HandleOf(row) == impl_->cursor;
     impl_->outline.Invalidate(row);
     impl_->store->Remove(row);
-    impl_->Tell(&TreeGridObserver::RowsRemoved, row, 1);
-    impl_->CursorAfterRemoval(row, 1);
+    impl_->changes.RowsMovedFrom(row);
+    if (RowCount() == impl_->fixedRows) impl_->changes.emptied = true;
+    if (isCursor) impl_->CursorAfterRemoval(row);
+}
+
+// Identity
+
+RowHandle TreeGrid::HandleOf(int32_t row) const {
+    return impl_->store->HandleOf(impl_->Row(row));
+}
+
+std::optional<int32_t> TreeGrid::RowOf(RowHandle handle) const {
+    return impl_->RowOf(handle);
 }
 
 // Cells
@@ -197,7 +216,7 @@ std::string TreeGrid::CellText(int32_t row, int col) const {
 }
 
 void TreeGrid::SetCellText(int32_t row, int col, std::string_view text) {
-    if (impl_->store->SetText(impl_->Cell(row, col), col, text)) impl_->Tell(&TreeGridObserver::RowsChanged, row, row);
+    if (impl_->store->SetText(impl_->Cell(row, col), col, text)) impl_->changes.RowsChanged(row, row);
 }
 
 double TreeGrid::CellValue(int32_t row, int col) const {
@@ -229,7 +248,7 @@ void TreeGrid::SetCellFormat(CellSetting setting, int32_t row1, int col1, int32_
     const StyleChange change{static_cast<int>(setting), col1, col2, value};
     bool changed = false;
     for (int32_t row = row1; row <= row2; ++row) changed |= impl_->store->ChangeStyle(impl_->store->At(row), change);
-    if (changed) impl_->Tell(&TreeGridObserver::RowsChanged, row1, row2);
+    if (changed) impl_->changes.RowsChanged(row1, row2);
 }
 
 uint32_t TreeGrid::CellFormat(CellSetting setting, int32_t row, int col) const {
@@ -255,7 +274,7 @@ const CellLook& TreeGrid::Look(int32_t row, int col) const {
 
 void TreeGrid::SetRowHeight(int32_t row, int32_t twips) {
     const StyleChange change{StyleChange::rowHeight, 0, 0, static_cast<uint32_t>(std::max(twips, 0))};
-    if (impl_->store->ChangeStyle(impl_->Row(row), change)) impl_->Tell(&TreeGridObserver::RowsChanged, row, row);
+    if (impl_->store->ChangeStyle(impl_->Row(row), change)) impl_->changes.RowsChanged(row, row);
 }
 
 int32_t TreeGrid::RowHeight(int32_t row) const {
@@ -272,7 +291,7 @@ void TreeGrid::SetRowOutlineLevel(int32_t row, int16_t level) {
     const RowId id = impl_->Row(row);
     if (impl_->store->Level(id) == level) return;
     impl_->store->SetLevel(id, level);
-    impl_->TellOutline(row);
+    impl_->OutlineChanged(row);
 }
 
 bool TreeGrid::IsNode(int32_t row) const {
@@ -283,7 +302,7 @@ void TreeGrid::SetIsNode(int32_t row, bool isNode) {
     const RowId id = impl_->Row(row);
     if (impl_->store->IsNode(id) == isNode) return;
     impl_->store->SetIsNode(id, isNode);
-    impl_->TellOutline(row);
+    impl_->OutlineChanged(row);
 }
 
 int32_t TreeGrid::NodeState(int32_t row) const {
@@ -295,7 +314,7 @@ void TreeGrid::SetNodeState(int32_t row, int32_t state) {
     if (state != nodeExpanded && state != nodeCollapsed) ThrowInvalidCall();
     if (NodeState(row) == state) return;
     impl_->store->SetIsCollapsed(id, state == nodeCollapsed);
-    impl_->TellOutline(row);
+    impl_->OutlineChanged(row);
 }
 
 bool TreeGrid::HasChildren(int32_t row) const {
@@ -326,14 +345,12 @@ int32_t TreeGrid::VisibleAncestor(int32_t row) const {
 // Cursor
 
 int32_t TreeGrid::CurrentRow() const {
-    return impl_->currentRow;
+    return impl_->CurrentRow();
 }
 
 void TreeGrid::SetCurrentRow(int32_t row) {
     impl_->Row(row);
-    if (impl_->currentRow == row) return;
-    impl_->currentRow = row;
-    impl_->Tell(&TreeGridObserver::CurrentRowChanged);
+    if (CurrentRow() != row) impl_->SetCurrentRow(row);
 }
 
 // Columns
@@ -348,7 +365,7 @@ void TreeGrid::SetColHidden(int col, bool hidden) {
     bool& now = impl_->hidden[static_cast<size_t>(col)];
     if (now == hidden) return;
     now = hidden;
-    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+    impl_->changes.columns = true;
 }
 
 int32_t TreeGrid::ColDataType(int col) const {
@@ -361,13 +378,13 @@ void TreeGrid::SetColDataType(int col, int32_t type) {
     int32_t& now = impl_->dataTypes[static_cast<size_t>(col)];
     if (now == type) return;
     now = type;
-    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+    impl_->changes.columns = true;
 }
 
 void TreeGrid::AutoSizeColumns(int firstCol, int lastCol) {
     CheckColumn(firstCol);
     CheckColumn(lastCol);
-    impl_->Tell(&TreeGridObserver::ColumnsChanged);
+    impl_->changes.columns = true;
 }
 
 // Grid-wide
@@ -378,7 +395,7 @@ const automation::ObjectRef& TreeGrid::Font() const {
 
 void TreeGrid::SetFont(automation::ObjectRef font) {
     impl_->font = std::move(font);
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    impl_->changes.appearance = true;
 }
 
 OleColor TreeGrid::BackColor() const {
@@ -387,7 +404,7 @@ OleColor TreeGrid::BackColor() const {
 
 void TreeGrid::SetBackColor(OleColor color) {
     impl_->backColor = color;
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    impl_->changes.appearance = true;
 }
 
 OleColor TreeGrid::TextColor() const {
@@ -396,7 +413,7 @@ OleColor TreeGrid::TextColor() const {
 
 void TreeGrid::SetTextColor(OleColor color) {
     impl_->textColor = color;
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    impl_->changes.appearance = true;
 }
 
 bool TreeGrid::Enabled() const {
@@ -405,7 +422,7 @@ bool TreeGrid::Enabled() const {
 
 void TreeGrid::SetEnabled(bool enabled) {
     impl_->enabled = enabled;
-    impl_->Tell(&TreeGridObserver::AppearanceChanged);
+    impl_->changes.appearance = true;
 }
 
 const std::string& TreeGrid::EditText() const {
@@ -417,11 +434,27 @@ void TreeGrid::SetEditText(std::string_view text) {
 }
 
 void TreeGrid::AddObserver(TreeGridObserver* observer) {
+    DeliverChanges();
     impl_->observers.push_back(observer);
 }
 
 void TreeGrid::RemoveObserver(TreeGridObserver* observer) {
-    std::erase(impl_->observers, observer);
+    if (impl_->delivering)
+        std::ranges::replace(impl_->observers, observer, nullptr);
+    else
+        std::erase(impl_->observers, observer);
+}
+
+void TreeGrid::DeliverChanges() noexcept {
+    if (!impl_->changes.Any()) return;
+    const GridChanges changes = std::exchange(impl_->changes, {});
+    // By position and not by iterator: an observer may leave, or take another along, when it hears of a change.
+    const bool outermost = !std::exchange(impl_->delivering, true);
+    for (size_t each = 0; each < impl_->observers.size(); ++each)
+        if (TreeGridObserver* const observer = impl_->observers[each]) observer->GridChanged(changes);
+    if (!outermost) return;
+    impl_->delivering = false;
+    std::erase(impl_->observers, nullptr);
 }
 
 TreeGrid::Memory TreeGrid::MemoryUse() const {

@@ -10,8 +10,10 @@
 
 #include "automation/Object.h"
 #include "rows/Colors.h"
+#include "rows/GridChanges.h"
 #include "rows/GridColumns.h"
 #include "rows/Pictures.h"
+#include "rows/RowHandle.h"
 
 namespace foldertree {
 
@@ -35,19 +37,6 @@ struct CellLook {
 };
 
 enum NodeStateValue : int32_t { nodeExpanded = 0, nodeCollapsed = 2 };
-
-/// Told after each change. Row numbers are those after the change for insertions, before it for removals.
-class TreeGridObserver {
-  public:
-    virtual ~TreeGridObserver() = default;
-    virtual void RowsInserted(int32_t firstRow, int32_t count) = 0;
-    virtual void RowsRemoved(int32_t firstRow, int32_t count) = 0;
-    virtual void RowsChanged(int32_t firstRow, int32_t lastRow) = 0;  ///< texts or looks
-    virtual void OutlineChanged(int32_t firstRow) = 0;  ///< levels, nodes or node states, from this row on
-    virtual void ColumnsChanged() = 0;                  ///< hidden columns, widths to fit, data types
-    virtual void AppearanceChanged() = 0;               ///< font, colours, enabled
-    virtual void CurrentRowChanged() = 0;
-};
 
 /// The grid. Row 0 is the header row; data rows run from FixedRowCount() to RowCount() - 1. Text is UTF-8.
 /// A row or column out of range throws automation::Error 9. Cost, for n rows: reading or writing a cell, appending, a
@@ -75,6 +64,11 @@ class TreeGrid {
     /// move down. Returns the row's number. No row can be put before or in place of a fixed one, nor be removed there.
     int32_t AddRow(std::string_view text, std::optional<int32_t> before = std::nullopt);
     void RemoveRow(int32_t row);
+
+    // Identity
+    RowHandle HandleOf(int32_t row) const;
+    /// The row's number now; nothing once it has gone. Handles of fixed rows end when the tree is emptied.
+    std::optional<int32_t> RowOf(RowHandle handle) const;
 
     // Cells
     std::string CellText(int32_t row, int col) const;
@@ -142,8 +136,12 @@ class TreeGrid {
     void SetEditText(std::string_view text);
 
     /// Observers are not owned and must be removed before they die. They must not change the grid from inside a call.
+    /// One that is added hears of what changes from then on.
     void AddObserver(TreeGridObserver* observer);
     void RemoveObserver(TreeGridObserver* observer);
+    /// Tells the observers of all that changed since the last time; nothing when nothing did. Whoever is about to let
+    /// other code run, to paint or to let a third party read calls this first; so does each gesture at its end.
+    void DeliverChanges() noexcept;
 
     /// Bytes held for rows, cells and indexes, and of these the rows' own text (for benchmarks).
     struct Memory {

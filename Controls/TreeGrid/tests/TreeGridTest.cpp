@@ -35,17 +35,26 @@ class Log : public TreeGridObserver {
 
     std::vector<std::string> lines;
 
-    void RowsInserted(int32_t first, int32_t count) override { Add("inserted", first, count); }
-    void RowsRemoved(int32_t first, int32_t count) override { Add("removed", first, count); }
-    void RowsChanged(int32_t first, int32_t last) override { Add("changed", first, last); }
-    void OutlineChanged(int32_t first) override { lines.push_back("outline " + std::to_string(first)); }
-    void ColumnsChanged() override { lines.push_back("columns"); }
-    void AppearanceChanged() override { lines.push_back("appearance"); }
-    void CurrentRowChanged() override { lines.push_back("current " + std::to_string(grid_.CurrentRow())); }
+    void GridChanged(const GridChanges& changes) noexcept override {
+        Add("moved from", changes.firstMoved);
+        Add("outline from", changes.firstOutline);
+        if (changes.firstChanged != GridChanges::noRow)
+            Add("changed to " + std::to_string(changes.lastChanged) + " from", changes.firstChanged);
+        if (changes.emptied) lines.push_back("emptied");
+        if (changes.columns) lines.push_back("columns");
+        if (changes.appearance) lines.push_back("appearance");
+        if (changes.cursor) lines.push_back("cursor " + std::to_string(grid_.CurrentRow()));
+    }
+    /// What a batch that ends here tells.
+    std::vector<std::string> Batch() {
+        lines.clear();
+        grid_.DeliverChanges();
+        return lines;
+    }
 
   private:
-    void Add(const char* what, int32_t a, int32_t b) {
-        lines.push_back(what + (" " + std::to_string(a)) + " " + std::to_string(b));
+    void Add(const std::string& what, int32_t row) {
+        if (row != GridChanges::noRow) lines.push_back(what + " " + std::to_string(row));
     }
     TreeGrid& grid_;
 };
@@ -481,7 +490,7 @@ TEST_F(TreeGridTest, TheCursorStaysOnItsRowWhenRowsComeAndGoAboveIt) {
     EXPECT_EQ(grid_.CurrentRow(), 3);
     grid_.RemoveRow(4);
     EXPECT_EQ(grid_.CurrentRow(), 3);
-    EXPECT_THAT(log.lines, ElementsAre("inserted 3 1", "inserted 5 1", "removed 1 1", "removed 4 1"));
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 1"));
 }
 
 TEST_F(TreeGridTest, ARemovedCursorRowHandsTheCursorToTheRowAbove) {
@@ -508,26 +517,55 @@ TEST_F(TreeGridTest, TheCursorIsNowhereInAnEmptiedTree) {
 
 // Notifications
 
-TEST_F(TreeGridTest, EveryChangeIsToldAfterItHappened) {
+TEST_F(TreeGridTest, EveryChangeIsToldInTheNextBatch) {
     Log log(grid_);
     grid_.SetRowCount(4);
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 1"));
     grid_.AddRow("", 2);
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 2"));
     grid_.RemoveRow(3);
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 3"));
     grid_.SetRowCount(3);
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 3"));
     grid_.SetCellText(1, colName, "Name");
+    EXPECT_THAT(log.Batch(), ElementsAre("changed to 1 from 1"));
     grid_.SetCellFormat(CellSetting::Bold, 1, 0, 2, 13, 1);
+    EXPECT_THAT(log.Batch(), ElementsAre("changed to 2 from 1"));
     grid_.SetRowHeight(2, 300);
+    EXPECT_THAT(log.Batch(), ElementsAre("changed to 2 from 2"));
     grid_.SetRowOutlineLevel(2, 1);
+    EXPECT_THAT(log.Batch(), ElementsAre("outline from 2"));
     grid_.SetIsNode(1, true);
+    EXPECT_THAT(log.Batch(), ElementsAre("outline from 1"));
     grid_.SetNodeState(1, nodeCollapsed);
+    EXPECT_THAT(log.Batch(), ElementsAre("outline from 1"));
     grid_.SetCurrentRow(2);
+    EXPECT_THAT(log.Batch(), ElementsAre("cursor 2"));
     grid_.SetColHidden(colIndex, true);
+    EXPECT_THAT(log.Batch(), ElementsAre("columns"));
     grid_.SetColDataType(colSel, 11);
+    EXPECT_THAT(log.Batch(), ElementsAre("columns"));
     grid_.AutoSizeColumns(0, 13);
+    EXPECT_THAT(log.Batch(), ElementsAre("columns"));
     grid_.SetEnabled(false);
-    EXPECT_THAT(log.lines, ElementsAre("inserted 1 3", "inserted 2 1", "removed 3 1", "removed 3 1", "changed 1 1",
-                                       "changed 1 2", "changed 2 2", "outline 2", "outline 1", "outline 1", "current 2",
-                                       "columns", "columns", "columns", "appearance"));
+    EXPECT_THAT(log.Batch(), ElementsAre("appearance"));
+    grid_.SetRowCount(1);
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 1", "emptied", "cursor 0"));
+}
+
+TEST_F(TreeGridTest, ManyChangesAreToldAsOneBatchWithTheOuterRows) {
+    AddRows(9);
+    Log log(grid_);
+    grid_.AddRow("", 7);
+    grid_.RemoveRow(4);
+    grid_.SetCellText(3, colName, "c");
+    grid_.SetCellText(2, colName, "b");
+    grid_.SetRowOutlineLevel(6, 1);
+    grid_.SetRowOutlineLevel(5, 1);
+    grid_.SetCurrentRow(3);
+    EXPECT_THAT(log.lines, IsEmpty()) << "nothing is told in the middle of a change";
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 4", "outline from 5", "changed to 3 from 2", "cursor 3"));
+    EXPECT_THAT(log.Batch(), IsEmpty()) << "and nothing twice";
 }
 
 TEST_F(TreeGridTest, WritingWhatIsThereAlreadyIsNotTold) {
@@ -544,16 +582,77 @@ TEST_F(TreeGridTest, WritingWhatIsThereAlreadyIsNotTold) {
     grid_.SetIsNode(1, false);
     grid_.SetNodeState(1, nodeExpanded);
     grid_.SetRowCount(4);
-    EXPECT_THAT(log.lines, IsEmpty());
+    EXPECT_THAT(log.Batch(), IsEmpty());
 }
 
 TEST_F(TreeGridTest, ARemovedObserverHearsNothingMore) {
     auto log = std::make_unique<Log>(grid_);
     grid_.SetRowCount(2);
-    EXPECT_THAT(log->lines, ElementsAre("inserted 1 1"));
+    EXPECT_THAT(log->Batch(), ElementsAre("moved from 1"));
     log.reset();
-    grid_.SetRowCount(3);  // under the sanitizers a call to the dead observer would end the test
+    grid_.SetRowCount(3);
+    grid_.DeliverChanges();  // under the sanitizers a call to the dead observer would end the test
     EXPECT_EQ(grid_.RowCount(), 3);
+}
+
+TEST_F(TreeGridTest, AnObserverThatLeavesWhenItIsToldLeavesTheOthersTold) {
+    struct Leaving : TreeGridObserver {
+        explicit Leaving(TreeGrid& grid) : grid_(grid) { grid_.AddObserver(this); }
+        ~Leaving() override { grid_.RemoveObserver(this); }
+        void GridChanged(const GridChanges&) noexcept override {
+            ++told;
+            grid_.RemoveObserver(this);
+        }
+        int told = 0;
+        TreeGrid& grid_;
+    } leaving(grid_);
+    Log log(grid_);
+    grid_.SetRowCount(2);
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 1"));
+    grid_.SetRowCount(3);
+    EXPECT_THAT(log.Batch(), ElementsAre("moved from 2"));
+    EXPECT_EQ(leaving.told, 1);
+}
+
+// Row handles
+
+TEST_F(TreeGridTest, AHandleFollowsItsRow) {
+    AddRows(4);
+    const RowHandle third = grid_.HandleOf(3);
+    grid_.AddRow("", 1);
+    EXPECT_EQ(grid_.RowOf(third), 4);
+    grid_.RemoveRow(2);
+    grid_.RemoveRow(1);
+    EXPECT_EQ(grid_.RowOf(third), 2);
+    EXPECT_EQ(grid_.HandleOf(2), third);
+}
+
+TEST_F(TreeGridTest, AHandleEndsWithItsRowAndNeverNamesAnother) {
+    AddRows(3);
+    const RowHandle gone = grid_.HandleOf(2);
+    grid_.RemoveRow(2);
+    EXPECT_EQ(grid_.RowOf(gone), std::nullopt);
+    for (int again = 0; again < 20000; ++again) {
+        grid_.AddRow("", 2);
+        ASSERT_EQ(grid_.RowOf(gone), std::nullopt) << again;
+        grid_.RemoveRow(2);
+    }
+}
+
+TEST_F(TreeGridTest, HandlesEndWhenTheTreeIsEmptiedAndFilledAnew) {
+    AddRows(3);
+    const RowHandle first = grid_.HandleOf(1);
+    grid_.SetRowCount(2);
+    EXPECT_EQ(grid_.RowOf(first), 1) << "rows that stay keep their handles";
+    grid_.SetRowCount(1);
+    EXPECT_EQ(grid_.RowOf(first), std::nullopt);
+    AddRows(3);
+    EXPECT_EQ(grid_.RowOf(first), std::nullopt);
+}
+
+TEST_F(TreeGridTest, AHandleOfNothingNamesNoRow) {
+    AddRows(1);
+    EXPECT_EQ(grid_.RowOf(RowHandle()), std::nullopt);
 }
 
 // Grid-wide

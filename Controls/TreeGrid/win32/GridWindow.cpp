@@ -13,15 +13,6 @@
 namespace foldertree {
 namespace {
 
-/// A row number that follows its row: where it stands after rows came or went.
-int32_t AfterInsertion(int32_t row, int32_t firstRow, int32_t count) {
-    return row >= firstRow ? row + count : row;
-}
-int32_t AfterRemoval(int32_t row, int32_t firstRow, int32_t count) {
-    if (row < firstRow) return row;
-    return std::max(firstRow, row - count);
-}
-
 bool IsPlaceholder(const TreeGrid& grid, int32_t row) {
     return BoxOf(grid, row) == BoxKind::None;
 }
@@ -53,67 +44,36 @@ void GridWindow::OnHandleGone() {
 
 // ---- What the grid tells
 
-void GridWindow::RowsInserted(int32_t firstRow, int32_t count) {
-    const bool inView = MayBeInView(firstRow);
-    if (topRow_ != 0) topRow_ = AfterInsertion(topRow_, firstRow, count);
-    lastShownRow_ = AfterInsertion(lastShownRow_, firstRow, count);
-    if (editor_) editedRow_ = AfterInsertion(editedRow_, firstRow, count);
-    countStale_ = true;
-    NoteChange(inView);
-}
-
-void GridWindow::RowsRemoved(int32_t firstRow, int32_t count) {
-    const bool inView = MayBeInView(firstRow);
-    topRow_ = AfterRemoval(topRow_, firstRow, count);
-    lastShownRow_ = AfterRemoval(lastShownRow_, firstRow, count);
-    if (editor_) {
-        const bool gone = editedRow_ >= firstRow && editedRow_ < firstRow + count;
-        editedRow_ = gone ? 0 : AfterRemoval(editedRow_, firstRow, count);
+void GridWindow::GridChanged(const GridChanges& changes) noexcept {
+    const bool rows = changes.firstMoved != GridChanges::noRow || changes.firstOutline != GridChanges::noRow;
+    if (changes.emptied) {
+        widestName_ = 0;
+        topRow_ = {};
     }
-    if (grid_.RowCount() <= grid_.FixedRowCount()) widestName_ = 0;
-    countStale_ = true;
-    NoteChange(inView);
+    if (changes.appearance) fontLoaded_ = false;
+    countStale_ = countStale_ || rows;
+    pictureStale_ = pictureStale_ || AreInView(changes);
+    if (Handle() != nullptr && (countStale_ || pictureStale_)) stale_();
 }
 
-void GridWindow::RowsChanged(int32_t firstRow, int32_t lastRow) {
-    const bool header = firstRow < grid_.FixedRowCount();
-    const bool inView = header || (MayBeInView(firstRow) && lastRow >= topRow_);
-    if (inView) NoteChange(true);
-}
-
-void GridWindow::OutlineChanged(int32_t firstRow) {
-    countStale_ = true;
-    NoteChange(MayBeInView(firstRow));
-}
-
-void GridWindow::ColumnsChanged() {
-    NoteChange(true);
-}
-
-void GridWindow::AppearanceChanged() {
-    fontLoaded_ = false;
-    NoteChange(true);
-}
-
-void GridWindow::CurrentRowChanged() {
-    NoteChange(true);
-}
-
-void GridWindow::NoteChange(bool inView) {
-    pictureStale_ = pictureStale_ || inView;
-    if (Handle() != nullptr) stale_();
+bool GridWindow::AreInView(const GridChanges& changes) const {
+    if (changes.columns || changes.appearance || changes.cursor) return true;
+    if (MayBeInView(std::min(changes.firstMoved, changes.firstOutline))) return true;
+    const bool header = changes.firstChanged < grid_.FixedRowCount();
+    return header || (MayBeInView(changes.firstChanged) && changes.lastChanged >= firstShownRow_);
 }
 
 // The row behind the last one counts too: it decides whether the last one has something to open.
 bool GridWindow::MayBeInView(int32_t firstRow) const {
-    return !viewFull_ || firstRow <= lastShownRow_ + 1;
+    return firstRow != GridChanges::noRow && (!viewFull_ || firstRow <= lastShownRow_ + 1);
 }
 
 // ---- Painting
 
 void GridWindow::Refresh() {
+    grid_.DeliverChanges();
     if (Handle() == nullptr || (!pictureStale_ && !countStale_)) return;
-    if (editor_ && (editedRow_ == 0 || !grid_.VisiblePosition(editedRow_) || !grid_.Enabled())) CloseEditor();
+    if (editor_ && (!IsShown(editedRow_) || !grid_.Enabled())) CloseEditor();
     // A grid that is switched off loses the focus, and the host may end the control when it hears of that.
     EnableWindow(Handle(), grid_.Enabled());
     if (Handle() == nullptr) return;
@@ -123,8 +83,15 @@ void GridWindow::Refresh() {
     pictureStale_ = countStale_ = false;
 }
 
+bool GridWindow::IsShown(RowHandle handle) const {
+    const auto row = grid_.RowOf(handle);
+    return row && grid_.VisiblePosition(*row);
+}
+
 void GridWindow::ReloadFont() {
-    AppearanceChanged();
+    GridChanges changes;
+    changes.appearance = true;
+    GridChanged(changes);
 }
 
 void GridWindow::LoadFontOnce() {
@@ -141,13 +108,14 @@ void GridWindow::Measure() {
     const int32_t count = grid_.VisibleCount();
     const GridLayout atTop = MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, 0);
     int32_t position = 0;
-    if (count > 0 && topRow_ != 0) {
-        const int32_t row = std::clamp(topRow_, grid_.FixedRowCount(), grid_.RowCount() - 1);
-        position = grid_.VisiblePosition(grid_.VisibleAncestor(row)).value_or(0);
+    if (const auto top = grid_.RowOf(topRow_)) {
+        position = grid_.VisiblePosition(grid_.VisibleAncestor(*top)).value_or(0);
+    } else if (topRow_ != RowHandle()) {
+        position = layout_.TopPosition();
     }
     position = std::clamp(position, 0, std::max(0, count - atTop.FullRows()));
     if (position != layout_.TopPosition()) pictureStale_ = true;
-    topRow_ = count > 0 ? grid_.VisibleRow(position) : 0;
+    topRow_ = count > 0 ? grid_.HandleOf(grid_.VisibleRow(position)) : RowHandle();
     layout_ =
         position == 0 ? atTop : MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, position);
     MeasureNames();
@@ -199,10 +167,12 @@ void GridWindow::OnPaint() {
     const int32_t count = grid_.VisibleCount();
     const int32_t end = layout_.TopPosition() + layout_.ShownRows();
     viewFull_ = count >= end;
+    firstShownRow_ = count > 0 ? grid_.VisibleRow(layout_.TopPosition()) : 0;
     lastShownRow_ = count > 0 ? grid_.VisibleRow(std::min(count, end) - 1) : 0;
 }
 
 void GridWindow::Draw(HDC dc, SIZE area) {
+    grid_.DeliverChanges();
     LoadFontOnce();
     const GridLayout layout = MeasureGrid(grid_, fonts_, DpiOf(Handle()), area, layout_.TopPosition());
     PaintGrid(dc, {grid_, layout, fonts_, icons_, false});
@@ -216,7 +186,7 @@ void GridWindow::ScrollTo(int64_t position) {
     if (target == layout_.TopPosition() || grid_.VisibleCount() == 0) return;
     FinishEdit();
     if (Handle() == nullptr || grid_.VisibleCount() == 0) return;
-    topRow_ = grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1));
+    topRow_ = grid_.HandleOf(grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1)));
     pictureStale_ = true;
     Refresh();
 }
@@ -445,7 +415,7 @@ void GridWindow::OpenEditor(int32_t row) {
     ScrollSidewaysTo(0);
     const auto position = grid_.VisiblePosition(row);
     if (Handle() == nullptr || !position) return;
-    editedRow_ = row;
+    editedRow_ = grid_.HandleOf(row);
     editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, colIndex), fonts_.Plain(),
                                              grid_.CellText(row, colIndex));
     if (editor_->Handle() != nullptr)
@@ -477,9 +447,10 @@ void GridWindow::FinishEdit() {
 
 // An editor that was opened and left as it was has changed nothing, so there is nothing to tell.
 bool GridWindow::OfferNumber() {
-    if (editedRow_ == 0 || !editor_->Modified()) return true;
+    const auto row = grid_.RowOf(editedRow_);
+    if (!row || !editor_->Modified()) return true;
     const FlagSet committing(committing_);
-    return GridInteraction(grid_, events_).CommitIndex(editedRow_, editor_->Text());
+    return GridInteraction(grid_, events_).CommitIndex(*row, editor_->Text());
 }
 
 void GridWindow::CloseEditor() {
@@ -488,7 +459,7 @@ void GridWindow::CloseEditor() {
     // The focus stays in the control: the host is not told that it left and came back.
     if (GetFocus() == editor_->Handle()) SetFocus(Handle());
     editor_.reset();
-    editedRow_ = 0;
+    editedRow_ = {};
 }
 
 // ---- Messages

@@ -48,15 +48,10 @@ class GridWindow : public Window, private TreeGridObserver {
     void OnHandleGone() override;
 
   private:
-    // What the grid tells. Nothing is done here, since the grid is in the middle of a change.
-    void RowsInserted(int32_t firstRow, int32_t count) override;
-    void RowsRemoved(int32_t firstRow, int32_t count) override;
-    void RowsChanged(int32_t firstRow, int32_t lastRow) override;
-    void OutlineChanged(int32_t firstRow) override;
-    void ColumnsChanged() override;
-    void AppearanceChanged() override;
-    void CurrentRowChanged() override;
-    void NoteChange(bool inView);
+    /// Only notes what is no longer right.
+    void GridChanged(const GridChanges& changes) noexcept override;
+    bool AreInView(const GridChanges& changes) const;
+    bool IsShown(RowHandle row) const;
     bool MayBeInView(int32_t firstRow) const;
 
     // Painting
@@ -110,9 +105,10 @@ class GridWindow : public Window, private TreeGridObserver {
     bool fontLoaded_ = false;
     GridLayout layout_;
 
-    int32_t topRow_ = 0;        ///< the row that is kept at the top; 0 before the first row came
-    int32_t lastShownRow_ = 0;  ///< the last row in view when it was last painted
-    bool viewFull_ = false;     ///< whether rows reached the lower edge then
+    RowHandle topRow_;           ///< the row that is kept at the top; none before the first row came
+    int32_t firstShownRow_ = 0;  ///< the rows in view when they were last painted
+    int32_t lastShownRow_ = 0;
+    bool viewFull_ = false;  ///< whether rows reached the lower edge then
     bool pictureStale_ = true;
     bool countStale_ = true;
     int wheelRest_ = 0;
@@ -120,7 +116,7 @@ class GridWindow : public Window, private TreeGridObserver {
     int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
 
     std::unique_ptr<NumberEditor> editor_;
-    int32_t editedRow_ = 0;
+    RowHandle editedRow_;
     bool committing_ = false;
 };
 

@@ -77,24 +77,24 @@ TEST_F(Setup, EmptiesTheTree) {
 TEST_F(Setup, ForgetsTheAddressListHeadingWhenTheTreeIsEmptied) {
     SetupGrid(context);
     context.grid.AddRow("");
-    context.state.addressListHeadingRow = context.grid.AddRow("");
+    context.state.addressListHeading = context.grid.HandleOf(context.grid.AddRow(""));
     SetupGrid(context);
-    EXPECT_EQ(context.state.addressListHeadingRow, 0);
+    EXPECT_EQ(context.grid.RowOf(context.state.addressListHeading), std::nullopt);
 }
 
 TEST_F(Setup, TheAddressListHeadingIsFollowedWhenRowsComeOrGoAboveIt) {
     SetupGrid(context);
     context.grid.AddRow("");
-    context.state.addressListHeadingRow = context.grid.AddRow("");
+    context.state.addressListHeading = context.grid.HandleOf(context.grid.AddRow(""));
     context.grid.AddRow("", 1);
-    EXPECT_EQ(context.state.addressListHeadingRow, 3);
+    EXPECT_EQ(context.grid.RowOf(context.state.addressListHeading), 3);
     context.grid.RemoveRow(1);
     context.grid.RemoveRow(1);
-    EXPECT_EQ(context.state.addressListHeadingRow, 1);
+    EXPECT_EQ(context.grid.RowOf(context.state.addressListHeading), 1);
     context.grid.AddRow("");
-    EXPECT_EQ(context.state.addressListHeadingRow, 1);
+    EXPECT_EQ(context.grid.RowOf(context.state.addressListHeading), 1);
     context.grid.RemoveRow(2);
-    EXPECT_EQ(context.state.addressListHeadingRow, 1) << "what goes below it does not move it";
+    EXPECT_EQ(context.grid.RowOf(context.state.addressListHeading), 1) << "what goes below it does not move it";
 }
 
 TEST_F(Setup, AFolderRowGetsThePictureOfItsType) {

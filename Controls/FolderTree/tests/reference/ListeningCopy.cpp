@@ -56,19 +56,21 @@ std::string ListeningCopy::Untold() {
     return {};
 }
 
-void ListeningCopy::RowsInserted(int32_t firstRow, int32_t count) {
-    rows_.insert(rows_.begin() + firstRow, static_cast<size_t>(count), std::nullopt);
+void ListeningCopy::GridChanged(const GridChanges& changes) noexcept {
+    ForgetFrom(changes.firstMoved);
+    for (int32_t row = changes.firstChanged; row <= changes.lastChanged && row < grid_.RowCount(); ++row)
+        rows_[static_cast<size_t>(row)].reset();
+    LookAtOutlineFrom(changes.firstOutline);
+    if (changes.columns || changes.appearance) frame_.reset();
 }
 
-void ListeningCopy::RowsRemoved(int32_t firstRow, int32_t count) {
-    rows_.erase(rows_.begin() + firstRow, rows_.begin() + firstRow + count);
+void ListeningCopy::ForgetFrom(int32_t row) {
+    if (row == GridChanges::noRow) return;
+    rows_.resize(static_cast<size_t>(row));
+    rows_.resize(static_cast<size_t>(grid_.RowCount()));
 }
 
-void ListeningCopy::RowsChanged(int32_t firstRow, int32_t lastRow) {
-    for (int32_t row = firstRow; row <= lastRow; ++row) rows_.at(static_cast<size_t>(row)).reset();
-}
-
-void ListeningCopy::OutlineChanged(int32_t firstRow) {
+void ListeningCopy::LookAtOutlineFrom(int32_t firstRow) {
     for (size_t row = static_cast<size_t>(firstRow); row < rows_.size(); ++row) {
         if (!rows_[row]) continue;
         // Only the outline may be another one.

@@ -26,13 +26,9 @@ class ListeningCopy : private TreeGridObserver {
     std::string Untold();
 
   private:
-    void RowsInserted(int32_t firstRow, int32_t count) override;
-    void RowsRemoved(int32_t firstRow, int32_t count) override;
-    void RowsChanged(int32_t firstRow, int32_t lastRow) override;
-    void OutlineChanged(int32_t firstRow) override;
-    void ColumnsChanged() override { frame_.reset(); }
-    void AppearanceChanged() override { frame_.reset(); }
-    void CurrentRowChanged() override {}
+    void GridChanged(const GridChanges& changes) noexcept override;
+    void ForgetFrom(int32_t row);
+    void LookAtOutlineFrom(int32_t row);
 
     TreeGrid& grid_;
     std::vector<std::optional<SeenRow>> rows_;  ///< nothing for a row that was told of and not looked at since

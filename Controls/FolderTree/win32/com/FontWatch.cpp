@@ -6,6 +6,7 @@
 
 #include "automation_win32/ComBase.h"
 #include "automation_win32/Crossing.h"
+#include "common/ErrorEdges.h"
 
 namespace foldertree {
 
@@ -31,7 +32,7 @@ class FontWatch::Sink final : public automation::ComBase<IPropertyNotifySink> {
 FontWatch::FontWatch(std::shared_ptr<ctlFolderTree> control, ControlWindow& window)
     : control_(std::move(control)), sink_(automation::MakeCom<Sink>(window)) {
     control_->Grid().AddObserver(this);
-    AppearanceChanged();
+    Follow();
 }
 
 FontWatch::~FontWatch() {
@@ -46,7 +47,11 @@ void FontWatch::Stop() {
     sink_->Stop();
 }
 
-void FontWatch::AppearanceChanged() {
+void FontWatch::GridChanged(const GridChanges& changes) noexcept {
+    if (changes.appearance) Attempt([&] { Follow(); });
+}
+
+void FontWatch::Follow() {
     const automation::ObjectRef& font = control_->Grid().Font();
     if (font == font_) return;
     Disconnect();

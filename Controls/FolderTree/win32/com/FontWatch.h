@@ -22,16 +22,11 @@ class FontWatch final : public TreeGridObserver {
 
     void Stop();
 
-    void RowsInserted(int32_t, int32_t) override {}
-    void RowsRemoved(int32_t, int32_t) override {}
-    void RowsChanged(int32_t, int32_t) override {}
-    void OutlineChanged(int32_t) override {}
-    void ColumnsChanged() override {}
-    void AppearanceChanged() override;
-    void CurrentRowChanged() override {}
+    void GridChanged(const GridChanges& changes) noexcept override;
 
   private:
     class Sink;
+    void Follow();
     void Disconnect();
 
     std::shared_ptr<ctlFolderTree> control_;

@@ -257,6 +257,7 @@ TEST_F(ControlWindowTest, ChangesOfTheGridAreShownByThemselves) {
     WatchPaints(control_->Grid().Handle());
     for (int i = 0; i < 1000; ++i) AddFolder(grid_, 1, "Folder");
     EXPECT_EQ(PaintsOf(control_->Grid().Handle()), 0) << "not before the grid's change is complete";
+    grid_.DeliverChanges();
     EXPECT_TRUE(HostWindow::PumpUntil([&] {
         SCROLLINFO bar{};
         bar.cbSize = sizeof bar;
