@@ -23,6 +23,8 @@ ControlContext::ControlContext(ControlPlatform& platform, automation::ObjectFact
     : platform_(&platform), factory_(&factory) {}
 
 void ControlContext::Detach() {
+    // A load that runs further up the stack will have no platform to tell of its end.
+    if (state.refreshing) EndWait();
     closed_ = true;
     state.cancel = true;
     platform_ = &noPlatform;
@@ -53,6 +55,13 @@ void ControlContext::PropertyChanged(std::string_view name) {
     ThrowIfClosed();
 }
 
+automation::ObjectRef ControlContext::AmbientFont() {
+    automation::ObjectRef font;
+    Attempt([&] { font = platform_->AmbientFont(); });
+    ThrowIfClosed();
+    return font;
+}
+
 void ControlContext::ThrowIfClosed() const {
     if (closed_) throw ControlClosed();
 }
@@ -75,6 +84,11 @@ void ControlContext::ResetProgress() {
     platform_->SetProgress(progressMaximum_, progressValue_);
 }
 
+void ControlContext::EndWait() {
+    platform_->SetBusyPointer(false);
+    platform_->ShowWaitPanel(false);
+}
+
 LoadScope::LoadScope(ControlContext& context)
     : context_(context), refreshing_(context.state.refreshing), gridBusy_(context.state.gridBusy) {
     context_.state.cancel = false;
@@ -84,8 +98,7 @@ LoadScope::LoadScope(ControlContext& context)
 }
 
 LoadScope::~LoadScope() {
-    context_.Platform().SetBusyPointer(false);
-    context_.Platform().ShowWaitPanel(false);
+    context_.EndWait();
 }
 
 }  // namespace foldertree

@@ -41,6 +41,7 @@ void ReadOne(ControlContext& context, PropertyBag& bag, std::string_view name, T
         const Value saved = bag.Read(name);
         if (!saved.IsEmpty()) take(saved);
     });
+    context.ThrowIfClosed();
     if (!read) useDefault();
 }
 
@@ -49,13 +50,7 @@ void WriteUnlessDefault(ControlContext& context, PropertyBag& bag, std::string_v
                         const Compare& defaultValue) {
     if (value == defaultValue) return;
     Guarded(context, errorLines::writeProperties, [&] { bag.Write(name, value); });
-}
-
-/// The container's font; null when it has none or fails to give it.
-ObjectRef AmbientFont(ControlContext& context) {
-    ObjectRef font;
-    Attempt([&] { font = context.Platform().AmbientFont(); });
-    return font;
+    context.ThrowIfClosed();
 }
 
 }  // namespace
@@ -74,7 +69,7 @@ void ReadPersistedProperties(ControlContext& context, PropertyBag& bag) {
     ObjectRef font;
     ReadOne(
         context, bag, fontName, [&](const Value& saved) { font = saved.RequireObject(); },
-        [&] { font = AmbientFont(context); });
+        [&] { font = context.AmbientFont(); });
     ReadOne(
         context, bag, accessModeName,
         [&](const Value& saved) { state.infoStoreAccessMode = static_cast<enuInfoStoreAccessMode>(saved.ToLong()); },
@@ -87,7 +82,7 @@ void WritePersistedProperties(ControlContext& context, PropertyBag& bag) {
     for (const BooleanProperty& property : booleanProperties)
         WriteUnlessDefault(context, bag, property.name, state.*property.field, property.defaultValue);
     WriteUnlessDefault(context, bag, extendToLevelName, state.extendToLevel, extendToLevelDefault);
-    WriteUnlessDefault(context, bag, fontName, context.grid.Font(), AmbientFont(context));
+    WriteUnlessDefault(context, bag, fontName, context.grid.Font(), context.AmbientFont());
     WriteUnlessDefault(context, bag, accessModeName, int32_t{state.infoStoreAccessMode}, accessModeDefault);
 }
 

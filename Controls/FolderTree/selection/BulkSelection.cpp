@@ -4,17 +4,18 @@
 #include <vector>
 
 #include "automation/Text.h"
+#include "common/RowWalk.h"
 
 namespace foldertree {
 
 template <class Visit>
 void BulkSelection::ForEachPickRow(Visit&& visit) {
     const TreeGrid& grid = context_.grid;
-    for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
+    ForEachRow(grid, [&](int32_t row) {
         const std::string_view kind = grid.CellView(row, colRowKind);
         const auto is = [kind](std::string_view other) { return automation::EqualNoCase(kind, other); };
         if (!is(rowKind::dummy) && !is(rowKind::store) && !is(rowKind::header)) visit(row);
-    }
+    });
 }
 
 bool BulkSelection::MayBePicked(int32_t row) const {
@@ -50,7 +51,7 @@ void BulkSelection::UntickAll(CollectionPass& pass) {
     index.Flush();
     if (!context_.state.multiSelect) {
         selection_.singleItem = nullptr;
-        selection_.selectedRow = -1;
+        selection_.pickedInTree = false;
     }
     selection_.dirty = true;
 }
@@ -116,9 +117,10 @@ void BulkSelection::TickByType(CollectionPass& pass, enuFTIItemType type, bool a
 }
 
 void BulkSelection::UntickRowsWithoutItem(const SelectionIndex& index, const SelectionView::FoundRows& found) {
+    // From here on no code of the host runs, so numbers will do.
     std::vector<bool> hasItem(static_cast<size_t>(context_.grid.RowCount()));
     for (const auto& each : found)
-        if (each.row != -1) hasItem[static_cast<size_t>(each.row)] = true;
+        if (const auto row = context_.grid.RowOf(each.row)) hasItem[static_cast<size_t>(*row)] = true;
     ForEachPickRow([&](int32_t row) {
         if (hasItem[static_cast<size_t>(row)] || !IsTicked(row) || !MayBePicked(row)) return;
         if (!index.Find(context_.grid.CellText(row, colKey))) Untick(row);

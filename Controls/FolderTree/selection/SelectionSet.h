@@ -17,7 +17,7 @@ class SelectionSet {
 
     automation::ObjectRef collection;  ///< null until something is assigned or ticked
     ItemRef singleItem;                ///< the single-select pick
-    int32_t selectedRow = -1;          ///< its row; -1 when none
+    bool pickedInTree = false;         ///< it was, or one before it, a row of the tree: hosts can read it
     bool dirty = false;                ///< the collection may no longer match the grid
 
     /// The collection, made when there is none.

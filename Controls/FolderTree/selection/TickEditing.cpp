@@ -29,25 +29,25 @@ void TickEditing::fgd_AfterEdit(int32_t row, int32_t col) {
         if (context_.state.gridBusy) return;
         view_.MarkSelection(row);
         if (col == colSel)
-            AfterTick(row);
+            AfterTick(context_.grid.HandleOf(row));
         else if (col == colIndex && context_.state.Indexing())
             AfterNumber(row);
     });
 }
 
-void TickEditing::AfterTick(int32_t row) {
-    const bool ticked = context_.grid.CellValue(row, colSel) != 0;
-    selection_.selectedRow = -1;
+void TickEditing::AfterTick(RowHandle row) {
+    const bool ticked = context_.grid.CellValue(Require(row), colSel) != 0;
+    selection_.pickedInTree = false;
     // Also when another collection is assigned meanwhile, the user has ticked, and the host is told.
     RunPass(selection_, [&](CollectionPass& pass) {
         if (context_.state.multiSelect) {
             if (ticked)
                 TickInCollection(pass, row);
             else
-                UntickInCollection(row);
+                UntickInCollection(Require(row));
             selection_.dirty = true;
         } else if (ticked) {
-            TickAlone(row);
+            TickAlone(Require(row));
         }
         pass.ThrowIfEnded();
         view_.ReIndex();
@@ -56,19 +56,19 @@ void TickEditing::AfterTick(int32_t row) {
     TraceChange(row);
 }
 
-void TickEditing::TickInCollection(CollectionPass& pass, int32_t row) {
-    SelItem item = selection_.GetSelItemByKey(context_.grid.CellText(row, colKey));
+void TickEditing::TickInCollection(CollectionPass& pass, RowHandle row) {
+    SelItem item = selection_.GetSelItemByKey(context_.grid.CellText(Require(row), colKey));
     if (item) {
         item.SetSelected(true);
     } else {
-        item = SelItem(selection_.CreateSelItemFromRow(row));
+        item = SelItem(selection_.CreateSelItemFromRow(Require(row)));
         item.SetSelected(true);
         pass.Add(item, item.Key());
         item.SetIndex(SelectionSet::NextIndex(selection_.GetHighIndex()));
     }
     const int32_t index = item.Index();
     pass.ThrowIfEnded();
-    context_.grid.SetCellText(row, colIndex, std::to_string(index));
+    context_.grid.SetCellText(Require(row), colIndex, std::to_string(index));
 }
 
 void TickEditing::UntickInCollection(int32_t row) {
@@ -78,7 +78,7 @@ void TickEditing::UntickInCollection(int32_t row) {
 
 void TickEditing::TickAlone(int32_t row) {
     TreeGrid& grid = context_.grid;
-    selection_.selectedRow = row;
+    selection_.pickedInTree = true;
     for (int32_t other = grid.FixedRowCount(); other < grid.RowCount(); ++other) {
         if (other == row || grid.CellValue(other, colSel) == 0) continue;
         grid.SetCellText(other, colSel, "0");
@@ -111,9 +111,10 @@ void TickEditing::MoveItemOf(CollectionPass& pass, int32_t row) {
     pass.Add(item, key, before);
 }
 
-void TickEditing::TraceChange(int32_t row) {
+void TickEditing::TraceChange(RowHandle handle) {
     const TreeGrid& grid = context_.grid;
     context_.Trace("Selection changed on");
+    const int32_t row = Require(handle);
     context_.Trace("  ", grid.CellText(row, colPath));
     context_.Trace(" SID = ", grid.CellText(row, colStoreID));
     context_.Trace(" EID = ", grid.CellText(row, colEntryID));
@@ -124,9 +125,10 @@ void TickEditing::TraceChange(int32_t row) {
 void TickEditing::fgd_DblClick() {
     Guarded(context_, errorLines::dblClick, [&] {
         TreeGrid& grid = context_.grid;
-        const int32_t row = grid.CurrentRow();
-        if (context_.state.gridBusy || row < grid.FixedRowCount()) return;
-        ToggleNode(row);
+        if (context_.state.gridBusy || grid.CurrentRow() < grid.FixedRowCount()) return;
+        const RowHandle clicked = grid.HandleOf(grid.CurrentRow());
+        ToggleNode(clicked);
+        const int32_t row = Require(clicked);
         // The last row of the grid is only opened and closed, never ticked.
         if (row >= grid.RowCount() - 1 || grid.RowOutlineLevel(row + 1) > grid.RowOutlineLevel(row)) return;
         // The box's before-edit check is not asked: a double click ticks a row whose box is painted as not editable.
@@ -135,12 +137,14 @@ void TickEditing::fgd_DblClick() {
     });
 }
 
-void TickEditing::ToggleNode(int32_t row) {
-    const int16_t state = context_.grid.NodeState(row) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
+void TickEditing::ToggleNode(RowHandle row) {
+    TreeGrid& grid = context_.grid;
+    const int32_t now = Require(row);
+    const int16_t state = grid.NodeState(now) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
     bool cancel = false;
-    events_.fgd_BeforeCollapse(row, state, cancel);
+    events_.fgd_BeforeCollapse(now, state, cancel);
     context_.ThrowIfClosed();
-    if (!cancel) context_.grid.SetNodeState(row, state);
+    if (!cancel) grid.SetNodeState(Require(row), state);
 }
 
 }  // namespace foldertree
