@@ -68,7 +68,8 @@ CollectionPass::Places CollectionPass::PlacesNow(const Places& places) const {
     while (walk.Next(item)) {
         const bool isWanted = wanted.Any(item.Key(), [&](uint32_t number) {
             if (found[number] || !MayBeSame(item, wanted.At(number))) return false;
-            return found[number] = true;
+            found[number] = true;
+            return true;
         });
         if (isWanted) now.push_back({walk.Position(), item});
     }

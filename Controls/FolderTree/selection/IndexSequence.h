@@ -19,7 +19,7 @@ class IndexSequence {
     int32_t Count() const { return count_; }
     /// Puts an entry with that number at the position and returns its name.
     Entry Insert(int32_t position, int32_t index);
-    void Append(int32_t index) { Insert(count_, index); }
+    Entry Append(int32_t index) { return Insert(count_, index); }
     void Remove(Entry entry);
     std::optional<int32_t> PositionOf(Entry entry) const;  ///< nothing for one that was removed
     /// The position of the first entry whose number is not less than that; Count() when there is none.

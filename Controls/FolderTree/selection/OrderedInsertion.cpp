@@ -3,6 +3,9 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
+
+#include "common/RowWalk.h"
 
 namespace foldertree {
 
@@ -20,21 +23,19 @@ void OrderedInsertion::RemoveCompleteItems() {
 void OrderedInsertion::ReadIndexes() {
     CollectionPass::Walk walk(pass_);
     SelItem item;
-    while (walk.Next(item)) {
-        indexes_.Append(item.Index());
-        items_.push_back(item);
-    }
-    incompleteLeft_ = !items_.empty();
+    while (walk.Next(item)) unread_.push_back({indexes_.Append(item.Index()), item});
+    incompleteLeft_ = !unread_.empty();
 }
 
 void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
+    const RowHandle handle = grid.HandleOf(row);
     const double number = grid.CellValue(row, colIndex);
     const std::string key = grid.CellText(row, colKey);
     // An item made from a row with a number beyond all items has no key, and would not show that the row's is taken.
     const bool lookFirst = incompleteLeft_ || std::abs(number) > std::numeric_limits<int32_t>::max();
     SelItem item = lookFirst ? selection_.GetSelItemByKey(key) : SelItem();
     const bool incomplete = item && item.Incomplete();
-    if (!item) item = SelItem(selection_.CreateSelItemFromRow(row));
+    if (!item) item = SelItem(selection_.CreateSelItemFromRow(RequireRow(grid, handle)));
     const int32_t index = item.Index();
     // An item that stayed is moved. One that another row put here keeps the key, and adding it again fails.
     if (incomplete) RemoveByKey(key);
@@ -42,41 +43,45 @@ void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
     const int32_t place = indexes_.FirstNotLess(number);
     pass_.Add(item, item.Key(), place < indexes_.Count() ? std::optional(place + 1) : std::nullopt);
     const IndexSequence::Entry entry = indexes_.Insert(place, index);
-    if (!incompleteLeft_) return;
-    items_.resize(entry);  // one shorter only when memory ran out for the entry before
-    items_.push_back(item);
+    if (incompleteLeft_) unread_.push_back({entry, item});
 }
 
 void OrderedInsertion::RemoveByKey(std::string_view key) {
     Guarded(context_, errorLines::removeSelItemByKey, [&] {
-        ReadKeys();
-        const std::optional<IndexSequence::Entry> entry = FirstWithKey(key);
-        const int32_t position = entry ? *indexes_.PositionOf(*entry) : indexes_.Count();
-        ThrowIfUnreadableBefore(position);
-        if (!entry) return;
-        pass_.TakeOut({{position + 1, items_[*entry]}});
-        indexes_.Remove(*entry);
+        const Failures failures = ReadKeys();
+        const std::optional<uint32_t> number = FirstWithKey(key);
+        const int32_t position = number ? *indexes_.PositionOf(entryOf_[*number]) : indexes_.Count();
+        ThrowFirst(failures, position);
+        if (!number) return;
+        pass_.TakeOut({{position + 1, keyed_.At(*number)}});
+        indexes_.Remove(entryOf_[*number]);
     });
 }
 
-void OrderedInsertion::ReadKeys() {
-    while (keyed_.Count() < items_.size()) {
-        const SelItem& item = items_[keyed_.Count()];
+OrderedInsertion::Failures OrderedInsertion::ReadKeys() {
+    Failures failures;
+    for (const Unread& unread : std::exchange(unread_, {})) {
         std::string key;
-        if (auto error = Attempt([&] { key = item ? item.Key() : std::string(); }))
-            failed_.push_back({keyed_.Count(), std::move(*error)});
+        auto error = Attempt([&] { key = unread.item.Key(); });
         pass_.ThrowIfEnded();
-        keyed_.Add(item, std::move(key));
+        if (error) {
+            failures.push_back({unread.entry, std::move(*error)});
+            unread_.push_back(unread);
+        } else {
+            keyed_.Add(unread.item, std::move(key));
+            entryOf_.push_back(unread.entry);
+        }
     }
+    return failures;
 }
 
-std::optional<IndexSequence::Entry> OrderedInsertion::FirstWithKey(std::string_view key) const {
-    std::optional<IndexSequence::Entry> first;
+std::optional<uint32_t> OrderedInsertion::FirstWithKey(std::string_view key) const {
+    std::optional<uint32_t> first;
     std::optional<int32_t> firstPosition;
-    keyed_.Any(key, [&](uint32_t entry) {
-        const std::optional<int32_t> position = indexes_.PositionOf(entry);
+    keyed_.Any(key, [&](uint32_t number) {
+        const std::optional<int32_t> position = indexes_.PositionOf(entryOf_[number]);
         if (position && (!firstPosition || *position < *firstPosition)) {
-            first = entry;
+            first = number;
             firstPosition = position;
         }
         return false;
@@ -84,9 +89,9 @@ std::optional<IndexSequence::Entry> OrderedInsertion::FirstWithKey(std::string_v
     return first;
 }
 
-void OrderedInsertion::ThrowIfUnreadableBefore(int32_t position) const {
-    const Unreadable* first = nullptr;
-    for (const Unreadable& each : failed_) {
+void OrderedInsertion::ThrowFirst(const Failures& failures, int32_t position) const {
+    const Failure* first = nullptr;
+    for (const Failure& each : failures) {
         const std::optional<int32_t> place = indexes_.PositionOf(each.entry);
         if (!place || *place > position) continue;
         first = &each;

@@ -26,27 +26,35 @@ class OrderedInsertion {
     void InsertRow(int32_t row, const TreeGrid& grid);
 
   private:
-    struct Unreadable {
+    /// An item whose key was not asked for so far, or was not told.
+    struct Unread {
+        IndexSequence::Entry entry;
+        SelItem item;
+    };
+    struct Failure {
         IndexSequence::Entry entry;
         automation::Error error;
     };
+    using Failures = std::vector<Failure>;
 
     void ReadIndexes();
     /// Takes out the first item with that key, as SelectionSet::RemoveSelItemByKey does, without asking each item anew.
     void RemoveByKey(std::string_view key);
-    void ReadKeys();
-    std::optional<IndexSequence::Entry> FirstWithKey(std::string_view key) const;
-    /// Throws when an item up to the position does not tell its key: the search ends there.
-    void ThrowIfUnreadableBefore(int32_t position) const;
+    /// Asks for the keys that are unread.
+    Failures ReadKeys();
+    /// The number in `keyed_` of the first item with that key.
+    std::optional<uint32_t> FirstWithKey(std::string_view key) const;
+    /// Throws when an item up to the position did not tell its key: the search ends there.
+    void ThrowFirst(const Failures& failures, int32_t position) const;
 
     ControlContext& context_;
     SelectionSet& selection_;
     CollectionPass& pass_;
     IndexSequence indexes_;
-    bool incompleteLeft_ = false;     ///< else no row's item can be in the collection yet, and need not be looked for
-    std::vector<SelItem> items_;      ///< by entry of `indexes_`, while incomplete items are left
-    KeyedItems keyed_;                ///< the first of `items_`, those whose keys were needed so far
-    std::vector<Unreadable> failed_;  ///< those of them that did not tell their keys
+    bool incompleteLeft_ = false;  ///< else no row's item can be in the collection yet, and need not be looked for
+    std::vector<Unread> unread_;
+    KeyedItems keyed_;
+    std::vector<IndexSequence::Entry> entryOf_;  ///< by number in `keyed_`
 };
 
 }  // namespace foldertree

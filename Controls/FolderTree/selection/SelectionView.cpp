@@ -1,8 +1,8 @@
 // SelectionView: shows the selection in the tree, and reads it back from there.
 #include "selection/SelectionView.h"
 
-#include "automation/KeyedCollection.h"
 #include "automation/Text.h"
+#include "common/RowWalk.h"
 #include "selection/Highlighting.h"
 #include "selection/OrderedInsertion.h"
 
@@ -24,17 +24,27 @@ void SelectionView::ApplyCollection(CollectionPass& pass, const FoundRows& found
     CollectionPass::Walk walk(pass);
     SelItem item;
     for (size_t position = 0; walk.Next(item); ++position) {
-        const bool known = item.Own() != nullptr && position < found.size() && found[position].item == item.Own();
-        const int32_t row = known ? found[position].row : FindRowOf(item);
+        const int32_t row = RowOfItem(item, position < found.size() ? &found[position] : nullptr);
         pass.ThrowIfEnded();
         if (row <= 0) continue;  // not in the tree, or the header row matched
         // A stranger keeps what its host gave it; only our own items are completed.
         if (clsFolderTreeItem* own = item.Own(); own != nullptr && own->Incomplete()) CompleteFromRow(*own, row);
+        const RowHandle handle = context_.grid.HandleOf(row);
         const int32_t index = item.Index();
         pass.ThrowIfEnded();
-        context_.grid.SetCellText(row, colIndex, std::to_string(index));
-        Tick(row);
+        ShowTicked(RequireRow(context_.grid, handle), index);
     }
+}
+
+void SelectionView::ShowTicked(int32_t row, int32_t index) {
+    context_.grid.SetCellText(row, colIndex, std::to_string(index));
+    Tick(row);
+}
+
+int32_t SelectionView::RowOfItem(const SelItem& item, const FoundRow* found) {
+    const bool known = found != nullptr && found->item != nullptr && found->item.get() == item.Own();
+    const std::optional<int32_t> row = known ? context_.grid.RowOf(found->row) : std::nullopt;
+    return row ? *row : FindRowOf(item);
 }
 
 void SelectionView::ApplySingleItem() {
@@ -107,9 +117,6 @@ SelectionView::FoundRows SelectionView::ReIndex() {
             if (!pass.HasCollection()) return;
             NumberItems(pass, found);
             pass.ThrowIfEnded();
-            // A host's own collection runs host code when it is walked, and the rows may be others afterwards.
-            const bool ours = dynamic_cast<automation::KeyedCollection*>(selection_.collection.get()) != nullptr;
-            if (!ours) found.clear();
             ApplySelection(found);
         });
     });
@@ -121,7 +128,7 @@ void SelectionView::NumberItems(CollectionPass& pass, FoundRows& found) {
     SelItem item;
     int32_t n = 1;
     while (walk.Next(item)) {
-        found.push_back({nullptr, -1});
+        found.emplace_back();
         const bool selected = item.Selected();
         pass.ThrowIfEnded();
         if (!selected) continue;
@@ -130,7 +137,7 @@ void SelectionView::NumberItems(CollectionPass& pass, FoundRows& found) {
         pass.ThrowIfEnded();
         if (row != -1) {
             context_.grid.SetCellText(row, colIndex, std::to_string(n));
-            found.back() = {item.Own(), row};
+            found.back() = {std::dynamic_pointer_cast<clsFolderTreeItem>(item.Ref()), context_.grid.HandleOf(row)};
         }
         ++n;
     }
@@ -145,11 +152,11 @@ void SelectionView::ReadTicks(CollectionPass& pass) {
     OrderedInsertion insertion(context_, selection_, pass);
     insertion.RemoveCompleteItems();
     const TreeGrid& grid = context_.grid;
-    for (int32_t row = grid.FixedRowCount(); context_.state.multiSelect && row < grid.RowCount(); ++row) {
-        if (grid.CellValue(row, colSel) == 0) continue;
+    ForEachRow(grid, [&](int32_t row) {
+        if (!context_.state.multiSelect || grid.CellValue(row, colSel) == 0) return;
         // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it.
         Guarded(context_, errorLines::refreshSelection, [&] { insertion.InsertRow(row, grid); });
-    }
+    });
     pass.ThrowIfEnded();
     selection_.dirty = false;
 }
