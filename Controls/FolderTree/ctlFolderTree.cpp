@@ -3,6 +3,7 @@
 
 #include "addresslists/AddressListRows.h"
 #include "common/ControlContext.h"
+#include "common/FolderKey.h"
 #include "common/GridSetup.h"
 #include "common/PersistedProperties.h"
 #include "enumeration/RdoTabReader.h"
@@ -57,6 +58,31 @@ class ctlFolderTree::Impl {
     bool initialised = false;
     bool closing = false;  ///< public members do nothing any more, though the control still takes its leave
 
+    void SetDefaults() {
+        state.enabled = true;
+        state.highlightContactFolders = false;
+        state.highlightJournalFolders = false;
+        state.highlightTaskFolders = false;
+        state.multiSelect = true;
+        state.allowIndexing = false;
+        state.extendToLevel = 1;
+        selection.KillCollection();
+        context.ThrowIfClosed();
+        state.rdoSession = nullptr;
+        state.showAddressBook = false;
+        state.infoStoreAccessMode = eISAccess_RDO_MAPITables;
+    }
+
+    void ReleaseObjects() {
+        // The host's own collection is emptied, not only let go; it is let go also when it resists.
+        selection.KillCollection();
+        selection.collection = nullptr;
+        state.rdoSession = nullptr;
+        selection.singleItem = nullptr;
+        state.application = nullptr;
+        cdo.ReleaseSession();
+    }
+
     /// Stores a changed value, runs its side effect and marks the property changed; an equal value does nothing.
     template <class T, class Effect>
     void Set(T& stored, T value, const ErrorLine& line, Member property, Effect&& effect) {
@@ -66,14 +92,6 @@ class ctlFolderTree::Impl {
             effect();
             context.PropertyChanged(property);
         });
-    }
-
-    /// Empties the selection collection and lets it go; one that the host assigns meanwhile stays.
-    void KillSelection() {
-        const ObjectRef old = selection.collection;
-        ObjectRef emptied = old;
-        selection.KillCollection(emptied);
-        if (emptied == nullptr && selection.collection == old) selection.collection = nullptr;
     }
 
     void CollapseRows(auto&& isToCollapse) {
@@ -122,18 +140,36 @@ class ChangesTold {
     TreeGrid& grid_;
 };
 
-/// Runs a public member: does nothing on a closed control, keeps the control alive meanwhile, and gives one that was
-/// neither initialised nor loaded its defaults first.
+/// Keeps the control alive while a member runs, inside which its last owner may let go. A control that dies runs its
+/// members without.
 template <class Result, class Control, class Impl, class Body>
-Result Enter(Control& control, Impl& impl, Result neutral, Body&& body) {
-    if (impl.closing) return neutral;
-    const auto keepAlive = control.shared_from_this();
+Result Alive(Control& control, Impl& impl, Result neutral, Body&& body) {
+    const auto keepAlive = control.weak_from_this().lock();
     const ChangesTold told(impl.context.grid);
-    if (!impl.initialised) control.UserControl_InitProperties();
     return UntilClosed(std::move(neutral), std::forward<Body>(body));
 }
 
+/// Runs a public member: does nothing on a closed control, and gives one that was neither initialised nor loaded its
+/// defaults first.
+template <class Result, class Control, class Impl, class Body>
+Result Enter(Control& control, Impl& impl, Result neutral, Body&& body) {
+    if (impl.closing) return neutral;
+    return Alive(control, impl, std::move(neutral), [&] {
+        if (!impl.initialised) control.UserControl_InitProperties();
+        impl.context.ThrowIfClosed();
+        return std::forward<Body>(body)();
+    });
+}
+
 struct Nothing {};
+
+template <class Control, class Impl, class Body>
+void AliveVoid(Control& control, Impl& impl, Body&& body) {
+    Alive(control, impl, Nothing(), [&] {
+        body();
+        return Nothing();
+    });
+}
 
 template <class Control, class Impl, class Body>
 void EnterVoid(Control& control, Impl& impl, Body&& body) {
@@ -167,28 +203,17 @@ ctlFolderTree::~ctlFolderTree() {
 }
 
 void ctlFolderTree::UserControl_InitProperties() {
-    impl_->initialised = true;
-    EnterVoid(*this, *impl_, [&] {
-        Guarded(impl_->context, errorLines::initProperties, [&] {
-            ControlState& state = impl_->state;
-            state.enabled = true;
-            state.highlightContactFolders = false;
-            state.highlightJournalFolders = false;
-            state.highlightTaskFolders = false;
-            state.multiSelect = true;
-            state.allowIndexing = false;
-            state.extendToLevel = 1;
-            impl_->KillSelection();
-            state.rdoSession = nullptr;
-            state.showAddressBook = false;
-            state.infoStoreAccessMode = eISAccess_RDO_MAPITables;
-        });
+    if (impl_->closing) return;
+    AliveVoid(*this, *impl_, [&] {
+        impl_->initialised = true;
+        Guarded(impl_->context, errorLines::initProperties, [&] { impl_->SetDefaults(); });
     });
 }
 
 void ctlFolderTree::UserControl_ReadProperties(PropertyBag& bag) {
-    impl_->initialised = true;
-    EnterVoid(*this, *impl_, [&] {
+    if (impl_->closing) return;
+    AliveVoid(*this, *impl_, [&] {
+        impl_->initialised = true;
         Guarded(impl_->context, errorLines::readProperties, [&] {
             ReadPersistedProperties(impl_->context, bag);
             SetupGrid(impl_->context);
@@ -204,21 +229,12 @@ void ctlFolderTree::UserControl_WriteProperties(PropertyBag& bag) {
 
 void ctlFolderTree::Close() {
     if (impl_->closing) return;
-    // The host's collection and items may let go of the control; its destructor has nothing to keep.
-    const auto keepAlive = weak_from_this().lock();
-    impl_->closing = true;
-    impl_->state.cancel = true;
-    Guarded(impl_->context, errorLines::terminate, [&] {
-        SelectionSet& selection = impl_->selection;
-        // The host's own collection is emptied, not only let go; it is let go also when it resists.
-        selection.KillCollection(selection.collection);
-        selection.collection = nullptr;
-        impl_->state.rdoSession = nullptr;
-        selection.singleItem = nullptr;
-        impl_->state.application = nullptr;
-        impl_->cdo.ReleaseSession();
+    AliveVoid(*this, *impl_, [&] {
+        impl_->closing = true;
+        impl_->state.cancel = true;
+        Guarded(impl_->context, errorLines::terminate, [&] { impl_->ReleaseObjects(); });
+        impl_->context.Detach();
     });
-    impl_->context.Detach();
 }
 
 bool ctlFolderTree::Closed() const {
@@ -273,16 +289,15 @@ void ctlFolderTree::SetSelectedItem(ItemRef item) {
             SelectionSet& selection = impl_->selection;
             selection.singleItem = item;
             if (item == nullptr) {
-                selection.selectedRow = -1;
+                selection.pickedInTree = false;
                 impl_->view.ApplySelection();
                 return;
             }
             // Put together here and not taken from the item's Key: an item without a store is not found.
-            const std::string key =
-                item->IsAddressList() ? "L" + item->AddressListID() : "S" + item->StoreID() + "|" + item->EntryID();
-            const int32_t row = impl_->context.grid.FindRow(key);
-            if (row == -1) return;
-            selection.selectedRow = row;
+            const std::string key = item->IsAddressList() ? AddressListKey(item->AddressListID())
+                                                          : FolderKey(item->StoreID(), item->EntryID());
+            if (impl_->context.grid.FindRow(key) == -1) return;
+            selection.pickedInTree = true;
             impl_->view.ApplySelection();
         });
     });
@@ -290,8 +305,8 @@ void ctlFolderTree::SetSelectedItem(ItemRef item) {
 
 ItemRef ctlFolderTree::SelectedItem() {
     return Enter(*this, *impl_, ItemRef(), [&] {
-        const bool selected = !impl_->state.multiSelect && impl_->selection.selectedRow >= 0;
-        return selected ? impl_->selection.singleItem : nullptr;
+        const bool picked = !impl_->state.multiSelect && impl_->selection.pickedInTree;
+        return picked ? impl_->selection.singleItem : nullptr;
     });
 }
 

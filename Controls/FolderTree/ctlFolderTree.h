@@ -21,7 +21,7 @@ namespace foldertree {
 /// a member runs. One thread only.
 class ctlFolderTree : public GridEvents, public std::enable_shared_from_this<ctlFolderTree> {
   public:
-    /// A new control, after its UserControl_Initialize. `host` and `factory` are not owned; see Close().
+    /// A new control, after its UserControl_Initialize. `platform` and `factory` are not owned; see Close().
     static std::shared_ptr<ctlFolderTree> Create(ControlPlatform& platform, automation::ObjectFactory& factory);
     ~ctlFolderTree() override;
 
@@ -30,11 +30,10 @@ class ctlFolderTree : public GridEvents, public std::enable_shared_from_this<ctl
     void UserControl_ReadProperties(PropertyBag& bag);
     void UserControl_WriteProperties(PropertyBag& bag);
     /// The control goes away: cancels a running load, empties the selection collection and releases the host's objects
-    /// (UserControl_Terminate), and lets go of host and factory. A load that runs further up the stack ends at its next
-    /// step and touches nothing. Further public calls do nothing.
+    /// (UserControl_Terminate), and lets go of platform and factory, with wait panel and busy pointer taken down. A
+    /// load that runs further up the stack ends at its next step and touches nothing. Further public calls do nothing.
     void Close();
-    /// Closes when the last owner outside the control itself has let go; call after each release of an outside
-    /// reference.
+    /// Whether the control has been closed.
     bool Closed() const;
 
     // Public members, in interface order

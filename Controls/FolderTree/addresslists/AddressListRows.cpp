@@ -2,6 +2,7 @@
 #include "addresslists/AddressListRows.h"
 
 #include "automation/Collection.h"
+#include "common/FolderKey.h"
 #include "common/modApplication.h"
 #include "enumeration/FolderRows.h"
 #include "enumeration/WalkLimits.h"
@@ -128,7 +129,7 @@ void AddressListRows::AppendList(const std::string& name, const std::string& id,
     grid.SetCellText(row, colRowKind, rowKind::adList);
     grid.SetCellText(row, colSel, "");
     grid.SetCellText(row, colIndex, " ");
-    grid.SetCellText(row, colKey, "L" + id);
+    grid.SetCellText(row, colKey, AddressListKey(id));
     grid.SetRowOutlineLevel(row, level);
     SetRowPicture(grid, row, picAdList);
     grid.SetIsNode(row, true);

@@ -26,11 +26,8 @@ ControlContext::ControlContext(ControlPlatform& platform, automation::ObjectFact
 }
 
 void ControlContext::Detach() {
-    // A load that runs further up the stack cannot take them down any more.
-    if (state.refreshing) {
-        platform_->SetBusyPointer(false);
-        platform_->ShowWaitPanel(false);
-    }
+    // A load that runs further up the stack will have no platform to tell of its end.
+    if (state.refreshing) EndWait();
     closed_ = true;
     state.cancel = true;
     platform_ = &noPlatform;
@@ -61,6 +58,13 @@ void ControlContext::PropertyChanged(Member property) {
     ThrowIfClosed();
 }
 
+automation::ObjectRef ControlContext::AmbientFont() {
+    automation::ObjectRef font;
+    Attempt([&] { font = platform_->AmbientFont(); });
+    ThrowIfClosed();
+    return font;
+}
+
 void ControlContext::ThrowIfClosed() const {
     if (closed_) throw ControlClosed();
 }
@@ -83,6 +87,11 @@ void ControlContext::ResetProgress() {
     platform_->SetProgress(progressMaximum_, progressValue_);
 }
 
+void ControlContext::EndWait() {
+    platform_->SetBusyPointer(false);
+    platform_->ShowWaitPanel(false);
+}
+
 LoadScope::LoadScope(ControlContext& context)
     : context_(context), refreshing_(context.state.refreshing), gridBusy_(context.state.gridBusy) {
     context_.state.cancel = false;
@@ -92,8 +101,7 @@ LoadScope::LoadScope(ControlContext& context)
 }
 
 LoadScope::~LoadScope() {
-    context_.Platform().SetBusyPointer(false);
-    context_.Platform().ShowWaitPanel(false);
+    context_.EndWait();
 }
 
 }  // namespace foldertree

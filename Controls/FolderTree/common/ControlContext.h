@@ -18,7 +18,7 @@ namespace foldertree {
 
 class ControlContext {
   public:
-    /// Host and factory are not owned; they must live until Detach().
+    /// Platform and factory are not owned; they must live until Detach().
     ControlContext(ControlPlatform& platform, automation::ObjectFactory& factory);
 
     ControlState state;
@@ -27,7 +27,7 @@ class ControlContext {
     ControlPlatform& Platform() { return *platform_; }
     automation::ObjectFactory& Factory() { return *factory_; }
 
-    /// Lets go of host and factory: the control is closed. A run further up the stack ends at its next yield.
+    /// Lets go of platform and factory: the control is closed. A run further up the stack ends at its next yield.
     void Detach();
     bool Closed() const { return closed_; }
 
@@ -46,6 +46,8 @@ class ControlContext {
     /// do anything in its handler.
     void RaiseChanged();
     void PropertyChanged(Member property);
+    /// The container's font; null when it has none or fails to give it. Throws ControlClosed too.
+    automation::ObjectRef AmbientFont();
     /// For the other places from which the host can have been called.
     void ThrowIfClosed() const;
 
@@ -67,6 +69,8 @@ class ControlContext {
 
     friend class LoadScope;
     void ResetProgress();
+    /// Busy pointer and wait panel go.
+    void EndWait();
 
     ControlPlatform* platform_;
     automation::ObjectFactory* factory_;

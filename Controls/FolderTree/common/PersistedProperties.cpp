@@ -19,6 +19,7 @@ void ReadOne(ControlContext& context, PropertyBag& bag, std::string_view name, T
         context.ThrowIfClosed();
         if (!saved.IsEmpty()) take(saved);
     });
+    context.ThrowIfClosed();
     if (!read) useDefault();
 }
 
@@ -33,14 +34,7 @@ Value AsSaved(const Saving& saving, int32_t kept) {
 
 void Write(ControlContext& context, PropertyBag& bag, const MemberInfo& info, const Value& value) {
     Guarded(context, errorLines::writeProperties, [&] { bag.Write(info.name, value); });
-}
-
-/// The container's font; null when it has none or fails to give it.
-ObjectRef AmbientFont(ControlContext& context) {
-    ObjectRef font;
-    Attempt([&] { font = context.Platform().AmbientFont(); });
     context.ThrowIfClosed();
-    return font;
 }
 
 }  // namespace
@@ -52,7 +46,7 @@ void ReadPersistedProperties(ControlContext& context, PropertyBag& bag) {
         if (saving.type == SavedAs::font) {
             ReadOne(
                 context, bag, info->name, [&](const Value& value) { font = value.RequireObject(); },
-                [&] { font = AmbientFont(context); });
+                [&] { font = context.AmbientFont(); });
         } else {
             ReadOne(
                 context, bag, info->name, [&](const Value& value) { saving.set(context.state, Kept(saving, value)); },
@@ -67,7 +61,7 @@ void WritePersistedProperties(ControlContext& context, PropertyBag& bag) {
         const Saving& saving = info->saving;
         if (saving.type == SavedAs::font) {
             const ObjectRef font = context.grid.Font();
-            if (font != AmbientFont(context)) Write(context, bag, *info, font);
+            if (font != context.AmbientFont()) Write(context, bag, *info, font);
         } else if (const int32_t kept = saving.get(context.state); kept != saving.defaultValue) {
             Write(context, bag, *info, AsSaved(saving, kept));
         }

@@ -2,6 +2,7 @@
 #include "common/clsFolderTreeItem.h"
 
 #include "automation/Text.h"
+#include "common/FolderKey.h"
 
 namespace foldertree {
 
@@ -10,12 +11,6 @@ namespace {
 using automation::Arguments;
 using automation::Value;
 using Item = clsFolderTreeItem;
-
-std::string FolderKey(const std::string& storeID, std::string_view prefix, std::string_view entryID) {
-    std::string key;
-    key.reserve(storeID.size() + entryID.size() + prefix.size() + 2);
-    return key.append("S").append(storeID).append("|").append(prefix).append(entryID);
-}
 
 constexpr automation::MemberEntry<Item> members[] = {
     {"Incomplete", [](Item& item, const Arguments&) -> Value { return item.Incomplete(); }},
@@ -45,9 +40,9 @@ std::span<const automation::MemberEntry<Item>> clsFolderTreeItem::Members() {
 }
 
 std::string clsFolderTreeItem::Key() const {
-    if (isAddressList_) return "L" + addressListID_;
+    if (isAddressList_) return AddressListKey(addressListID_);
     if (StoreID().empty()) return entryID_;
-    return FolderKey(StoreID(), "", entryID_);
+    return FolderKey(StoreID(), entryID_);
 }
 
 bool clsFolderTreeItem::HasKey(std::string_view key) const {
@@ -60,12 +55,12 @@ bool clsFolderTreeItem::HasKey(std::string_view key) const {
 }
 
 std::string clsFolderTreeItem::KeyShortEntryID() const {
-    if (isAddressList_) return "L" + addressListID_;
-    return FolderKey(StoreID(), "", entryIDShort_);
+    if (isAddressList_) return AddressListKey(addressListID_);
+    return FolderKey(StoreID(), entryIDShort_);
 }
 
 std::string clsFolderTreeItem::KeyAlternate() const {
-    if (isAddressList_) return "L" + addressListID_;
+    if (isAddressList_) return AddressListKey(addressListID_);
     const std::string_view rest = std::string_view(entryID_).substr(automation::OffsetOfCharacter(entryID_, 2));
     return FolderKey(StoreID(), entryID_.starts_with("EF") ? "00" : "EF", rest);
 }

@@ -4,21 +4,25 @@
 #include <cstdint>
 
 #include "common/ControlContext.h"
+#include "common/RowWalk.h"
 #include "selection/SelectionView.h"
 
 namespace foldertree {
 
-/// The rows of one expansion: children go directly below the node, one after the other.
+/// The rows of one expansion: children go directly below the node, one after the other. They are found again after each
+/// yield; members throw automation::Error 9 when the host has emptied the tree.
 class ExpandedRows {
   public:
-    ExpandedRows(ControlContext& context, int32_t node) : context_(context), node_(node), last_(node) {}
+    ExpandedRows(ControlContext& context, RowHandle node) : context_(context), node_(node), last_(node) {}
 
-    int32_t Node() const { return node_; }
+    int32_t Node() const { return RequireRow(context_.grid, node_); }
     int16_t ChildLevel() const;
     /// Removes the row below the node if it is its placeholder.
     void RemovePlaceholder();
     /// Inserts an empty row below the last child and returns its number. It goes again unless KeepChild follows.
     int32_t InsertChild();
+    /// The row that InsertChild inserted, or its placeholder.
+    int32_t LastChild() const { return RequireRow(context_.grid, last_); }
     /// The last inserted row is filled.
     void KeepChild() { childPending_ = false; }
     /// A child could not be read: a row that was inserted for it is taken out.
@@ -36,8 +40,9 @@ class ExpandedRows {
 
   private:
     ControlContext& context_;
-    int32_t node_;
-    int32_t last_;
+    RowHandle node_;
+    RowHandle last_;
+    RowHandle beforeLast_;  ///< what `last_` was before a child was inserted that is not kept yet
     bool childPending_ = false;
     bool failed_ = false;
     bool placeholderRemoved_ = false;
@@ -49,8 +54,8 @@ class ExpandedRows {
 template <class Read, class Finish>
 void RunExpansion(ControlContext& context, SelectionView& view, int32_t node, const ErrorLine& line, Read&& read,
                   Finish&& finish) {
+    ExpandedRows rows(context, context.grid.HandleOf(node));
     LoadScope load(context);
-    ExpandedRows rows(context, node);
     const bool ended = Guarded(context, line, [&] {
         load.Ready();
         load.ResetProgress();

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "common/FolderKey.h"
+#include "common/RowWalk.h"
 #include "enumeration/DefaultFolders.h"
 #include "enumeration/FolderRows.h"
 #include "enumeration/WalkLimits.h"
@@ -32,12 +34,14 @@ bool RdoTabReader::GetFolders_Store_RDOTab(const ObjectRef& store) {
         context_.AdvanceProgress(1, -1);
         const std::string storeName = Deref(store).Get("Name").ToText();
         const std::string provider = ProviderName(store);
-        const int32_t row =
-            AppendStoreRow(context_, rowKind::store, provider.empty() ? storeName : storeName + " (" + provider + ")");
+        const TreeGrid& grid = context_.grid;
+        const RowHandle row = grid.HandleOf(
+            AppendStoreRow(context_, rowKind::store, provider.empty() ? storeName : storeName + " (" + provider + ")"));
         StoreWalk walk;
         walk.storeID = Deref(store).Get("EntryID").ToText();
-        context_.grid.SetCellText(row, colStoreID, walk.storeID);
-        SetStorePicture(context_, row, IsDefaultStore(store));
+        context_.grid.SetCellText(RequireRow(grid, row), colStoreID, walk.storeID);
+        const bool isDefault = IsDefaultStore(store);
+        SetStorePicture(context_, RequireRow(grid, row), isDefault);
         const ObjectRef root = Deref(store).Get("IPMRootFolder").RequireObject();
         context_.AdvanceProgress(Deref(Deref(root).Get("Folders").ToObject()).Get("Count").ToLong(), -1);
         complete = GetFolders_Folder_RDOTab(walk, root, 1, storeName);
@@ -97,7 +101,7 @@ bool RdoTabReader::WalkRow(StoreWalk& walk, HierarchyTable& table, const Value& 
         context_.Trace(indent, "      Browsing child folders");
         if (MayDescend(level)) {
             context_.Trace(indent, "      Extending next level");
-            complete = WalkChildren(walk, child, row, level, path);
+            complete = WalkChildren(walk, child, context_.grid.HandleOf(row), level, path);
         } else {
             context_.Trace(indent, "      Next level too deep (current limit = ", context_.state.extendToLevel,
                            "), inserting 'expand' indicator");
@@ -112,7 +116,7 @@ bool RdoTabReader::MayDescend(int32_t level) const {
     return (level < limit || limit == 0) && level < deepestWalkLevel;
 }
 
-bool RdoTabReader::WalkChildren(StoreWalk& walk, const ChildFolder& child, int32_t row, int32_t level,
+bool RdoTabReader::WalkChildren(StoreWalk& walk, const ChildFolder& child, RowHandle row, int32_t level,
                                 const std::string& path) {
     const std::string& id = child.OpeningID();
     // A folder below itself would never end.
@@ -122,13 +126,14 @@ bool RdoTabReader::WalkChildren(StoreWalk& walk, const ChildFolder& child, int32
     const bool opened = Guarded(context_, errorLines::folderRDOTab, [&] { folder = OpenFolder(id); });
     // The row keeps an expand indicator, so that the user can try again.
     if (!opened) {
-        MarkUnread(context_, row);
+        MarkUnread(context_, RequireRow(context_.grid, row));
         return false;
     }
     walk.ancestors.push_back(id);
     const bool complete = GetFolders_Folder_RDOTab(walk, folder, level + 1, path);
     walk.ancestors.pop_back();
-    if (!complete && row == context_.grid.RowCount() - 1) MarkUnread(context_, row);
+    const bool isLast = context_.grid.RowOf(row) == context_.grid.RowCount() - 1;
+    if (!complete && isLast) MarkUnread(context_, context_.grid.RowCount() - 1);
     return true;
 }
 
@@ -138,9 +143,7 @@ ObjectRef RdoTabReader::OpenFolder(const std::string& entryID) {
 
 void RdoTabReader::FillRow(int32_t row, int32_t level, const std::string& storeID, const ChildFolder& child,
                            const std::string& path) {
-    std::string key;
-    key.reserve(storeID.size() + child.entryID.size() + 2);
-    key.append("S").append(storeID).append("|").append(child.entryID);
+    const std::string key = FolderKey(storeID, child.entryID);
     FillFolderRow(context_, row, static_cast<int16_t>(level),
                   {.name = child.name,
                    .storeID = storeID,
@@ -171,7 +174,7 @@ void RdoTabReader::ReadChildren(ExpandedRows& rows) {
                                  .RequireObject();
     context_.Trace("  Removing 'expand' indicator");
     rows.RemovePlaceholder();
-    context_.Trace("  Insertion row is ", node);
+    context_.Trace("  Insertion row is ", rows.Node());
     HierarchyTable table(context_, "");
     table.Open(folder);
     while (const Value* row = table.NextRow()) {

@@ -40,7 +40,7 @@ class RdoTabReader : public StoreReader {
     /// False when something of the row could not be read; the walk goes on with the next one.
     bool WalkRow(StoreWalk& walk, HierarchyTable& table, const automation::Value& row, std::string_view indent,
                  int32_t level, const std::string& parentPath);
-    bool WalkChildren(StoreWalk& walk, const ChildFolder& child, int32_t row, int32_t level, const std::string& path);
+    bool WalkChildren(StoreWalk& walk, const ChildFolder& child, RowHandle row, int32_t level, const std::string& path);
     bool MayDescend(int32_t level) const;
 
     void ReadChildren(ExpandedRows& rows);

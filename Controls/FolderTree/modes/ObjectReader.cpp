@@ -2,6 +2,8 @@
 #include "modes/ObjectReader.h"
 
 #include "automation/Collection.h"
+#include "common/FolderKey.h"
+#include "common/RowWalk.h"
 #include "enumeration/FolderRows.h"
 #include "enumeration/WalkLimits.h"
 
@@ -36,10 +38,12 @@ void ObjectReader::ReadStore(const ObjectRef& store) {
 void ObjectReader::GetFolders_Store(const ObjectRef& store) {
     context_.AdvanceProgress(1, -1);
     const std::string name = ReadText(store, "Name");
-    const int32_t row = AppendStoreRow(context_, mode_.storeRowKind, name);
+    TreeGrid& grid = context_.grid;
+    const RowHandle row = grid.HandleOf(AppendStoreRow(context_, mode_.storeRowKind, name));
     const std::string storeID = ReadText(store, mode_.idMember);
-    context_.grid.SetCellText(row, colStoreID, storeID);
-    SetStorePicture(context_, row, IsHomeStore(store, storeID));
+    grid.SetCellText(RequireRow(grid, row), colStoreID, storeID);
+    const bool isHome = IsHomeStore(store, storeID);
+    SetStorePicture(context_, RequireRow(grid, row), isHome);
     ObjectFolder root(RootFolder(store), storeID);
     const Parent parent{storeID, root.entryID, name};
     ForEachSubfolder(root, [&](const ObjectRef& child) { GetFolders_Folder(parent, child); });
@@ -57,16 +61,16 @@ void ObjectReader::GetFolders_Folder(const Parent& parent, const ObjectRef& obje
         ObjectFolder folder(object, parent.storeID);
         if (!ReadFolder(folder, Reading::Walk)) return;
         const std::string path = parent.path + "\\" + folder.name;
-        // The marks of a folder without a row of its own fall on the header row, as they always have.
-        int32_t row = headerRow;
+        RowHandle row;
         if (folder.hasRow) {
-            row = AppendRow(context_.grid);
+            row = context_.grid.HandleOf(AppendRow(context_.grid));
             context_.ShowPath(path);
-            FillRow(row, level, folder, path);
+            FillRow(RequireRow(context_.grid, row), level, folder, path);
         }
         if (!HasSubfolders(folder)) return;
         if (!MayDescend(level)) {
-            MarkUnread(context_, row);
+            // The marks of a folder without a row of its own fall on the header row, as they always have.
+            MarkUnread(context_, folder.hasRow ? RequireRow(context_.grid, row) : headerRow);
             return;
         }
         // A folder below itself would never end.
@@ -100,9 +104,9 @@ void ObjectReader::ExpandChild(ExpandedRows& rows, const ObjectRef& object, cons
     if (!ReadFolder(folder, Reading::Expansion)) return;
     const std::string path = context_.grid.CellText(rows.Node(), colPath) + "\\" + folder.name;
     const int16_t level = rows.ChildLevel();
-    const int32_t row = rows.InsertChild();
+    rows.InsertChild();
     context_.ShowPath(path);
-    FillRow(row, level, folder, path);
+    FillRow(rows.LastChild(), level, folder, path);
     rows.KeepChild();
     if (HasSubfolders(folder)) rows.MarkChildUnread();
 }
@@ -145,10 +149,7 @@ void ObjectReader::FillRow(int32_t row, int32_t level, const ObjectFolder& folde
 }
 
 std::string ObjectReader::KeyOf(const ObjectFolder& folder) const {
-    if (!mode_.rowsNameTheirStore) return folder.entryID;
-    std::string key;
-    key.reserve(folder.storeID.size() + folder.entryID.size() + 2);
-    return key.append("S").append(folder.storeID).append("|").append(folder.entryID);
+    return mode_.rowsNameTheirStore ? FolderKey(folder.storeID, folder.entryID) : folder.entryID;
 }
 
 }  // namespace foldertree

@@ -25,6 +25,10 @@ class BulkSelection {
     void SelectByType(enuFTIItemType eType, bool bAdditional);
 
   private:
+    void UntickAll(CollectionPass& pass);
+    void TickAll(CollectionPass& pass);
+    void TickByType(CollectionPass& pass, enuFTIItemType type, bool additional);
+
     /// The rows that stand for something to pick: no store, heading or placeholder.
     template <class Visit>
     void ForEachPickRow(Visit&& visit);

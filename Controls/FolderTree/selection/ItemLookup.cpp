@@ -1,16 +1,15 @@
 // ItemLookup: the item of a tree row, by identifiers that the host holds.
 #include "selection/ItemLookup.h"
 
+#include "common/FolderKey.h"
+
 namespace foldertree {
 namespace {
 
-ItemRef ItemByKey(ControlContext& context, SelectionSet& selection, const ErrorLine& line, std::string_view form,
-                  std::string_view id, std::string_view entryID) {
+ItemRef ItemByKey(ControlContext& context, SelectionSet& selection, const ErrorLine& line, auto&& makeKey) {
     ItemRef item;
     Guarded(context, line, [&] {
-        std::string key(form);
-        key.append(id).append("|").append(entryID);
-        const int32_t row = context.grid.FindRow(key);
+        const int32_t row = context.grid.FindRow(makeKey());
         if (row > -1) item = selection.CreateSelItemFromRow(row);
     });
     return item;
@@ -20,12 +19,13 @@ ItemRef ItemByKey(ControlContext& context, SelectionSet& selection, const ErrorL
 
 ItemRef GetMsgItem(ControlContext& context, SelectionSet& selection, std::string_view sStoreID,
                    std::string_view sEntryID) {
-    return ItemByKey(context, selection, errorLines::getMsgItem, "S", sStoreID, sEntryID);
+    return ItemByKey(context, selection, errorLines::getMsgItem, [&] { return FolderKey(sStoreID, sEntryID); });
 }
 
 ItemRef GetAdListItem(ControlContext& context, SelectionSet& selection, std::string_view sAdListID,
                       std::string_view sAdListEntryID) {
-    return ItemByKey(context, selection, errorLines::getAdListItem, "L", sAdListID, sAdListEntryID);
+    return ItemByKey(context, selection, errorLines::getAdListItem,
+                     [&] { return AddressListKey(sAdListID).append("|").append(sAdListEntryID); });
 }
 
 }  // namespace foldertree

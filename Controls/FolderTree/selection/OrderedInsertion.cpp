@@ -1,63 +1,103 @@
 // OrderedInsertion: rebuilds a selection collection in the order of the rows' numbers.
 #include "selection/OrderedInsertion.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
+#include <utility>
 
-#include "automation/Collection.h"
+#include "common/RowWalk.h"
 
 namespace foldertree {
 
-using automation::Collection;
-using automation::Value;
-
 void OrderedInsertion::RemoveCompleteItems() {
-    if (selection_.collection == nullptr) return;
-    const Collection items(selection_.collection);
-    std::vector<int32_t> complete;
-    const auto walk = items.Walk();
-    Value value;
-    for (int32_t position = 1; walk->Next(value); ++position)
-        if (!SelItem(value).Incomplete()) complete.push_back(position);
-    // From the back, so that the positions still to be removed stay what they are.
-    for (auto position = complete.rbegin(); position != complete.rend(); ++position) items.Remove(*position);
+    if (!pass_.HasCollection()) return;
+    CollectionPass::Places complete;
+    CollectionPass::Walk walk(pass_);
+    SelItem item;
+    while (walk.Next(item))
+        if (!item.Incomplete()) complete.push_back({walk.Position(), item});
+    pass_.TakeOut(std::move(complete));
     ReadIndexes();
-    incompleteLeft_ = !highestUpTo_.empty();
 }
 
 void OrderedInsertion::ReadIndexes() {
-    highestUpTo_.clear();
-    const auto walk = Collection(selection_.collection).Walk();
-    Value value;
-    while (walk->Next(value)) {
-        const int32_t index = SelItem(value).Index();
-        highestUpTo_.push_back(highestUpTo_.empty() ? index : std::max(index, highestUpTo_.back()));
-    }
+    CollectionPass::Walk walk(pass_);
+    SelItem item;
+    while (walk.Next(item)) unread_.push_back({indexes_.Append(item.Index()), item});
+    incompleteLeft_ = !unread_.empty();
 }
 
 void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
+    const RowHandle handle = grid.HandleOf(row);
     const double number = grid.CellValue(row, colIndex);
     const std::string key = grid.CellText(row, colKey);
     // An item made from a row with a number beyond all items has no key, and would not show that the row's is taken.
     const bool lookFirst = incompleteLeft_ || std::abs(number) > std::numeric_limits<int32_t>::max();
     SelItem item = lookFirst ? selection_.GetSelItemByKey(key) : SelItem();
     const bool incomplete = item && item.Incomplete();
-    if (!item) item = SelItem(selection_.CreateSelItemFromRow(row));
+    if (!item) item = SelItem(selection_.CreateSelItemFromRow(RequireRow(grid, handle)));
     const int32_t index = item.Index();
     // An item that stayed is moved. One that another row put here keeps the key, and adding it again fails.
-    if (incomplete && selection_.RemoveSelItemByKey(key)) ReadIndexes();
+    if (incomplete) RemoveByKey(key);
 
-    const auto place = std::lower_bound(highestUpTo_.begin(), highestUpTo_.end(), number,
-                                        [](int32_t highest, double wanted) { return highest < wanted; });
-    std::optional<int32_t> before;
-    if (place != highestUpTo_.end()) before = static_cast<int32_t>(place - highestUpTo_.begin()) + 1;
-    Collection(selection_.EnsureCollection()).Add(item.Ref(), item.Key(), before);
+    const int32_t place = indexes_.FirstNotLess(number);
+    pass_.Add(item, item.Key(), place < indexes_.Count() ? std::optional(place + 1) : std::nullopt);
+    const IndexSequence::Entry entry = indexes_.Insert(place, index);
+    if (incompleteLeft_) unread_.push_back({entry, item});
+}
 
-    const int32_t highest = place == highestUpTo_.begin() ? index : std::max(index, *(place - 1));
-    auto after = highestUpTo_.insert(place, highest);
-    while (++after != highestUpTo_.end() && *after < highest) *after = highest;
+void OrderedInsertion::RemoveByKey(std::string_view key) {
+    Guarded(context_, errorLines::removeSelItemByKey, [&] {
+        const Failures failures = ReadKeys();
+        const std::optional<uint32_t> number = FirstWithKey(key);
+        const int32_t position = number ? *indexes_.PositionOf(entryOf_[*number]) : indexes_.Count();
+        ThrowFirst(failures, position);
+        if (!number) return;
+        pass_.TakeOut({{position + 1, keyed_.At(*number)}});
+        indexes_.Remove(entryOf_[*number]);
+    });
+}
+
+OrderedInsertion::Failures OrderedInsertion::ReadKeys() {
+    Failures failures;
+    for (const Unread& unread : std::exchange(unread_, {})) {
+        std::string key;
+        auto error = Attempt([&] { key = unread.item.Key(); });
+        pass_.ThrowIfEnded();
+        if (error) {
+            failures.push_back({unread.entry, std::move(*error)});
+            unread_.push_back(unread);
+        } else {
+            keyed_.Add(unread.item, std::move(key));
+            entryOf_.push_back(unread.entry);
+        }
+    }
+    return failures;
+}
+
+std::optional<uint32_t> OrderedInsertion::FirstWithKey(std::string_view key) const {
+    std::optional<uint32_t> first;
+    std::optional<int32_t> firstPosition;
+    keyed_.Any(key, [&](uint32_t number) {
+        const std::optional<int32_t> position = indexes_.PositionOf(entryOf_[number]);
+        if (position && (!firstPosition || *position < *firstPosition)) {
+            first = number;
+            firstPosition = position;
+        }
+        return false;
+    });
+    return first;
+}
+
+void OrderedInsertion::ThrowFirst(const Failures& failures, int32_t position) const {
+    const Failure* first = nullptr;
+    for (const Failure& each : failures) {
+        const std::optional<int32_t> place = indexes_.PositionOf(each.entry);
+        if (!place || *place > position) continue;
+        first = &each;
+        position = *place;
+    }
+    if (first != nullptr) throw automation::Error(first->error);
 }
 
 }  // namespace foldertree

@@ -1,10 +1,14 @@
 // OutlineCollapse: folds the tree so that only the branches that matter stay open.
 #include "selection/OutlineCollapse.h"
 
+#include <string>
+#include <vector>
+
 namespace foldertree {
 namespace {
 
-/// One walk over the outline. `Keeps` tells of a row whether the branches above it stay open.
+/// One walk over the outline. `Keeps` tells of a row whether the branches above it stay open. The open branches are a
+/// list and not calls inside calls: how deep a tree goes is for its mailbox to say.
 template <class Keeps>
 class CollapseWalk {
   public:
@@ -14,45 +18,70 @@ class CollapseWalk {
     void CollapseStores() {
         TreeGrid& grid = context_.grid;
         for (int32_t row = 1; row < grid.RowCount(); ++row)
-            if (grid.RowOutlineLevel(row) == 0) Recurse(row, 0);
+            if (grid.RowOutlineLevel(row) == 0) CollapseStore(row);
     }
 
   private:
     struct Branch {
-        int32_t finish;  ///< the row at which the walk of the branch ended
-        bool folded;
+        int32_t start;
+        int32_t cur;  ///< the next row to look at; at the end that at which the walk of the branch ended
+        bool folded = true;
     };
 
-    Branch Recurse(int32_t start, int32_t level) {
-        TreeGrid& grid = context_.grid;
-        Branch branch{start + 1, true};
-        int32_t& cur = branch.finish;
-        const auto error = Attempt([&] {
-            const int16_t base = grid.RowOutlineLevel(start);
-            // The last row of the grid is never looked at.
-            while (cur < grid.RowCount() - 1) {
-                // The test precedes the level test, so a row to keep right behind the branch keeps it open too.
-                if (keeps_(cur)) branch.folded = false;
-                if (grid.RowOutlineLevel(cur) <= base) break;
-                const Branch below = Recurse(cur, level + 1);
-                if (!below.folded) branch.folded = false;
-                cur = below.finish == cur ? cur + 1 : below.finish;
-            }
-            grid.SetNodeState(start, branch.folded ? nodeCollapsed : nodeExpanded);
-        });
-        if (error) {
-            automation::Error placed(
-                error->Number(), error->Text() + " CUR: " + std::to_string(cur) + ", Start: " + std::to_string(start) +
-                                     ", Finish: " + std::to_string(cur) + ", Level: " + std::to_string(level));
-            placed.SetLine(error->Line());
-            context_.TraceError(line_, placed);
+    void CollapseStore(int32_t store) {
+        branches_.assign(1, {store, store + 1});
+        while (!branches_.empty()) {
+            bool entered = false;
+            const auto error = Attempt([&] {
+                entered = EnterBranchBelow();
+                if (!entered) FoldInnermost();
+            });
+            if (error) TraceError(*error);
+            if (!entered) LeaveInnermost();
         }
-        return branch;
+    }
+
+    /// Looks at the next row of the innermost branch. False when that is not below it.
+    bool EnterBranchBelow() {
+        const TreeGrid& grid = context_.grid;
+        Branch& branch = branches_.back();
+        // The last row of the grid is never looked at.
+        if (branch.cur >= grid.RowCount() - 1) return false;
+        // The test precedes the level test, so a row to keep right behind the branch keeps it open too.
+        if (keeps_(branch.cur)) branch.folded = false;
+        if (grid.RowOutlineLevel(branch.cur) <= grid.RowOutlineLevel(branch.start)) return false;
+        branches_.push_back({branch.cur, branch.cur + 1});
+        return true;
+    }
+
+    void FoldInnermost() {
+        const Branch& branch = branches_.back();
+        context_.grid.SetNodeState(branch.start, branch.folded ? nodeCollapsed : nodeExpanded);
+    }
+
+    void LeaveInnermost() {
+        const Branch below = branches_.back();
+        branches_.pop_back();
+        if (branches_.empty()) return;
+        Branch& branch = branches_.back();
+        if (!below.folded) branch.folded = false;
+        branch.cur = below.cur;
+    }
+
+    void TraceError(const automation::Error& error) {
+        const Branch& branch = branches_.back();
+        const std::string cur = std::to_string(branch.cur);
+        automation::Error placed(error.Number(), error.Text() + " CUR: " + cur +
+                                                     ", Start: " + std::to_string(branch.start) + ", Finish: " + cur +
+                                                     ", Level: " + std::to_string(branches_.size() - 1));
+        placed.SetLine(error.Line());
+        context_.TraceError(line_, placed);
     }
 
     ControlContext& context_;
     const ErrorLine& line_;
     Keeps keeps_;
+    std::vector<Branch> branches_;  ///< from the store down to the innermost that was entered and not left
 };
 
 template <class Keeps>

@@ -7,11 +7,11 @@
 #include "automation/Collection.h"
 #include "automation/KeyedCollection.h"
 #include "automation/Text.h"
+#include "selection/CollectionPass.h"
 
 namespace foldertree {
 
 using automation::Collection;
-using automation::Value;
 
 const automation::ObjectRef& SelectionSet::EnsureCollection() {
     if (collection == nullptr) collection = std::make_shared<automation::KeyedCollection>();
@@ -19,24 +19,25 @@ const automation::ObjectRef& SelectionSet::EnsureCollection() {
 }
 
 SelItem SelectionSet::GetSelItemByKey(std::string_view key) {
+    const CollectionPass pass(*this);
     SelItem item;
     // No such key and no collection are answers here, not errors.
     Attempt([&] { item = SelItem(Collection(collection).Item(key)); });
+    pass.ThrowIfEnded();
     return item;
 }
 
 bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
     bool removed = false;
     Guarded(context_, errorLines::removeSelItemByKey, [&] {
-        if (collection == nullptr) return;
-        const Collection items(collection);
-        const auto walk = items.Walk();
-        Value value;
-        for (int32_t position = 1; walk->Next(value); ++position) {
-            if (!automation::EqualNoCase(SelItem(value).Key(), key)) continue;
-            items.Remove(position);
+        CollectionPass pass(*this);
+        if (!pass.HasCollection()) return;
+        CollectionPass::Walk walk(pass);
+        SelItem item;
+        while (!removed && walk.Next(item)) {
+            if (!automation::EqualNoCase(item.Key(), key)) continue;
+            pass.TakeOut({{walk.Position(), item}});
             removed = true;
-            return;
         }
     });
     return removed;
@@ -45,10 +46,12 @@ bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
 int32_t SelectionSet::GetHighIndex() {
     int32_t high = 0;
     Guarded(context_, errorLines::getHighIndex, [&] {
-        if (collection == nullptr) return;
-        const auto walk = Collection(collection).Walk();
-        Value value;
-        while (walk->Next(value)) high = std::max(high, SelItem(value).Index());
+        const CollectionPass pass(*this);
+        if (!pass.HasCollection()) return;
+        CollectionPass::Walk walk(pass);
+        SelItem item;
+        while (walk.Next(item)) high = std::max(high, item.Index());
+        pass.ThrowIfEnded();
     });
     return high;
 }
@@ -102,6 +105,14 @@ ItemRef SelectionSet::CreateSelItem(int32_t lFolderRecID, std::string_view sStor
         item->SetIncomplete(true);
     });
     return item;
+}
+
+void SelectionSet::KillCollection() {
+    const automation::ObjectRef old = collection;
+    automation::ObjectRef left = old;
+    KillCollection(left);
+    // An item's end runs the host's code. What it has assigned there stays.
+    if (collection == old) collection = left;
 }
 
 void SelectionSet::KillCollection(automation::ObjectRef& oColl) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
 #include "common/ControlContext.h"
@@ -18,12 +17,13 @@ class SelectionSet {
 
     automation::ObjectRef collection;  ///< null until something is assigned or ticked
     ItemRef singleItem;                ///< the single-select pick
-    int32_t selectedRow = -1;          ///< its row; -1 when none
+    bool pickedInTree = false;         ///< it was, or one before it, a row of the tree: hosts can read it
     bool dirty = false;                ///< the collection may no longer match the grid
 
     /// The collection, made when there is none.
     const automation::ObjectRef& EnsureCollection();
 
+    // These three throw PassEnded where the host assigns another collection meanwhile.
     SelItem GetSelItemByKey(std::string_view key);
     bool RemoveSelItemByKey(std::string_view key);
     /// The largest Index in the collection, never below 0.
@@ -35,6 +35,8 @@ class SelectionSet {
                           std::string_view sEntryIDShort, std::string_view sAdListID);
     /// Empties the collection from the front and clears the variable.
     void KillCollection(automation::ObjectRef& oColl);
+    /// Empties the control's own collection and lets it go. One that cannot be emptied stays.
+    void KillCollection();
 
   private:
     /// One text for all items that are made one after the other from rows of one store.

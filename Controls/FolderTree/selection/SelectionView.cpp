@@ -1,41 +1,50 @@
 // SelectionView: shows the selection in the tree, and reads it back from there.
 #include "selection/SelectionView.h"
 
-#include "automation/Collection.h"
-#include "automation/KeyedCollection.h"
 #include "automation/Text.h"
+#include "common/RowWalk.h"
 #include "selection/Highlighting.h"
 #include "selection/OrderedInsertion.h"
 
 namespace foldertree {
-
-using automation::Collection;
-using automation::Value;
 
 void SelectionView::ApplySelection(const FoundRows& found) {
     Guarded(context_, errorLines::applySelection, [&] {
         const FlagSet busy(context_.state.gridBusy);
         if (!context_.state.multiSelect)
             ApplySingleItem();
-        else if (selection_.collection != nullptr)
-            ApplyCollection(found);
+        else
+            RunPass(selection_, [&](CollectionPass& pass) { ApplyCollection(pass, found); });
         selection_.dirty = true;
     });
 }
 
-void SelectionView::ApplyCollection(const FoundRows& found) {
-    const auto walk = Collection(selection_.collection).Walk();
-    Value value;
-    for (size_t position = 0; walk->Next(value); ++position) {
-        const SelItem item(value);
-        const bool known = item.Own() != nullptr && position < found.size() && found[position].item == item.Own();
-        const int32_t row = known ? found[position].row : FindRowOf(item);
+void SelectionView::ApplyCollection(CollectionPass& pass, const FoundRows& found) {
+    if (!pass.HasCollection()) return;
+    CollectionPass::Walk walk(pass);
+    SelItem item;
+    for (size_t position = 0; walk.Next(item); ++position) {
+        const int32_t row = RowOfItem(item, position < found.size() ? &found[position] : nullptr);
+        pass.ThrowIfEnded();
         if (row <= 0) continue;  // not in the tree, or the header row matched
         // A stranger keeps what its host gave it; only our own items are completed.
         if (clsFolderTreeItem* own = item.Own(); own != nullptr && own->Incomplete()) CompleteFromRow(*own, row);
-        context_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
-        Tick(row);
+        const RowHandle handle = context_.grid.HandleOf(row);
+        const int32_t index = item.Index();
+        pass.ThrowIfEnded();
+        ShowTicked(RequireRow(context_.grid, handle), index);
     }
+}
+
+void SelectionView::ShowTicked(int32_t row, int32_t index) {
+    context_.grid.SetCellText(row, colIndex, std::to_string(index));
+    Tick(row);
+}
+
+int32_t SelectionView::RowOfItem(const SelItem& item, const FoundRow* found) {
+    const bool known = found != nullptr && found->item != nullptr && found->item.get() == item.Own();
+    const std::optional<int32_t> row = known ? context_.grid.RowOf(found->row) : std::nullopt;
+    return row ? *row : FindRowOf(item);
 }
 
 void SelectionView::ApplySingleItem() {
@@ -104,42 +113,52 @@ void SelectionView::MarkSelection(int32_t row) {
 SelectionView::FoundRows SelectionView::ReIndex() {
     FoundRows found;
     Guarded(context_, errorLines::reIndex, [&] {
-        if (selection_.collection == nullptr) return;
-        const auto walk = Collection(selection_.collection).Walk();
-        int32_t n = 1;
-        Value value;
-        while (walk->Next(value)) {
-            const SelItem item(value);
-            found.push_back({nullptr, -1});
-            if (!item.Selected()) continue;
-            item.SetIndex(n);
-            const int32_t row = context_.grid.FindRow(item.Key());
-            if (row != -1) {
-                context_.grid.SetCellText(row, colIndex, std::to_string(n));
-                found.back() = {item.Own(), row};
-            }
-            ++n;
-        }
-        // A host's own collection runs host code when it is walked, and the rows may be others afterwards.
-        const bool ours = dynamic_cast<automation::KeyedCollection*>(selection_.collection.get()) != nullptr;
-        if (!ours) found.clear();
-        ApplySelection(found);
+        RunPass(selection_, [&](CollectionPass& pass) {
+            if (!pass.HasCollection()) return;
+            NumberItems(pass, found);
+            pass.ThrowIfEnded();
+            ApplySelection(found);
+        });
     });
     return found;
 }
 
-void SelectionView::RefreshSelection() {
-    Guarded(context_, errorLines::refreshSelection, [&] {
-        OrderedInsertion insertion(selection_);
-        insertion.RemoveCompleteItems();
-        const TreeGrid& grid = context_.grid;
-        for (int32_t row = grid.FixedRowCount(); context_.state.multiSelect && row < grid.RowCount(); ++row) {
-            if (grid.CellValue(row, colSel) == 0) continue;
-            // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it.
-            Guarded(context_, errorLines::refreshSelection, [&] { insertion.InsertRow(row, grid); });
+void SelectionView::NumberItems(CollectionPass& pass, FoundRows& found) {
+    CollectionPass::Walk walk(pass);
+    SelItem item;
+    int32_t n = 1;
+    while (walk.Next(item)) {
+        found.emplace_back();
+        const bool selected = item.Selected();
+        pass.ThrowIfEnded();
+        if (!selected) continue;
+        item.SetIndex(n);
+        const int32_t row = context_.grid.FindRow(item.Key());
+        pass.ThrowIfEnded();
+        if (row != -1) {
+            context_.grid.SetCellText(row, colIndex, std::to_string(n));
+            found.back() = {std::dynamic_pointer_cast<clsFolderTreeItem>(item.Ref()), context_.grid.HandleOf(row)};
         }
-        selection_.dirty = false;
+        ++n;
+    }
+}
+
+void SelectionView::RefreshSelection() {
+    Guarded(context_, errorLines::refreshSelection,
+            [&] { RunPass(selection_, [&](CollectionPass& pass) { ReadTicks(pass); }); });
+}
+
+void SelectionView::ReadTicks(CollectionPass& pass) {
+    OrderedInsertion insertion(context_, selection_, pass);
+    insertion.RemoveCompleteItems();
+    const TreeGrid& grid = context_.grid;
+    ForEachRow(grid, [&](int32_t row) {
+        if (!context_.state.multiSelect || grid.CellValue(row, colSel) == 0) return;
+        // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it.
+        Guarded(context_, errorLines::refreshSelection, [&] { insertion.InsertRow(row, grid); });
     });
+    pass.ThrowIfEnded();
+    selection_.dirty = false;
 }
 
 }  // namespace foldertree

@@ -3,13 +3,9 @@
 
 #include <optional>
 
-#include "automation/Collection.h"
 #include "automation/Text.h"
 
 namespace foldertree {
-
-using automation::Collection;
-using automation::Value;
 
 void TickEditing::fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) {
     Guarded(context_, errorLines::beforeEdit, [&] {
@@ -33,40 +29,46 @@ void TickEditing::fgd_AfterEdit(int32_t row, int32_t col) {
         if (context_.state.gridBusy) return;
         view_.MarkSelection(row);
         if (col == colSel)
-            AfterTick(row);
+            AfterTick(context_.grid.HandleOf(row));
         else if (col == colIndex && context_.state.Indexing())
             AfterNumber(row);
     });
 }
 
-void TickEditing::AfterTick(int32_t row) {
-    const bool ticked = context_.grid.CellValue(row, colSel) != 0;
-    selection_.selectedRow = -1;
-    if (context_.state.multiSelect) {
-        if (ticked)
-            TickInCollection(row);
-        else
-            UntickInCollection(row);
-        selection_.dirty = true;
-    } else if (ticked) {
-        TickAlone(row);
-    }
-    view_.ReIndex();
+void TickEditing::AfterTick(RowHandle row) {
+    const bool ticked = context_.grid.CellValue(Require(row), colSel) != 0;
+    selection_.pickedInTree = false;
+    // Also when another collection is assigned meanwhile, the user has ticked, and the host is told.
+    RunPass(selection_, [&](CollectionPass& pass) {
+        if (context_.state.multiSelect) {
+            if (ticked)
+                TickInCollection(pass, row);
+            else
+                UntickInCollection(Require(row));
+            selection_.dirty = true;
+        } else if (ticked) {
+            TickAlone(Require(row));
+        }
+        pass.ThrowIfEnded();
+        view_.ReIndex();
+    });
     context_.RaiseChanged();
     TraceChange(row);
 }
 
-void TickEditing::TickInCollection(int32_t row) {
-    SelItem item = selection_.GetSelItemByKey(context_.grid.CellText(row, colKey));
+void TickEditing::TickInCollection(CollectionPass& pass, RowHandle row) {
+    SelItem item = selection_.GetSelItemByKey(context_.grid.CellText(Require(row), colKey));
     if (item) {
         item.SetSelected(true);
     } else {
-        item = SelItem(selection_.CreateSelItemFromRow(row));
+        item = SelItem(selection_.CreateSelItemFromRow(Require(row)));
         item.SetSelected(true);
-        Collection(selection_.EnsureCollection()).Add(item.Ref(), item.Key());
+        pass.Add(item, item.Key());
         item.SetIndex(SelectionSet::NextIndex(selection_.GetHighIndex()));
     }
-    context_.grid.SetCellText(row, colIndex, std::to_string(item.Index()));
+    const int32_t index = item.Index();
+    pass.ThrowIfEnded();
+    context_.grid.SetCellText(Require(row), colIndex, std::to_string(index));
 }
 
 void TickEditing::UntickInCollection(int32_t row) {
@@ -76,7 +78,7 @@ void TickEditing::UntickInCollection(int32_t row) {
 
 void TickEditing::TickAlone(int32_t row) {
     TreeGrid& grid = context_.grid;
-    selection_.selectedRow = row;
+    selection_.pickedInTree = true;
     for (int32_t other = grid.FixedRowCount(); other < grid.RowCount(); ++other) {
         if (other == row || grid.CellValue(other, colSel) == 0) continue;
         grid.SetCellText(other, colSel, "0");
@@ -86,27 +88,33 @@ void TickEditing::TickAlone(int32_t row) {
 }
 
 void TickEditing::AfterNumber(int32_t row) {
-    const ItemRef item = selection_.CreateSelItemFromRow(row);
-    const std::string key = item->Key();
-    selection_.RemoveSelItemByKey(key);
-
-    const Collection items(selection_.collection);
-    std::optional<int32_t> before;
-    const auto walk = items.Walk();
-    Value value;
-    // Only a higher number is passed, so a number equal to an existing one lands behind that item.
-    for (int32_t position = 1; !before && walk->Next(value); ++position)
-        if (SelItem(value).Index() > item->Index()) before = position;
-    items.Add(item, key, before);
-
-    view_.ReIndex();
+    RunPass(selection_, [&](CollectionPass& pass) {
+        MoveItemOf(pass, row);
+        pass.ThrowIfEnded();
+        view_.ReIndex();
+    });
     selection_.dirty = true;
     context_.RaiseChanged();
 }
 
-void TickEditing::TraceChange(int32_t row) {
+void TickEditing::MoveItemOf(CollectionPass& pass, int32_t row) {
+    const SelItem item(selection_.CreateSelItemFromRow(row));
+    const std::string key = item.Key();
+    selection_.RemoveSelItemByKey(key);
+
+    std::optional<int32_t> before;
+    CollectionPass::Walk walk(pass);
+    SelItem other;
+    // Only a higher number is passed, so a number equal to an existing one lands behind that item.
+    while (!before && walk.Next(other))
+        if (other.Index() > item.Index()) before = walk.Position();
+    pass.Add(item, key, before);
+}
+
+void TickEditing::TraceChange(RowHandle handle) {
     const TreeGrid& grid = context_.grid;
     context_.Trace("Selection changed on");
+    const int32_t row = Require(handle);
     context_.Trace("  ", grid.CellText(row, colPath));
     context_.Trace(" SID = ", grid.CellText(row, colStoreID));
     context_.Trace(" EID = ", grid.CellText(row, colEntryID));
@@ -117,9 +125,10 @@ void TickEditing::TraceChange(int32_t row) {
 void TickEditing::fgd_DblClick() {
     Guarded(context_, errorLines::dblClick, [&] {
         TreeGrid& grid = context_.grid;
-        const int32_t row = grid.CurrentRow();
-        if (context_.state.gridBusy || row < grid.FixedRowCount()) return;
-        ToggleNode(row);
+        if (context_.state.gridBusy || grid.CurrentRow() < grid.FixedRowCount()) return;
+        const RowHandle clicked = grid.HandleOf(grid.CurrentRow());
+        ToggleNode(clicked);
+        const int32_t row = Require(clicked);
         // The last row of the grid is only opened and closed, never ticked.
         if (row >= grid.RowCount() - 1 || grid.RowOutlineLevel(row + 1) > grid.RowOutlineLevel(row)) return;
         // The box's before-edit check is not asked: a double click ticks a row whose box is painted as not editable.
@@ -128,12 +137,14 @@ void TickEditing::fgd_DblClick() {
     });
 }
 
-void TickEditing::ToggleNode(int32_t row) {
-    const int16_t state = context_.grid.NodeState(row) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
+void TickEditing::ToggleNode(RowHandle row) {
+    TreeGrid& grid = context_.grid;
+    const int32_t now = Require(row);
+    const int16_t state = grid.NodeState(now) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
     bool cancel = false;
-    events_.fgd_BeforeCollapse(row, state, cancel);
+    events_.fgd_BeforeCollapse(now, state, cancel);
     context_.ThrowIfClosed();
-    if (!cancel) context_.grid.SetNodeState(row, state);
+    if (!cancel) grid.SetNodeState(Require(row), state);
 }
 
 }  // namespace foldertree

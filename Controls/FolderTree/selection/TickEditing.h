@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "common/ControlContext.h"
+#include "common/RowWalk.h"
 #include "interaction/GridInteraction.h"
 #include "selection/SelectionSet.h"
 #include "selection/SelectionView.h"
@@ -23,13 +24,16 @@ class TickEditing {
     void fgd_DblClick();
 
   private:
-    void AfterTick(int32_t row);
-    void TickInCollection(int32_t row);
+    void AfterTick(RowHandle row);
+    void TickInCollection(CollectionPass& pass, RowHandle row);
     void UntickInCollection(int32_t row);
     void TickAlone(int32_t row);
     void AfterNumber(int32_t row);
-    void TraceChange(int32_t row);
-    void ToggleNode(int32_t row);
+    /// Puts the row's item where its number says.
+    void MoveItemOf(CollectionPass& pass, int32_t row);
+    void TraceChange(RowHandle row);
+    int32_t Require(RowHandle row) const { return RequireRow(context_.grid, row); }
+    void ToggleNode(RowHandle row);
 
     ControlContext& context_;
     SelectionSet& selection_;

@@ -163,90 +163,124 @@ TEST_F(Lifecycle, TheControlMayBeDroppedWhileAnyPropertyIsMarkedChanged) {
     }
 }
 
-/// A bag of which each read runs host code first.
-class LeadingBag : public FakeBag {
+/// A host's object that runs its code when the last reference to it goes.
+class LastWords : public automation::Object {
   public:
-    std::function<void()> onRead;
-    Value Read(std::string_view name) override {
-        if (const auto handler = onRead) handler();
-        return FakeBag::Read(name);
-    }
-};
-
-class LifeMembers : public Lifecycle {
-  protected:
-    /// A host's own collection of one item, which runs host code at each call.
-    automation::ObjectRef HostsOwnCollection(std::function<void()> onCall) {
-        const auto collection = NewCollection();
-        AddItem(*collection, HostItem("B2", "0001"));
-        hook_->onCall = [act = std::move(onCall)](int) { act(); };
-        return Hook(collection, hook_);
-    }
-    void StopHook() { hook_->onCall = nullptr; }
+    explicit LastWords(std::function<void()> words) : words_(std::move(words)) {}
+    ~LastWords() override { words_(); }
+    Value Invoke(const automation::Invocation&) override { return {}; }
+    bool HasMember(std::string_view) const override { return false; }
 
   private:
-    std::shared_ptr<CallHook> hook_ = std::make_shared<CallHook>();
+    std::function<void()> words_;
 };
 
-TEST_F(LifeMembers, KeepTheControlWhileTheHostLetsItGo) {
-    const std::weak_ptr<ctlFolderTree> life = control;
-    ctlFolderTree* const raw = control.get();
-    bool letGo = false;
-    control->SetSelection(HostsOwnCollection([&] {
-        if (letGo) control.reset();
-    }));
-    letGo = true;
-    raw->UserControl_InitProperties();
-    EXPECT_EQ(control, nullptr);
-    EXPECT_TRUE(life.expired());
+/// A bag whose reads and writes run the host's code first.
+class BusyBag : public FakeBag {
+  public:
+    std::function<void()> onUse;
+    Value Read(std::string_view name) override {
+        onUse();
+        return FakeBag::Read(name);
+    }
+    void Write(std::string_view name, const Value& value) override {
+        onUse();
+        FakeBag::Write(name, value);
+    }
+};
+
+void AddLastWords(automation::KeyedCollection& collection, std::function<void()> words) {
+    collection.Add(Value(std::make_shared<LastWords>(std::move(words))), "last", automation::Missing(),
+                   automation::Missing());
 }
 
-TEST_F(LifeMembers, KeepTheControlWhileTheHostLetsItGoInItsBag) {
-    ctlFolderTree* const raw = control.get();
-    LeadingBag bag;
-    bag.onRead = [&] { control.reset(); };
-    raw->UserControl_ReadProperties(bag);
-    EXPECT_EQ(control, nullptr);
+TEST_F(Lifecycle, TheControlMayBeDroppedInsideTheMembersOfItsLife) {
+    BusyBag bag;
+    bag.onUse = [this] { control.reset(); };
+    const std::vector<std::function<void(ctlFolderTree&)>> members{
+        [](ctlFolderTree& c) { c.Close(); },
+        [](ctlFolderTree& c) { c.UserControl_InitProperties(); },
+        [&](ctlFolderTree& c) { c.UserControl_ReadProperties(bag); },
+        [&](ctlFolderTree& c) {
+            c.SetMultiSelect(false);
+            c.UserControl_WriteProperties(bag);
+        },
+    };
+    for (const auto& run : members) {
+        control = ctlFolderTree::Create(platform, factory);
+        const auto collection = NewCollection();
+        AddLastWords(*collection, [this] { control.reset(); });
+        control->SetSelection(collection);
+        run(*control);
+        EXPECT_EQ(control, nullptr);
+        while (collection->Count() > 0) collection->Remove(Value(int32_t{1}));
+    }
 }
 
-TEST_F(LifeMembers, KeepTheControlWhileTheHostLetsItGoAsItCloses) {
-    ctlFolderTree* const raw = control.get();
-    bool letGo = false;
-    control->SetSelection(HostsOwnCollection([&] {
-        if (letGo) control.reset();
-    }));
-    letGo = true;
-    raw->Close();
-    EXPECT_EQ(control, nullptr);
-}
-
-TEST_F(LifeMembers, DoNotReadOnAfterTheControlIsClosed) {
-    LeadingBag bag;
-    bag.onRead = [&] { control->Close(); };
-    control->UserControl_ReadProperties(bag);
-    EXPECT_EQ(bag.reads.size(), 1u);
-}
-
-TEST_F(LifeMembers, LeaveACollectionThatIsAssignedWhileTheOldOneIsEmptied) {
-    const auto other = NewCollection();
-    AddItem(*other, HostItem("B2", "0002"));
-    bool assign = false;
-    control->SetSelection(HostsOwnCollection([&] {
-        if (std::exchange(assign, false)) control->SetSelection(other);
-    }));
-    assign = true;
+TEST_F(Lifecycle, ACollectionAssignedWhileInitPropertiesEmptiesTheOldOneStays) {
+    const auto old = NewCollection();
+    const auto assigned = NewCollection();
+    AddItem(*assigned, HostItem("B2", "0001"));
+    AddLastWords(*old, [&] { control->SetSelection(assigned); });
+    control->SetSelection(old);
     control->UserControl_InitProperties();
-    StopHook();
-    EXPECT_EQ(control->Selection(), other);
-    EXPECT_EQ(KeysOf(other).size(), 1u);
+    EXPECT_EQ(old->Count(), 0);
+    EXPECT_EQ(KeysOf(assigned), Lines{"SB2|0001"});
+    EXPECT_EQ(control->Selection(), assigned);
 }
 
-TEST_F(Lifecycle, ClosingInTheMiddleOfALoadTakesPanelAndPointerDown) {
-    platform.onYield = [&](int) { control->Close(); };
-    Load();
-    EXPECT_TRUE(control->Closed());
+TEST_F(Lifecycle, AControlClosedInTheMiddleOfALoadTakesPanelAndPointerDown) {
+    control->SetRDOSessionRef(mailbox.Session());
+    platform.onYield = [this](int yield) {
+        if (yield != 5) return;
+        EXPECT_TRUE(platform.panelVisible && platform.busyPointer);
+        control->Close();
+        platform.closed = true;
+    };
+    control->RefreshList();
+    EXPECT_TRUE(platform.closed);
     EXPECT_FALSE(platform.panelVisible);
     EXPECT_FALSE(platform.busyPointer);
+    EXPECT_EQ(platform.callsAfterClose, 0);
+}
+
+TEST_F(Lifecycle, AControlClosedByItsBagOrAmbientFontCallsItsPlatformNoMore) {
+    class Container : public FakePlatform {
+      public:
+        std::function<void()> onAmbientFont = [] {};
+        automation::ObjectRef AmbientFont() override {
+            onAmbientFont();
+            return FakePlatform::AmbientFont();
+        }
+    };
+    for (const bool byFont : {true, false}) {
+        Container container;
+        control = ctlFolderTree::Create(container, factory);
+        const auto close = [&] {
+            control->Close();
+            container.closed = true;
+        };
+        BusyBag bag;
+        bag.onUse = byFont ? std::function<void()>([] {}) : close;
+        control->SetMultiSelect(false);
+        if (byFont) container.onAmbientFont = close;
+        control->UserControl_WriteProperties(bag);
+        EXPECT_TRUE(container.closed);
+        EXPECT_EQ(container.callsAfterClose, byFont ? 1 : 0) << "the call of the font itself goes on";
+
+        Container other;
+        control = ctlFolderTree::Create(other, factory);
+        const auto closeOther = [&] {
+            control->Close();
+            other.closed = true;
+        };
+        bag.onUse = byFont ? std::function<void()>([] {}) : closeOther;
+        if (byFont) other.onAmbientFont = closeOther;
+        control->UserControl_ReadProperties(bag);
+        EXPECT_TRUE(other.closed);
+        EXPECT_EQ(other.callsAfterClose, byFont ? 1 : 0) << "the call of the font itself goes on";
+        control.reset();
+    }
 }
 
 }  // namespace

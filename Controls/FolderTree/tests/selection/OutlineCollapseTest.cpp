@@ -108,5 +108,20 @@ TEST_F(OutlineCollapse, ALongListOfFoldersIsFoldedQuickly) {
     EXPECT_EQ(Grid().NodeState(rows / 2), nodeCollapsed);
 }
 
+TEST_F(OutlineCollapse, ATreeMayBeAsDeepAsLevelsGo) {
+    constexpr int32_t levels = 32000;
+    Grid().SetRowCount(1);
+    Grid().SetRowCount(2 + levels);
+    for (int32_t row = 1; row <= levels; ++row) Grid().SetRowOutlineLevel(row, static_cast<int16_t>(row - 1));
+    Grid().SetCellText(levels / 2, colSel, "-1");
+    control->CollapseToSelection();
+    EXPECT_EQ(Grid().NodeState(1), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(levels / 2 - 1), nodeExpanded);
+    EXPECT_EQ(Grid().NodeState(levels / 2), nodeCollapsed);
+    control->CollapseToType(FTITaskItem);
+    EXPECT_EQ(Grid().NodeState(1), nodeCollapsed);
+    EXPECT_EQ(platform.ErrorLines(), Lines{});
+}
+
 }  // namespace
 }  // namespace foldertree::testing
