@@ -1,0 +1,98 @@
+// SettingsTarget: fuzzes the settings that a container gives back: a bag that holds anything, or nothing, or fails.
+#include <map>
+#include <string>
+
+#include "FuzzInput.h"
+#include "FuzzValue.h"
+#include "automation/Error.h"
+#include "common/ControlContext.h"
+#include "common/PersistedProperties.h"
+#include "common/PropertyBag.h"
+#include "common/QuietPlatform.h"
+
+namespace {
+
+using automation::ObjectRef;
+using automation::Value;
+using foldertree::ControlState;
+using fuzz::Must;
+
+/// Gives what the input says, and fails where it says so.
+class AnyBag final : public foldertree::PropertyBag {
+  public:
+    explicit AnyBag(fuzz::FuzzInput& input) : input_(input) {}
+
+    Value Read(std::string_view) override {
+        FailNowAndThen();
+        return fuzz::TakeValue(input_);
+    }
+    void Write(std::string_view, const Value&) override { FailNowAndThen(); }
+
+  private:
+    void FailNowAndThen() {
+        if (input_.TakeByte() % 16 == 15) throw automation::Error(input_.Take<uint32_t>(), "The bag is torn");
+    }
+
+    fuzz::FuzzInput& input_;
+};
+
+class KeptBag final : public foldertree::PropertyBag {
+  public:
+    Value Read(std::string_view name) override {
+        const auto found = values_.find(name);
+        return found == values_.end() ? Value() : found->second;
+    }
+    void Write(std::string_view name, const Value& value) override {
+        values_.insert_or_assign(std::string(name), value);
+    }
+
+  private:
+    std::map<std::string, Value, std::less<>> values_;
+};
+
+class NoObjects final : public automation::ObjectFactory {
+  public:
+    ObjectRef Create(std::string_view) override {
+        throw automation::Error(automation::errors::cannotCreate, "There are no objects");
+    }
+};
+
+/// A control's state and grid, without the control.
+struct Control {
+    foldertree::QuietPlatform platform;
+    NoObjects factory;
+    foldertree::ControlContext context{platform, factory};
+};
+
+bool SameSettings(const ControlState& a, const ControlState& b) {
+    return a.enabled == b.enabled && a.highlightContactFolders == b.highlightContactFolders &&
+           a.highlightJournalFolders == b.highlightJournalFolders && a.highlightTaskFolders == b.highlightTaskFolders &&
+           a.multiSelect == b.multiSelect && a.allowIndexing == b.allowIndexing &&
+           a.showAddressBook == b.showAddressBook && a.extendToLevel == b.extendToLevel &&
+           a.infoStoreAccessMode == b.infoStoreAccessMode;
+}
+
+/// Whatever was read is written and read again.
+void CheckKept(Control& control) {
+    KeptBag bag;
+    foldertree::WritePersistedProperties(control.context, bag);
+    Control other;
+    foldertree::ReadPersistedProperties(other.context, bag);
+    Must(SameSettings(control.context.state, other.context.state), "settings survive being saved and read");
+    Must(control.context.grid.Font() == other.context.grid.Font(), "the font survives being saved and read");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    fuzz::FuzzInput input(data, size);
+    AnyBag bag(input);
+    Control control;
+    foldertree::ReadPersistedProperties(control.context, bag);
+    CheckKept(control);
+    // A bag that fails while it is written leaves the settings as they are.
+    const ControlState before = control.context.state;
+    foldertree::WritePersistedProperties(control.context, bag);
+    Must(SameSettings(before, control.context.state), "saving changes nothing");
+    return 0;
+}
