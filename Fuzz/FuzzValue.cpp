@@ -35,6 +35,10 @@ Value TakeBytes(FuzzInput& input) {
 
 }  // namespace
 
+automation::ObjectRef MakeStranger() {
+    return std::make_shared<Stranger>();
+}
+
 Value TakeValue(FuzzInput& input, int depth) {
     switch (input.TakeByte() % 18) {
         case 0:
@@ -66,7 +70,7 @@ Value TakeValue(FuzzInput& input, int depth) {
         case 13:
             return nullptr;
         case 14:
-            return std::make_shared<Stranger>();
+            return MakeStranger();
         case 15:
             return automation::ErrorValue{input.Take<uint32_t>()};
         case 16:

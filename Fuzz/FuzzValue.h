@@ -9,4 +9,7 @@ namespace fuzz {
 /// Objects and arrays, empty ones too, are among them; arrays hold values in their turn, a few levels deep.
 automation::Value TakeValue(FuzzInput& input, int depth = 0);
 
+/// An object without members.
+automation::ObjectRef MakeStranger();
+
 }  // namespace fuzz

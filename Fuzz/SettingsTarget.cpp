@@ -1,4 +1,5 @@
-// SettingsTarget: fuzzes the settings that a container gives back: a bag that holds anything, or nothing, or fails.
+// SettingsTarget: fuzzes the settings that a container gives back, by a bag that holds anything, or nothing, or fails,
+// and in a stream of any bytes. The first byte chooses.
 #include <map>
 #include <string>
 
@@ -9,6 +10,7 @@
 #include "common/PersistedProperties.h"
 #include "common/PropertyBag.h"
 #include "common/QuietPlatform.h"
+#include "common/SavedValue.h"
 
 namespace {
 
@@ -82,10 +84,57 @@ void CheckKept(Control& control) {
     Must(control.context.grid.Font() == other.context.grid.Font(), "the font survives being saved and read");
 }
 
-}  // namespace
+/// A stream in memory; its one font is saved as a single byte.
+class MemoryStream final : public foldertree::SettingsStream {
+  public:
+    explicit MemoryStream(std::string bytes) : bytes_(std::move(bytes)) {}
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    fuzz::FuzzInput input(data, size);
+    void Read(void* bytes, size_t size) override {
+        constexpr uint32_t readFault = 0x8003001E;
+        if (bytes_.size() - at_ < size) throw automation::Error(readFault, "The stream ends");
+        std::memcpy(bytes, bytes_.data() + at_, size);
+        at_ += size;
+    }
+    void Write(const void* bytes, size_t size) override { bytes_.append(static_cast<const char*>(bytes), size); }
+    Value ReadFont() override {
+        char font = 0;
+        Read(&font, sizeof font);
+        if (font != 'f') throw automation::Error(automation::errors::unspecified, "This is no font");
+        return font_;
+    }
+    void WriteFont(const Value&) override { Write("f", 1); }
+    bool IsFont(const Value& value) override { return value.IsObject() && value.ToObject() == font_; }
+
+    const std::string& Bytes() const { return bytes_; }
+    size_t ReadSoFar() const { return at_; }
+
+  private:
+    std::string bytes_;
+    size_t at_ = 0;
+    inline static const ObjectRef font_ = fuzz::MakeStranger();
+};
+
+/// What can be read is written as it was, but for a Boolean that is neither true nor false.
+void CheckStream(std::string_view bytes) {
+    MemoryStream stream{std::string(bytes)};
+    try {
+        while (true) {
+            const size_t start = stream.ReadSoFar();
+            const Value value = foldertree::ReadSavedValue(stream);
+            MemoryStream again{""};
+            foldertree::WriteSavedValue(again, value);
+            Must(value.TypeName() == "Boolean" ? again.Bytes().size() == stream.ReadSoFar() - start
+                                               : bytes.substr(start, stream.ReadSoFar() - start) == again.Bytes(),
+                 "a saved value is written as it was");
+            const Value same = foldertree::ReadSavedValue(again);
+            Must(same.Raw().index() == value.Raw().index(), "a saved value is read as it was");
+        }
+    } catch (const automation::Error&) {
+        // Every stream ends.
+    }
+}
+
+void CheckBag(fuzz::FuzzInput input) {
     AnyBag bag(input);
     Control control;
     foldertree::ReadPersistedProperties(control.context, bag);
@@ -94,5 +143,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const ControlState before = control.context.state;
     foldertree::WritePersistedProperties(control.context, bag);
     Must(SameSettings(before, control.context.state), "saving changes nothing");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    fuzz::FuzzInput input(data, size);
+    if (input.TakeByte() % 4 == 3)
+        CheckStream(input.Rest());
+    else
+        CheckBag(input);
     return 0;
 }
