@@ -75,9 +75,9 @@ class TreeMaker {
     /// A few levels, or about as many as a store may have.
     void Descend() {
         const uint8_t choice = input_.TakeByte();
-        const int levels = choice < 0xF8 ? choice % 8 : localstores::maxFolderDepth - 4 + choice % 8;
+        const int levels = choice < 0xFE ? choice % 8 : localstores::maxFolderDepth - 1 + choice % 2 * 2;
         const bool ofMbox = input_.TakeByte() % 2 == 1;
-        for (int i = 0; i < levels; ++i) {
+        for (int i = 0; i < levels && levelsLeft_ > 0; ++i, --levelsLeft_) {
             at_ /= ofMbox ? "d.sbd" : "d";
             ofMbox ? Make(at_) : MakeMailboxAt(at_);
         }
@@ -87,6 +87,7 @@ class TreeMaker {
     fs::path at_;
     fuzz::FuzzInput& input_;
     std::vector<fs::path> made_;
+    int levelsLeft_ = localstores::maxFolderDepth + 30;
 };
 
 }  // namespace

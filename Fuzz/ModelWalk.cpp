@@ -30,12 +30,14 @@ void ReadTexts(const ObjectRef& object, std::initializer_list<const char*> membe
     for (const char* member : members) object->Get(member).ToText();
 }
 
-/// The children, by enumeration; as many as the collection counts.
+/// The children, by enumeration; as many as the collection counts, unless it tells that it cannot count.
 std::vector<ObjectRef> ItemsOf(const ObjectRef& collection) {
     std::vector<ObjectRef> items;
     const auto walk = automation::Collection(collection).Walk();
     for (Value item; walk->Next(item);) items.push_back(item.RequireObject());
-    Must(collection->Get("Count").ToLong() == static_cast<int32_t>(items.size()), "a collection counts its items");
+    constexpr int32_t unknown = 0x7FFFFFFF;
+    const int32_t count = collection->Get("Count").ToLong();
+    Must(count == unknown || count == static_cast<int32_t>(items.size()), "a collection counts its items");
     return items;
 }
 

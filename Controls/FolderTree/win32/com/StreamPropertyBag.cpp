@@ -7,7 +7,7 @@
 #include "automation/Error.h"
 #include "automation_win32/ComError.h"
 #include "automation_win32/Crossing.h"
-#include "automation_win32/Variant.h"
+#include "common/SavedValue.h"
 
 namespace foldertree {
 
@@ -54,40 +54,37 @@ ComPtr<IPersistStream> SavableFont(const Value& value) {
     return font;
 }
 
-Value ReadValue(IStream& stream) {
-    switch (ReadNumber<VARTYPE>(stream)) {
-        case VT_EMPTY:
-            return {};
-        case VT_BOOL:
-            return ReadNumber<int16_t>(stream) != 0;
-        case VT_I2:
-            return Value::Integer(ReadNumber<int16_t>(stream));
-        case VT_I4:
-            return ReadNumber<int32_t>(stream);
-        case VT_DISPATCH:
-            return ReadFont(stream);
-        default:
-            Check(STG_E_INVALIDHEADER);
-            return {};
+/// The container's stream. Where it ends early, it says so.
+class ContainerStream final : public SettingsStream {
+  public:
+    explicit ContainerStream(IStream& stream) : stream_(stream) {}
+
+    void Read(void* bytes, size_t size) override {
+        ULONG read = 0;
+        Check(stream_.Read(bytes, static_cast<ULONG>(size), &read));
+        if (read != size) Check(STG_E_READFAULT);
     }
+    void Write(const void* bytes, size_t size) override {
+        ULONG written = 0;
+        Check(stream_.Write(bytes, static_cast<ULONG>(size), &written));
+        if (written != size) Check(STG_E_MEDIUMFULL);
+    }
+    Value ReadFont() override { return foldertree::ReadFont(stream_); }
+    void WriteFont(const Value& font) override { Check(OleSaveToStream(SavableFont(font).Get(), &stream_)); }
+    bool IsFont(const Value& value) override { return SavableFont(value) != nullptr; }
+
+  private:
+    IStream& stream_;
+};
+
+Value ReadValue(IStream& stream) {
+    ContainerStream container(stream);
+    return ReadSavedValue(container);
 }
 
 void WriteValue(IStream& stream, const Value& value) {
-    automation::Variant variant(value);
-    const VARIANT& raw = variant.Raw();
-    const ComPtr<IPersistStream> font = SavableFont(value);
-    VARTYPE type = V_VT(&raw);
-    if (font != nullptr)
-        type = VT_DISPATCH;
-    else if (type != VT_BOOL && type != VT_I2 && type != VT_I4)
-        type = VT_EMPTY;
-    WriteNumber(stream, type);
-    if (type == VT_DISPATCH)
-        Check(OleSaveToStream(font.Get(), &stream));
-    else if (type == VT_I4)
-        WriteNumber<int32_t>(stream, V_I4(&raw));
-    else if (type != VT_EMPTY)
-        WriteNumber<int16_t>(stream, V_I2(&raw));
+    ContainerStream container(stream);
+    WriteSavedValue(container, value);
 }
 
 }  // namespace
