@@ -97,6 +97,7 @@ void BulkSelection::SelectByType(enuFTIItemType eType, bool bAdditional) {
         index.Flush();
         if (error) throw *error;
         const SelectionView::FoundRows found = changed ? view_.ReIndex() : SelectionView::FoundRows();
+        index.FollowKeys();
         if (!bAdditional) UntickRowsWithoutItem(index, found);
         view_.ApplySelection(found);
         selection_.dirty = true;

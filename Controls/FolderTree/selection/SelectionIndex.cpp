@@ -1,6 +1,8 @@
 // SelectionIndex: finds the items of a selection collection by key for the length of one bulk operation.
 #include "selection/SelectionIndex.h"
 
+#include <utility>
+
 #include "automation/Collection.h"
 #include "automation/TextHash.h"
 
@@ -65,6 +67,15 @@ void SelectionIndex::Add(const SelItem& item) {
     std::string strangersKey = item.Own() != nullptr ? std::string() : key;
     Collection(selection_.EnsureCollection()).Add(item.Ref(), std::move(key));
     Enter(item, std::move(strangersKey), hash);
+}
+
+void SelectionIndex::FollowKeys() {
+    HashPlaces places;
+    for (const Entry& entry : entries_) {
+        const clsFolderTreeItem* own = entry.item.Own();
+        places.Add(CaselessHash()(own != nullptr ? own->Key() : entry.strangersKey));
+    }
+    places_ = std::move(places);
 }
 
 void SelectionIndex::Flush() {
