@@ -1,6 +1,7 @@
 // Number: the numbers that Visual Basic reads in a text, and how it writes them. Never looks at the locale.
 #include "Number.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -57,12 +58,27 @@ size_t NumberLength(std::string_view text) {
     return end;
 }
 
-/// What a number beyond the range of a double becomes: infinity for a huge one, 0 for a tiny one.
+/// The exponent behind the mark, 0 without one; one of more digits than anybody counts is as good as that.
+int64_t ExponentOf(std::string_view number) {
+    const size_t mark = number.find_first_of("eE");
+    if (mark == std::string_view::npos) return 0;
+    const bool negative = number[mark + 1] == '-';
+    number.remove_prefix(mark + 1 + SignAt(number, mark + 1));
+    int64_t exponent = 0;
+    constexpr int64_t limit = std::numeric_limits<int64_t>::max() / 2;
+    if (std::from_chars(number.data(), number.data() + number.size(), exponent).ec != std::errc()) exponent = limit;
+    exponent = std::min(exponent, limit);
+    return negative ? -exponent : exponent;
+}
+
+/// What a number beyond the range of a double becomes: infinity for a huge one, 0 for a tiny one. Its digits count as
+/// well as its exponent: "0.000…01e+1" is tiny.
 double BeyondRange(std::string_view number) {
-    const size_t exponent = number.find_first_of("eE");
-    const bool tiny = exponent != std::string_view::npos ? number[exponent + 1] == '-'
-                                                         : number.find_first_of("123456789") > number.find('.');
-    return tiny ? 0.0 : infinity;
+    const std::string_view digits = number.substr(0, number.find_first_of("eE"));
+    const auto first = static_cast<int64_t>(digits.find_first_of("123456789"));
+    const auto point = static_cast<int64_t>(std::min(digits.find('.'), digits.size()));
+    const int64_t power = first < point ? point - first - 1 : point - first;
+    return power + ExponentOf(number) < 0 ? 0.0 : infinity;
 }
 
 /// Reads a text that NumberLength has measured.

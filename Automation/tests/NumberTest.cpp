@@ -57,6 +57,16 @@ TEST(Number, NumbersBeyondTheRangeOfADoubleAreInfiniteOrZero) {
     EXPECT_EQ(ParseNumber("0." + std::string(400, '0') + "1"), 0);
 }
 
+TEST(Number, DigitsAndExponentTogetherDecideWhatIsBeyondTheRange) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const std::string zeros(500, '0');
+    EXPECT_EQ(ParseNumber("1" + zeros + "e-1"), infinity);
+    EXPECT_EQ(ParseNumber("0." + zeros + "1e+1"), 0);
+    EXPECT_EQ(ParseNumber("." + zeros + "1"), 0);
+    EXPECT_EQ(ParseNumber("1e-99999999999999999999"), 0);
+    EXPECT_EQ(ParseNumber("1e+99999999999999999999"), infinity);
+}
+
 TEST(Number, NumbersAreWrittenWithFifteenDigits) {
     EXPECT_EQ(NumberText(0), "0");
     EXPECT_EQ(NumberText(-0.0), "0");

@@ -76,6 +76,12 @@ TEST(Text, FoldingOfAsciiLeavesOtherScriptsAlone) {
     }
 }
 
+TEST(Text, LettersOfTheLaterBlocksFoldAsWell) {
+    EXPECT_EQ(FoldCase("ⱠⱢⱯⱾ ꜢꝨꝽꞤꞪꞳꟄ"), "ⱡɫɐȿ ꜣꝩᵹꞥɦꭓꞔ");
+    EXPECT_EQ(FoldCase("ꙀꙊꙬꚀꚚ"), "ꙁꙋꙭꚁꚛ");
+    EXPECT_TRUE(EqualNoCase("\xE2\xB1\xAF", "\xC9\x90"));
+}
+
 TEST(Text, LettersWithoutAPartnerStayAsTheyAre) {
     const std::string others = "ßſςµ×÷ıİ日本אב" + smiley + loneHigh + loneLow + "\xFF\x80";
     EXPECT_EQ(FoldCase(others), others);

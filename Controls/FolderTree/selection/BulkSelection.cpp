@@ -111,6 +111,7 @@ void BulkSelection::TickByType(CollectionPass& pass, enuFTIItemType type, bool a
     pass.ThrowIfEnded();
     const SelectionView::FoundRows found = changed ? view_.ReIndex() : SelectionView::FoundRows();
     pass.ThrowIfEnded();
+    index.FollowKeys();
     if (!additional) UntickRowsWithoutItem(index, found);
     view_.ApplySelection(found);
     selection_.dirty = true;

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "automation/HashPlaces.h"
 #include "automation/TextHash.h"
-#include "selection/HashPlaces.h"
 #include "selection/SelItem.h"
 
 namespace foldertree {
@@ -19,9 +19,16 @@ class KeyedItems {
   public:
     /// Adds the item, whose key is that one, under the number Count().
     void Add(const SelItem& item, std::string key) {
-        const size_t hash = automation::CaselessHash()(key);
+        const uint32_t hash = HashOf(key);
+        places_.Reserve();
         entries_.push_back({item, item.Own() != nullptr ? std::string() : std::move(key)});
-        places_.Add(hash);
+        places_.Add(hash, Count() - 1);
+    }
+    /// Finds each item by the key that it has now: one that was completed from a row has the row's.
+    void FollowKeys() {
+        automation::HashPlaces places;
+        for (uint32_t number = 0; number < Count(); ++number) places.Add(HashOf(entries_[number].Key()), number);
+        places_ = std::move(places);
     }
     uint32_t Count() const { return static_cast<uint32_t>(entries_.size()); }
     const SelItem& At(uint32_t number) const { return entries_[number].item; }
@@ -30,8 +37,8 @@ class KeyedItems {
     /// it returns true; tells whether it did.
     template <class Visit>
     bool Any(std::string_view key, Visit&& visit) const {
-        return places_.Any(automation::CaselessHash()(key),
-                           [&](uint32_t number) { return entries_[number].HasKey(key) && visit(number); });
+        const auto isMeant = [&](uint32_t number) { return entries_[number].HasKey(key) && visit(number); };
+        return places_.Find(HashOf(key), isMeant) != nullptr;
     }
 
   private:
@@ -40,13 +47,16 @@ class KeyedItems {
         std::string
             strangersKey;  ///< a stranger's key is an outside call, and asked for once; ours are made when needed
 
+        std::string Key() const { return item.Own() != nullptr ? item.Own()->Key() : strangersKey; }
         bool HasKey(std::string_view key) const {
             return item.Own() != nullptr ? item.Own()->HasKey(key) : automation::EqualNoCase(strangersKey, key);
         }
     };
 
+    static uint32_t HashOf(std::string_view key) { return static_cast<uint32_t>(automation::CaselessHash()(key)); }
+
     std::vector<Entry> entries_;
-    HashPlaces places_;
+    automation::HashPlaces places_;
 };
 
 }  // namespace foldertree

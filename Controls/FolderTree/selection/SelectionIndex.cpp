@@ -47,6 +47,10 @@ void SelectionIndex::Add(const SelItem& item) {
     Enter(item, std::move(key));
 }
 
+void SelectionIndex::FollowKeys() {
+    items_.FollowKeys();
+}
+
 void SelectionIndex::Flush() {
     CollectionPass::Places places;
     int32_t position = 0;

@@ -22,6 +22,8 @@ class SelectionIndex {
     void Add(const SelItem& item);
     /// Carries out what was removed.
     void Flush();
+    /// Finds each item by the key that it has now: one that was completed from a row has the row's.
+    void FollowKeys();
 
   private:
     enum class State : uint8_t { InCollection, Leaving, Gone };

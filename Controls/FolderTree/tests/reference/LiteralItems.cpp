@@ -15,7 +15,7 @@ using automation::VbError;
 namespace {
 
 bool Is(const Invocation& call, std::string_view member) {
-    return automation::SameMember(call.member, member);
+    return SameText(std::string(call.member), std::string(member));
 }
 
 [[noreturn]] void ThrowUnknown() {
@@ -38,13 +38,13 @@ std::string LiteralItem::KeyShortEntryID() const {
 std::string LiteralItem::KeyAlternate() const {
     if (isAddressList) return "L" + addressListID;
     const std::string flags = entryID.substr(0, 2) == "EF" ? "00" : "EF";
-    return "S" + storeID + "|" + flags + (entryID.size() > 2 ? entryID.substr(2) : "");
+    return "S" + storeID + "|" + flags + WithoutFirst(entryID, 2);
 }
 
 Value LiteralItem::Invoke(const Invocation& call) {
     if (call.access != Access::Call) {
         if (!Is(call, "Index")) throw Error(automation::errors::memberNotFound, "Member not found.");
-        index = call.arguments.back().ToLong();
+        index = LongOf(call.arguments.back());
         return {};
     }
     if (Is(call, "Index")) return index;
@@ -80,11 +80,11 @@ const ObjectRef& LiteralCollection::Item(const std::string& key) const {
 Value LiteralCollection::Invoke(const Invocation& call) {
     const auto text = [&](size_t argument) {
         if (argument >= call.arguments.size() || !call.arguments[argument].IsText()) return std::string();
-        return call.arguments[argument].ToText();
+        return TextOf(call.arguments[argument]);
     };
     const auto number = [&](size_t argument) {
         if (argument >= call.arguments.size() || call.arguments[argument].IsMissing()) return 0;
-        return call.arguments[argument].ToLong();
+        return LongOf(call.arguments[argument]);
     };
     if (Is(call, "Count")) return Count();
     if (Is(call, "Item")) return Value(call.arguments[0].IsText() ? Item(text(0)) : Item(number(0)));
@@ -126,9 +126,11 @@ std::unique_ptr<automation::Enumerator> LiteralCollection::NewEnum() {
 
 Value ForeignItem::Invoke(const Invocation& call) {
     if (Is(call, "Index") && call.access != Access::Call) {
-        index = call.arguments.back().ToLong();
+        index = LongOf(call.arguments.back());
         return {};
     }
+    if (tellsTexts && Is(call, "Index")) return " " + std::to_string(index) + ".0 ";
+    if (tellsTexts && Is(call, "Selected")) return selected ? "TRUE" : "false";
     if (Is(call, "Key") || Is(call, "KeyShortEntryID")) return key;
     if (Is(call, "KeyAlternate")) return alternateKey;
     if (Is(call, "Index")) return index;

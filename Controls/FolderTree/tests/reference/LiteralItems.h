@@ -65,6 +65,7 @@ class ForeignItem : public automation::Object {
     std::string alternateKey;
     int32_t index = 0;
     bool selected = true;
+    bool tellsTexts = false;  ///< its number and flag are texts
 
     automation::Value Invoke(const automation::Invocation& call) override;
     bool HasMember(std::string_view) const override { return true; }

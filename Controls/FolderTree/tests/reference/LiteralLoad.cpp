@@ -112,7 +112,7 @@ void LiteralControl::GetFolders() {
 void LiteralControl::GetFolderIDs() {
     Trap("GetFolderIDs(", Detail::NoBracket, [&] {
         const auto folderID = [](const ObjectRef& session, int32_t number) {
-            return Deref(Deref(session).Get("GetDefaultFolder", number).ToObject()).Get("EntryID").ToText();
+            return TextOf(Deref(Deref(session).Get("GetDefaultFolder", number).ToObject()).Get("EntryID"));
         };
         const auto readAll = [&](const ObjectRef& session) {
             inbox_ = folderID(session, 6);
@@ -171,7 +171,7 @@ void LiteralControl::ReadStores() {
 
 bool LiteralControl::IsDefaultStore(int32_t mode, const ObjectRef& store) {
     if (mode == 3) return IsDefaultStore_CDO(store);
-    return Deref(store).Get("Default").ToBoolean();
+    return BooleanOf(Deref(store).Get("Default"));
 }
 
 void LiteralControl::ReadStore(int32_t mode, const ObjectRef& store) {
@@ -218,7 +218,7 @@ void LiteralControl::MarkUnread(int32_t row) {
 std::string LiteralControl::ProviderName(const ObjectRef& store) {
     try {
         const ObjectRef utilities = factory_.Create("NOXMAPI.NOXMAPIUtils");
-        return Deref(utilities).Get("GetProperty", store, PR_PROVIDER_DISPLAY).ToText();
+        return TextOf(Deref(utilities).Get("GetProperty", store, PR_PROVIDER_DISPLAY));
     } catch (const Error&) {
         return "";
     }
@@ -228,15 +228,15 @@ bool LiteralControl::GetFolders_Store_RDOTab(const ObjectRef& store) {
     bool result = false;
     Trap("GetFolders_Store_RDOTab (", Detail::Bracket, [&] {
         AdvanceProgress(1, -1);
-        const std::string storeName = Deref(store).Get("Name").ToText();
+        const std::string storeName = TextOf(Deref(store).Get("Name"));
         const std::string provider = ProviderName(store);
         AppendStoreRow("Store", provider.empty() ? storeName : storeName + " (" + provider + ")");
         const int32_t row = grid.RowCount() - 1;
-        const std::string storeID = store->Get("EntryID").ToText();
+        const std::string storeID = TextOf(store->Get("EntryID"));
         grid.SetCellText(row, colStoreID, storeID);
         grid.SetPicture(row, IsDefaultStore(0, store) ? GetIcon(FTIHome, "") : Picture::FolderOpen);
         const ObjectRef root = store->Get("IPMRootFolder").RequireObject();
-        AdvanceProgress(Deref(root->Get("Folders").ToObject()).Get("Count").ToLong(), -1);
+        AdvanceProgress(LongOf(Deref(root->Get("Folders").ToObject()).Get("Count")), -1);
         result = GetFolders_Folder_RDOTab(storeID, {}, root, 1, storeName);
         if (result) AdvanceProgress(-1, 1);
     });
@@ -333,7 +333,7 @@ void LiteralControl::ReadTable(const ObjectRef& folder, const std::string& inden
     Trace(indent + "  Moving to first table entry");
     table->Get("GoToFirst");
     Trace(indent + "  Getting table rows");
-    int32_t wanted = table->Get("RowCount").ToLong();
+    int32_t wanted = LongOf(table->Get("RowCount"));
     bool first = true;
     while (true) {
         Array rows;
@@ -346,9 +346,10 @@ void LiteralControl::ReadTable(const ObjectRef& folder, const std::string& inden
         }
         if (!first && rows.items.empty()) return;
         if (!first) Trace(indent + "  Getting table rows");
-        Trace(indent + "  Reading rows " + std::to_string(rows.lowerBound) + " - " + std::to_string(rows.UpperBound()));
+        const int64_t upperBound = rows.lowerBound + static_cast<int64_t>(rows.items.size()) - 1;
+        Trace(indent + "  Reading rows " + std::to_string(rows.lowerBound) + " - " + std::to_string(upperBound));
         if (rows.items.empty()) return;
-        for (int32_t i = rows.lowerBound; i <= rows.UpperBound(); ++i) {
+        for (int64_t i = rows.lowerBound; i <= upperBound; ++i) {
             Trace(indent + "    Reading row #" + std::to_string(i));
             if (!visit(rows.items[static_cast<size_t>(i - rows.lowerBound)])) return;
         }
@@ -362,13 +363,13 @@ bool LiteralControl::ReadChild(const Value& cells, const std::string& indent, in
     const Value column1 = CellAt(cells, 1);
     const Value column2 = CellAt(cells, 2);
     const Value column3 = CellAt(cells, 3);
-    TakeCell(column0, [&] { child.folderType = column0.ToLong(); });
-    TakeCell(column1, [&] { child.hasChildren = column1.ToBoolean(); });
-    TakeCell(column2, [&] { child.messageClass = column2.ToText(); });
-    TakeCell(column3, [&] { child.name = column3.ToText(); });
+    TakeCell(column0, [&] { child.folderType = LongOf(column0); });
+    TakeCell(column1, [&] { child.hasChildren = BooleanOf(column1); });
+    TakeCell(column2, [&] { child.messageClass = TextOf(column2); });
+    TakeCell(column3, [&] { child.name = TextOf(column3); });
     child.itemType = GetItemTypeFromMessageClass(child.messageClass);
     if (child.itemType == -1) return false;
-    const auto kind = [](const Value& cell) { return "[" + std::string(cell.TypeName()) + "] "; };
+    const auto kind = [](const Value& cell) { return "[" + KindOf(cell) + "] "; };
     Trace(indent + "      Level: " + std::to_string(level));
     Trace(indent + "      FolderKind: " + kind(column0) + std::to_string(child.folderType));
     Trace(indent + "      SubFolders: " + kind(column1) + (child.hasChildren ? "yes" : "no"));

@@ -20,8 +20,8 @@ constexpr int32_t PR_CONTAINER_CLASS = 0x3613001E;
 constexpr int32_t PR_DEFAULT_STORE = 0x3400000B;
 constexpr int32_t PR_IPM_DRAFTS_ENTRYID = 0x36D70102;
 
-std::string TextOf(const ObjectRef& object, const char* member) {
-    return Deref(object).Get(std::string_view(member)).ToText();
+std::string MemberText(const ObjectRef& object, const char* member) {
+    return TextOf(Deref(object).Get(std::string_view(member)));
 }
 
 /// Opening of a procedure's error line, by mode.
@@ -87,11 +87,11 @@ ObjectRef LiteralControl::CDOSession() {
 void LiteralControl::GetFolderIDs_CDO() {
     const ObjectRef session = CDOSession();
     if (session == nullptr) return;
-    const auto id = [](const Value& object) { return TextOf(object.ToObject(), "ID"); };
+    const auto id = [](const Value& object) { return MemberText(object.ToObject(), "ID"); };
     defaultStore_ = id(session->Get("GetInfoStore"));
     const ObjectRef inbox = session->Get("Inbox").ToObject();
-    inbox_ = TextOf(inbox, "ID");
-    drafts_ = TextOf(inbox->Get("Fields", PR_IPM_DRAFTS_ENTRYID).ToObject(), "Value");
+    inbox_ = MemberText(inbox, "ID");
+    drafts_ = MemberText(inbox->Get("Fields", PR_IPM_DRAFTS_ENTRYID).ToObject(), "Value");
     outbox_ = id(session->Get("Outbox"));
     deleted_ = id(session->Get("GetDefaultFolder", 4));
     sent_ = id(session->Get("GetDefaultFolder", 3));
@@ -105,14 +105,14 @@ bool LiteralControl::IsDefaultStore_CDO(const ObjectRef& store) {
         if (field != nullptr) flag = field->Get("Value");
     } catch (const Error&) {
     }
-    return !flag.IsEmpty() && flag.ToDouble() != 0;
+    return !flag.IsEmpty() && DoubleOf(flag) != 0;
 }
 
 void LiteralControl::ReadStores_OOM() {
     Trace("GetFolders: Mode: Outlook");
     const ObjectRef space = Deref(application_).Get("GetNamespace", "MAPI").RequireObject();
     const ObjectRef stores = space->Get("Folders").RequireObject();
-    const int32_t count = stores->Get("Count").ToLong();
+    const int32_t count = LongOf(stores->Get("Count"));
     for (int32_t i = 1; i <= count; ++i) {
         ReadStore(2, stores->Get("Item", i).ToObject());
         if (cancel_) return;
@@ -124,10 +124,10 @@ void LiteralControl::ReadStores_OOM() {
 void LiteralControl::GetFolders_Store(int32_t mode, const ObjectRef& store) {
     Trap(StoreOpening(mode), Detail::Bracket, [&] {
         AdvanceProgress(1, -1);
-        const std::string name = TextOf(store, "Name");
+        const std::string name = MemberText(store, "Name");
         AppendStoreRow(mode == 2 ? "Folder" : "Store", name);
         const int32_t row = grid.RowCount() - 1;
-        const std::string storeID = TextOf(store, mode == 3 ? "ID" : "EntryID");
+        const std::string storeID = MemberText(store, mode == 3 ? "ID" : "EntryID");
         grid.SetCellText(row, colStoreID, storeID);
         bool home = false;
         if (mode == 1) home = IsDefaultStore(mode, store);
@@ -182,28 +182,28 @@ bool LiteralControl::ReadFolder(int32_t mode, Folder& folder, bool expanding) {
     automation::Object& object = Deref(folder.object);
     switch (mode) {
         case 1: {
-            folder.hasSubfolders = object.Get("Fields", PR_SUBFOLDERS).ToBoolean();
-            if (object.Get("FolderKind").ToLong() != 1) return false;
-            folder.name = object.Get("Name").ToText();
-            folder.entryID = object.Get("EntryID").ToText();
-            folder.itemType = object.Get("DefaultItemType").ToLong();
+            folder.hasSubfolders = BooleanOf(object.Get("Fields", PR_SUBFOLDERS));
+            if (LongOf(object.Get("FolderKind")) != 1) return false;
+            folder.name = TextOf(object.Get("Name"));
+            folder.entryID = TextOf(object.Get("EntryID"));
+            folder.itemType = LongOf(object.Get("DefaultItemType"));
             if (expanding) return true;
-            const std::string messageClass = Lower(object.Get("DefaultMessageClass").ToText());
+            const std::string messageClass = Lower(TextOf(object.Get("DefaultMessageClass")));
             if (messageClass.ends_with("configuration")) folder.itemType = -1;
             return true;
         }
         case 2:
             folder.storeID = "";
-            folder.name = object.Get("Name").ToText();
-            folder.entryID = object.Get("EntryID").ToText();
-            folder.itemType = object.Get("DefaultItemType").ToLong();
+            folder.name = TextOf(object.Get("Name"));
+            folder.entryID = TextOf(object.Get("EntryID"));
+            folder.itemType = LongOf(object.Get("DefaultItemType"));
             return true;
         default: {
-            folder.name = object.Get("Name").ToText();
-            folder.storeID = object.Get("StoreID").ToText();
-            folder.entryID = object.Get("ID").ToText();
+            folder.name = TextOf(object.Get("Name"));
+            folder.storeID = TextOf(object.Get("StoreID"));
+            folder.entryID = TextOf(object.Get("ID"));
             const auto containerClass = [&] {
-                return object.Get("Fields", PR_CONTAINER_CLASS).RequireObject()->Get("Value").ToText();
+                return TextOf(object.Get("Fields", PR_CONTAINER_CLASS).RequireObject()->Get("Value"));
             };
             std::string found = "ipf.note";
             if (expanding) {
@@ -224,7 +224,7 @@ bool LiteralControl::HasSubfolders(int32_t mode, Folder& folder) {
     if (mode == 1) return folder.hasSubfolders;
     folder.subfolders = Deref(folder.object).Get("Folders").ToObject();
     if (folder.subfolders == nullptr) return false;
-    folder.count = folder.subfolders->Get("Count").ToLong();
+    folder.count = LongOf(folder.subfolders->Get("Count"));
     return folder.count > 0;
 }
 
@@ -232,7 +232,7 @@ void LiteralControl::ForEachSubfolder(int32_t mode, Folder& folder,
                                       const std::function<void(const ObjectRef&)>& visit) {
     if (folder.subfolders == nullptr) {
         folder.subfolders = Deref(folder.object).Get("Folders").RequireObject();
-        folder.count = folder.subfolders->Get("Count").ToLong();
+        folder.count = LongOf(folder.subfolders->Get("Count"));
     }
     AdvanceProgress(folder.count, -1);
     const Collection subfolders(folder.subfolders);
@@ -327,7 +327,7 @@ void LiteralControl::GetAddressBook() {
             bool cancelled = false;
             for (int32_t i = 1; i <= count && !cancel_; ++i) {
                 const ObjectRef list = lists.Item(i).RequireObject();
-                Trace("Performing sub-folder scan for item #" + std::to_string(i) + " (" + TextOf(list, "Name") +
+                Trace("Performing sub-folder scan for item #" + std::to_string(i) + " (" + MemberText(list, "Name") +
                       ")...");
                 GetAddressBook_RDOObj(list, 1, {}, cancelled);
                 if (cancelled) {
@@ -343,8 +343,8 @@ void LiteralControl::GetAddressBook() {
             Value list;
             while (!cancel_ && walk->Next(list)) {
                 Trap("GetAddressBook_CDO (", Detail::Bracket, [&] {
-                    const std::string name = TextOf(list.ToObject(), "Name");
-                    AppendList(name, TextOf(list.ToObject(), "ID"), 1);
+                    const std::string name = MemberText(list.ToObject(), "Name");
+                    AppendList(name, MemberText(list.ToObject(), "ID"), 1);
                 });
             }
         }
@@ -354,13 +354,13 @@ void LiteralControl::GetAddressBook() {
 void LiteralControl::GetAddressBook_RDOObj(const ObjectRef& list, int32_t level, const std::vector<std::string>& above,
                                            bool& cancelled) {
     Trap("GetAddressBook_RDOObj (", Detail::Bracket, [&] {
-        const std::string name = TextOf(list, "Name");
+        const std::string name = MemberText(list, "Name");
         if (cancelled) {
             Trace("Exiting GetAddressBook_RDOObj for '" + name +
                   "' because the AddressList scan was cancelled internally.");
             return;
         }
-        const std::string id = TextOf(list, "EntryID");
+        const std::string id = MemberText(list, "EntryID");
         AppendList(name, id, level);
         if (!id.empty())
             for (const std::string& other : above)
@@ -369,7 +369,7 @@ void LiteralControl::GetAddressBook_RDOObj(const ObjectRef& list, int32_t level,
         ObjectRef lists;
         try {
             lists = list->Get("AddressLists").RequireObject();
-            lists->Get("Count").ToLong();
+            LongOf(lists->Get("Count"));
         } catch (const Error& error) {
             if (error.Number() == 0x80040102) {
                 cancelled = true;

@@ -18,16 +18,16 @@ LiteralItem* Own(ObjectRef& item) {
     return dynamic_cast<LiteralItem*>(item.get());
 }
 std::string KeyOf(const ObjectRef& item) {
-    return Own(item) ? Own(item)->Key() : item->Get("Key").ToText();
+    return Own(item) ? Own(item)->Key() : TextOf(item->Get("Key"));
 }
 std::string KeyShortOf(const ObjectRef& item) {
-    return Own(item) ? Own(item)->KeyShortEntryID() : item->Get("KeyShortEntryID").ToText();
+    return Own(item) ? Own(item)->KeyShortEntryID() : TextOf(item->Get("KeyShortEntryID"));
 }
 std::string KeyAlternateOf(const ObjectRef& item) {
-    return Own(item) ? Own(item)->KeyAlternate() : item->Get("KeyAlternate").ToText();
+    return Own(item) ? Own(item)->KeyAlternate() : TextOf(item->Get("KeyAlternate"));
 }
 int32_t IndexOf(const ObjectRef& item) {
-    return Own(item) ? Own(item)->index : item->Get("Index").ToLong();
+    return Own(item) ? Own(item)->index : LongOf(item->Get("Index"));
 }
 void SetIndexOf(ObjectRef item, int32_t index) {
     if (LiteralItem* own = Own(item))
@@ -36,10 +36,10 @@ void SetIndexOf(ObjectRef item, int32_t index) {
         item->Put("Index", index);
 }
 bool IsSelected(const ObjectRef& item) {
-    return Own(item) ? Own(item)->selected : item->Get("Selected").ToBoolean();
+    return Own(item) ? Own(item)->selected : BooleanOf(item->Get("Selected"));
 }
 bool IsIncomplete(const ObjectRef& item) {
-    return Own(item) ? Own(item)->incomplete : item->Get("Incomplete").ToBoolean();
+    return Own(item) ? Own(item)->incomplete : BooleanOf(item->Get("Incomplete"));
 }
 /// A stranger's own affair.
 void Select(ObjectRef item) {

@@ -5,6 +5,9 @@
 #include <functional>
 #include <iterator>
 
+#include "reference/LiteralText.h"
+#include "reference/Texts.h"
+
 namespace foldertree::reference {
 
 using automation::Array;
@@ -37,6 +40,8 @@ constexpr FolderClass classes[] = {
     {"ipm.NOTE", 6, "IPM.Post"},
     {"IPF.Note.OutlookHomepage", 7, "IPM.DistList"},
     {"", -1, ""},
+    {"ＩＰＦ.Task", 3, "IPM.ＣＯＮＦＩＧＵＲＡＴＩＯＮ"},
+    {"IPF.STİCKYNOTE", 5, "IPM.CONFİGURATION"},
 };
 
 const FolderClass& ClassOf(const MailFolder& folder) {
@@ -63,6 +68,7 @@ std::vector<uint8_t> IdBytes(uint8_t flags, int32_t id) {
 }
 
 std::string LongID(const MailFolder& folder) {
+    if (!folder.textID.empty()) return folder.textID;
     return Hex(IdBytes(0x00, folder.id));
 }
 std::string ShortID(const MailFolder& folder) {
@@ -88,7 +94,7 @@ class Outside : public automation::Object {
         sink_.Called(name_, call.member);
         const std::vector<Value> arguments(call.arguments.begin(), call.arguments.end());
         if (isCollection_ && call.member == "Item") {
-            const int32_t position = arguments.at(0).ToLong();
+            const int32_t position = LongOf(arguments.at(0));
             if (position < 1 || position > static_cast<int32_t>(items_.size()))
                 throw automation::VbError(automation::errors::subscript);
             return items_[static_cast<size_t>(position) - 1];
@@ -155,6 +161,9 @@ std::vector<Value> Cells(const MailFolder& folder) {
     if (folder.odd.row == 2) cells.resize(3);
     if (folder.odd.row == 3) cells = {Value("one"), Value("maybe"), Value(7.5), nullptr, Value("00AA"), Value(12)};
     if (folder.odd.row == 4) cells.assign(6, absent);
+    if (folder.odd.row == 5)
+        for (int column = 0; column < 4; ++column)
+            cells[static_cast<size_t>(column)] = OddValue(folder.odd.value + column);
     return cells;
 }
 
@@ -220,7 +229,7 @@ ObjectRef Table(const Session& session, const MailFolderRef& parent) {
             return SaidRowCount(*table);
         }
         FailIf(*table->parent, tsRows);
-        return Rows(*table, arguments.at(0).ToLong());
+        return Rows(*table, LongOf(arguments.at(0)));
     });
 }
 
@@ -261,8 +270,11 @@ Value FolderField(const Session& session, const MailFolder& folder) {
 ObjectRef FolderObject(const Session& session, const MailFolderRef& folder, const std::string& storeID) {
     return session.Make("Folder(" + folder->name + ")",
                         [session, folder, storeID](std::string_view member, const std::vector<Value>&) -> Value {
+                            if (member == "Name" && folder->odd.row == 5) return OddValue(folder->odd.value);
                             if (member == "Name") return folder->name;
                             if (member == "EntryID" || member == "ID") return LongID(*folder);
+                            if (member == "DefaultItemType" && folder->odd.row == 5)
+                                return OddValue(folder->odd.value + 1);
                             if (member == "StoreID") return storeID;
                             if (member == "DefaultItemType") return ClassOf(*folder).itemType;
                             if (member == "DefaultMessageClass") return ClassOf(*folder).messageClass;
@@ -274,16 +286,16 @@ ObjectRef FolderObject(const Session& session, const MailFolderRef& folder, cons
 
 MailFolderRef Find(const MailFolderRef& folder, const std::string& id) {
     for (const MailFolderRef& child : folder->children) {
-        if (LongID(*child) == id || ShortID(*child) == id) return child;
+        if (LongID(*child) == id || ShortID(*child) == id || Hex(IdBytes(0x00, child->id)) == id) return child;
         if (MailFolderRef found = Find(child, id)) return found;
     }
     return nullptr;
 }
 
 Value OpenFolder(const Session& session, const std::vector<Value>& arguments) {
-    const std::string id = arguments.at(0).ToText();
+    const std::string id = TextOf(arguments.at(0));
     for (const MailStoreRef& store : session.mail->stores) {
-        if (arguments.size() > 1 && arguments[1].ToText() != store->id) continue;
+        if (arguments.size() > 1 && TextOf(arguments[1]) != store->id) continue;
         const MailFolderRef folder = Find(store->root, id);
         if (folder == nullptr) continue;
         if (folder->odd.openFails) throw Fault();
@@ -383,10 +395,10 @@ ObjectRef SessionObject(const Session& session, std::string name) {
                             if (member == "GetNamespace") return SessionObject(session, "Namespace");
                             if (member == "Stores" || member == "InfoStores" || member == "Folders")
                                 return StoresObject(session);
-                            if (member == "GetStoreFromID") return OpenStore(session, arguments.at(0).ToText());
+                            if (member == "GetStoreFromID") return OpenStore(session, TextOf(arguments.at(0)));
                             if (member == "GetFolderFromID" || member == "GetFolder")
                                 return OpenFolder(session, arguments);
-                            if (member == "GetDefaultFolder") return NumberedFolder(session, arguments.at(0).ToLong());
+                            if (member == "GetDefaultFolder") return NumberedFolder(session, LongOf(arguments.at(0)));
                             if (member == "GetInfoStore") return DefaultStore(session);
                             if (member == "Inbox") return DefaultFolder(session, session.mail->inbox);
                             if (member == "Outbox") return DefaultFolder(session, "D4");

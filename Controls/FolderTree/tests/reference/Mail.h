@@ -16,7 +16,8 @@ struct MailOddities {
     int rowCount =
         0;  ///< what the table says: 0 the truth, 1 three more, 2 the largest number, 3 none, 4 fewer than none
     int rowsPerCall = 0;  ///< 0 no limit
-    int row = 0;          ///< its own row: 0 sound, 1 no array, 2 too short, 3 wrong types, 4 all errors
+    int row = 0;          ///< its own row: 0 sound, 1 no array, 2 too short, 3 wrong types, 4 all errors, 5 odd values
+    int value = 0;        ///< the first of those values
     int lowerBound = 0;
     bool openFails = false;
     int count = 0;  ///< what the collection of children says: 0 the truth, 1 three more, 2 none, 3 the largest number
@@ -29,6 +30,7 @@ struct MailFolder {
     int32_t id = 0;
     int folderClass = 0;  ///< see classes in Mail.cpp; 0 mail
     int32_t kind = 1;
+    std::string textID;  ///< what the object models call it; empty: by its number, as the tables do
     bool hasLongID = true;
     bool hasShortID = true;
     MailOddities odd;

@@ -104,21 +104,22 @@ class Twins {
     const char* Any(std::initializer_list<const char*> choices) {
         return choices.begin()[Below(static_cast<int>(choices.size()))];
     }
-    std::string EntryID() { return Any({"00", "EF", "ef"}) + std::to_string(10 + Below(30)); }
+    std::string EntryID() { return Any({"00", "EF", "ef", "\xC3\x89", "\xC3\xA9"}) + std::to_string(10 + Below(30)); }
 
     void AddRow() {
         const std::string entryID = EntryID();
         std::array<std::string, gridColumnCount> cells{};
-        cells[colSel] = Any({"", "0", "-1", "-1", "True", "False"});
-        cells[colIndex] = Below(4) ? std::to_string(Below(9)) : Any({" ", "", "2.5", "99999999999", "x"});
+        cells[colSel] = Any({"", "0", "-1", "-1", "True", "TRUE", "False", "&HFFFF", "１"});
+        cells[colIndex] = Below(4) ? std::to_string(Below(9))
+                                   : Any({" ", "", "2.5", "99999999999", "x", "&H3", "1d1", "\t3", "３", "2é"});
         cells[colRowKind] = Any({"Folder", "Folder", "Folder", "STORE", "dummy", "Header", "AdList"});
         cells[colItemType] = Any({"0", "1", "2", "3", "4", "-1", ""});
-        cells[colStoreID] = Below(5) ? "AB" : "";
+        cells[colStoreID] = Any({"AB", "AB", "AB", "Ω", ""});
         cells[colEntryID] = entryID;
         cells[colFolderRecID] = Any({"", "7"});
         // Rows of a tree have the key that their item will have, at most in other letters.
         cells[colKey] = cells[colStoreID].empty() ? entryID : "S" + cells[colStoreID] + "|" + entryID;
-        if (Below(8) == 0) cells[colKey] = Lower(cells[colKey]);
+        if (Below(8) == 0) cells[colKey] = OtherCase(cells[colKey]);
         const auto level = static_cast<int16_t>(Below(4));
         const bool grey = Below(6) == 0;
 
@@ -138,7 +139,7 @@ class Twins {
     }
 
     void AddItem() {
-        const std::string storeID = Below(5) ? "AB" : "";
+        const std::string storeID = Any({"AB", "AB", "AB", "ω", ""});
         const std::string entryID = EntryID();
         const std::string listID = Below(8) == 0 ? "7" : "";
         const ItemRef item = parts.set.CreateSelItem(3, storeID, entryID, "EF", listID);

@@ -5,6 +5,8 @@
 
 #include "automation/Collection.h"
 #include "reference/LiteralItems.h"
+#include "reference/LiteralText.h"
+#include "reference/Texts.h"
 
 namespace foldertree::reference {
 
@@ -32,8 +34,6 @@ std::string WithoutSourceLine(std::string line) {
     return line.replace(open + 1, close - open - 1, "?");
 }
 
-const char* const typedTexts[] = {"1",  "2", "3",   "4", "7",   "2.5", "0.5",
-                                  "-2", "0", "abc", "",  " 3 ", "1e1", "99999999999"};
 constexpr int32_t numbers[] = {0, 1, 2, 3, 5, -4, 100, INT32_MAX};
 
 template <size_t count>
@@ -123,9 +123,9 @@ void World::DoUser(const Event& event) {
             return note(control_->ToggleTick(row));
         case Kind::TypeNumber:
             if (!control_->MayEditIndex(row)) return note(false);
-            return note(control_->CommitIndex(row, Choose(typedTexts, event.b)));
+            return note(control_->CommitIndex(row, TypedText(event.b)));
         case Kind::CommitNumber:
-            return note(control_->CommitIndex(row, Choose(typedTexts, event.b)));
+            return note(control_->CommitIndex(row, TypedText(event.b)));
         case Kind::DoubleClick:
             return control_->DoubleClick(row);
         case Kind::OpenNode:
@@ -175,16 +175,19 @@ void World::DoHost(const Event& event) {
                                    .mode = event.c % 4});
         }
         default:
-            return control_->Localize("No", event.a % 2 ? "" : "Pick", "Folder", event.a % 3 ? "Lists" : "Books",
+            return control_->Localize("No", event.a % 2 ? "" : "Pick", "Folder",
+                                      event.b % 2   ? AnyText(event.a)
+                                      : event.a % 3 ? "Lists"
+                                                    : "Books",
                                       "Wait", "Stop");
     }
 }
 
 void World::MakeItem(const Event& event) {
     const int32_t row = Row(event.a);
-    const std::string storeID = row < 0 ? "B2" : control_->CellText(row, colStoreID);
+    std::string storeID = row < 0 ? "B2" : control_->CellText(row, colStoreID);
     std::string entryID = row < 0 ? "0001" : control_->CellText(row, colEntryID);
-    const std::string listID = row < 0 ? "" : control_->CellText(row, colAddressListID);
+    std::string listID = row < 0 ? "" : control_->CellText(row, colAddressListID);
     switch (event.b % 8) {
         case 0:  // under the other form of its identifier
             if (entryID.size() > 2) entryID.replace(0, 2, "EF");
@@ -194,13 +197,18 @@ void World::MakeItem(const Event& event) {
             break;
         case 2:
             return Keep(control_->CreateSelItem(event.c, "", entryID, "", ""));
-        case 3:
-            for (char& c : entryID) c = static_cast<char>(c >= 'A' && c <= 'F' ? c - 'A' + 'a' : c);
+        case 3:  // in other letters
+            entryID = OtherCase(entryID);
+            storeID = OtherCase(storeID);
+            listID = OtherCase(listID);
+            break;
+        case 4:
+            entryID = AnyText(event.a + event.c);
             break;
         default:
             break;
     }
-    Keep(control_->CreateSelItem(event.c, storeID, entryID, "EF01", listID));
+    Keep(control_->CreateSelItem(event.c, storeID, entryID, event.c % 2 ? "EF01" : AnyText(event.a), listID));
 }
 
 void World::DoItems(const Event& event) {
@@ -240,6 +248,9 @@ void World::DoItems(const Event& event) {
             auto item = std::make_shared<ForeignItem>();
             item->key = row < 0 || event.b % 3 == 0 ? "SX|Y" : control_->CellText(row, colKey);
             item->alternateKey = event.b % 3 == 0 && row >= 0 ? control_->CellText(row, colKey) : "";
+            if (event.b % 4 == 1) item->key = OtherCase(item->key);
+            if (event.b % 4 == 2) item->alternateKey = AnyText(event.a);
+            item->tellsTexts = event.c % 3 == 0;
             item->selected = event.c % 2 == 0;
             return Keep(item);
         }
@@ -247,10 +258,12 @@ void World::DoItems(const Event& event) {
             const int32_t row = Row(event.a);
             if (row < 0) return;
             const ObjectRef item =
-                event.b % 4 == 0
-                    ? control_->GetAdListItem(control_->CellText(row, colAddressListID), "")
-                    : control_->GetMsgItem(control_->CellText(row, colStoreID),
-                                           event.b % 4 == 1 ? "00EE" : control_->CellText(row, colEntryID));
+                event.b % 4 == 0   ? control_->GetAdListItem(control_->CellText(row, colAddressListID), "")
+                : event.b % 4 == 1 ? control_->GetMsgItem(control_->CellText(row, colStoreID), AnyText(event.c))
+                : event.b % 4 == 2
+                    ? control_->GetMsgItem(OtherCase(control_->CellText(row, colStoreID)),
+                                           OtherCase(control_->CellText(row, colEntryID)))
+                    : control_->GetMsgItem(control_->CellText(row, colStoreID), control_->CellText(row, colEntryID));
             Returned(item == nullptr ? "not found" : "found");
             return Keep(item);
         }
@@ -258,9 +271,11 @@ void World::DoItems(const Event& event) {
             const ObjectRef item = KeptItem(event.a);
             const ObjectRef collection = KeptCollection(event.b);
             if (item == nullptr || collection == nullptr) return;
-            std::string key = item->Get("Key").ToText();
+            std::string key = TextOf(item->Get("Key"));
             if (event.c % 16 == 1) key = "the host's own key";
             if (event.c % 16 == 2) key = "";
+            if (event.c % 16 == 3) key = AnyText(event.a + event.b);
+            if (event.c % 16 == 5) key = OtherCase(key);
             const automation::Collection items(collection);
             if (event.c % 4 == 0 && items.Count() > 0) return items.Add(item, key, 1 + event.c % items.Count());
             return items.Add(item, key);
@@ -312,7 +327,7 @@ void World::DoProvider(const Event& event) {
             folder->folderClass = event.b;
             // Now and then an identifier that another folder has already.
             folder->id = event.c == 0 && !folders.empty() ? any(event.b)->id : mail_->nextID++ % 0xF0;
-            folder->name = "Folder " + std::to_string(folder->id) + (event.b % 5 == 0 ? " \\ \xC3\xA9" : "");
+            folder->name = event.b % 3 == 0 ? AnyText(event.b + event.c) : "Folder " + std::to_string(folder->id);
             auto& siblings = any(event.a)->children;
             siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(Index(event.c, siblings.size() + 1)),
                             folder);
@@ -338,9 +353,9 @@ void World::DoProvider(const Event& event) {
         case Kind::ChangeFolder: {
             if (folders.empty()) return;
             MailFolder& folder = *folders[Index(event.a, folders.size())];
-            switch (event.b % 6) {
+            switch (event.b % 7) {
                 case 0:
-                    folder.name = event.c % 4 == 0 ? "" : "Renamed " + std::to_string(event.c);
+                    folder.name = event.c % 4 == 0 ? "Renamed " + std::to_string(event.a) : AnyText(event.a + event.c);
                     return;
                 case 1:
                     folder.folderClass = event.c;
@@ -353,6 +368,9 @@ void World::DoProvider(const Event& event) {
                     return;
                 case 4:
                     folder.hasShortID = event.c % 3 != 0;
+                    return;
+                case 5:
+                    folder.textID = event.c % 4 == 0 ? "" : AnyText(event.a + event.c);
                     return;
                 default:
                     folder.odd = {};
@@ -372,7 +390,8 @@ void World::DoProvider(const Event& event) {
                     odd.rowsPerCall = event.c % 4;
                     return;
                 case 3:
-                    odd.row = event.c % 5;
+                    odd.row = event.c % 6;
+                    odd.value = event.a;
                     return;
                 case 4:
                     odd.lowerBound = event.c % 3 - 1;
@@ -393,7 +412,7 @@ void World::DoProvider(const Event& event) {
         }
         case Kind::ChangeStore: {
             MailStore& store = *mail_->stores[Index(event.a, mail_->stores.size())];
-            switch (event.b % 4) {
+            switch (event.b % 6) {
                 case 0:
                     store.isDefault = event.c % 2 != 0;
                     return;
@@ -403,8 +422,14 @@ void World::DoProvider(const Event& event) {
                 case 2:
                     mail_->logonFails = event.c % 3 == 0;
                     return;
+                case 3:
+                    store.name = AnyText(event.a + event.c);
+                    return;
+                case 4:
+                    store.id = event.c % 2 ? AnyText(event.a + event.c) : OtherCase(store.id);
+                    return;
                 default:
-                    mail_->inbox = event.c % 2 ? "0001" : "";
+                    mail_->inbox = event.c % 3 == 0 ? AnyText(event.a) : event.c % 3 == 1 ? "0001" : "";
                     return;
             }
         }
@@ -413,8 +438,8 @@ void World::DoProvider(const Event& event) {
             MailList& list = *lists[Index(event.a, lists.size())];
             if (event.b % 4 == 0) list.countFails = event.c % 3;
             if (event.b % 4 == 1) list.deliverFails = event.c % 2 != 0;
-            if (event.b % 4 == 2) list.id = "E" + std::to_string(event.c % 5);
-            if (event.b % 4 == 3) list.name = "List " + std::to_string(event.c);
+            if (event.b % 4 == 2) list.id = event.c % 2 ? "E" + std::to_string(event.c % 5) : AnyText(event.c);
+            if (event.b % 4 == 3) list.name = AnyText(event.a + event.c);
             return;
         }
         default:

@@ -171,6 +171,18 @@ TEST_F(BulkSelection, SelectByTypeUnticksRowsThatHaveNoItem) {
     EXPECT_EQ(Cell("Zoo", colIndex), " ");
 }
 
+TEST_F(BulkSelection, SelectByTypeKeepsTheTickOfASecondRowOfAnItemThatItCompletes) {
+    const auto collection = HandOver({});
+    // The host's item has the other form of the identifier, and takes over the row's when it is completed.
+    AddItem(*collection, HostItem("B2", "EF12"));
+    Grid().SetCellText(Row("People"), colKey, Cell("Zoo", colKey));
+    Grid().SetCellText(Row("People"), colSel, "-1");
+    control->SelectByType(FTITaskItem, false);
+    EXPECT_EQ(KeysOf(collection)[0], Cell("Zoo", colKey));
+    EXPECT_TRUE(IsTicked(Grid(), Row("Zoo")));
+    EXPECT_TRUE(IsTicked(Grid(), Row("People")));
+}
+
 TEST_F(BulkSelection, SelectByTypeTicksTheItemsThatItMakes) {
     const auto collection = HandOver({});
     control->SelectByType(FTITaskItem, false);
