@@ -534,7 +534,7 @@ TEST_F(GestureTest, OnAnEmptyOrDisabledGridGesturesDoNothing) {
 }
 
 TEST(RowActs, ATickIsFlippedWithoutAQuestion) {
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     grid.SetRowCount(2);
     FlipTick(grid, 1);
     EXPECT_EQ(grid.CellText(1, colSel), "-1");
@@ -543,7 +543,7 @@ TEST(RowActs, ATickIsFlippedWithoutAQuestion) {
 }
 
 TEST(RowActs, ALeafTurnsAsWell) {
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     grid.SetRowCount(2);
     Events events(grid);
     EXPECT_TRUE(TurnNode(grid, events, 1, OtherNodeState(grid, 1)));
