@@ -228,7 +228,7 @@ TEST(ComFaceWithoutMemory, ABagIsWrittenAndReadAsFarAsThereIsMemory) {
         ChangeSettings(control);
         ASSERT_EQ(As<IPersistPropertyBag>(control)->Save(bag.Get(), TRUE, FALSE), S_OK);
     }
-    // The bag keeps the module's own objects out: its values are plain, and the font is the system's.
+    // The bag is an object of this module too, and stays through all runs: it must not count as one left over.
     automation::UnlockModule();
     TryWithoutMemory("load from a bag", nothing,
                      [&](const Control& control) { As<IPersistPropertyBag>(control)->Load(bag.Get(), nullptr); });
