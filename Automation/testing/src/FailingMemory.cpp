@@ -79,9 +79,9 @@ int64_t LiveAllocations() {
     return live;
 }
 
-int64_t FailEachAllocation(bool andAllAfter, const std::function<bool(const MemoryPlan&)>& run) {
+int64_t FailEachAllocation(bool andAllAfter, const std::function<bool(const MemoryPlan&)>& run, int64_t step) {
     int64_t failures = 0;
-    while (run({failures + 1, andAllAfter})) ++failures;
+    while (run({1 + failures * step, andAllAfter})) ++failures;
     return failures;
 }
 

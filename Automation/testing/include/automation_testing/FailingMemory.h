@@ -43,7 +43,8 @@ int64_t LiveAllocations();
 
 /// Runs a scenario again and again, its n-th allocation failing in the n-th run, until a run in which none did; returns
 /// how many runs saw a failure. `run` prepares, acts within a FailingMemory(plan), compares what is left, and returns
-/// whether anything was refused. `andAllAfter` as in MemoryPlan. Every run must ask for memory in the same order.
-int64_t FailEachAllocation(bool andAllAfter, const std::function<bool(const MemoryPlan&)>& run);
+/// whether anything was refused. `andAllAfter` as in MemoryPlan. Every run must ask for memory in the same order. With
+/// a `step` above 1 only the 1st, the (1 + step)-th … fail, a sample of a scenario that takes long.
+int64_t FailEachAllocation(bool andAllAfter, const std::function<bool(const MemoryPlan&)>& run, int64_t step = 1);
 
 }  // namespace automation::testing
