@@ -46,7 +46,8 @@ struct Date {
 struct Array {
     int32_t lowerBound = 0;
     std::vector<Value> items;
-    int32_t UpperBound() const;
+    /// Beyond 32 bits where bounds and items do not fit together, as in an empty array that starts at the least number.
+    int64_t UpperBound() const;
 };
 
 /// A one-dimensional array of bytes (VT_ARRAY|VT_UI1).
@@ -124,8 +125,8 @@ class Value {
     Storage data_;
 };
 
-inline int32_t Array::UpperBound() const {
-    return lowerBound + static_cast<int32_t>(items.size()) - 1;
+inline int64_t Array::UpperBound() const {
+    return lowerBound + static_cast<int64_t>(items.size()) - 1;
 }
 
 }  // namespace automation
