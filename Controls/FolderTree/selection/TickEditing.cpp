@@ -100,14 +100,22 @@ void TickEditing::AfterNumber(int32_t row) {
 void TickEditing::MoveItemOf(CollectionPass& pass, int32_t row) {
     const SelItem item(selection_.CreateSelItemFromRow(row));
     const std::string key = item.Key();
-    selection_.RemoveSelItemByKey(key);
+    const SelItem old = selection_.RemoveSelItemByKey(key);
+    auto error = Attempt([&] { AddByNumber(pass, item, key); });
+    if (!error) return;
+    // The new item could not be made room for; the old one must not get lost with it.
+    if (old && error->Number() == automation::errors::outOfMemory) AddByNumber(pass, old, key);
+    throw automation::Error(std::move(*error));
+}
 
+void TickEditing::AddByNumber(CollectionPass& pass, const SelItem& item, const std::string& key) {
+    const int32_t index = item.Index();
     std::optional<int32_t> before;
     CollectionPass::Walk walk(pass);
     SelItem other;
     // Only a higher number is passed, so a number equal to an existing one lands behind that item.
     while (!before && walk.Next(other))
-        if (other.Index() > item.Index()) before = walk.Position();
+        if (other.Index() > index) before = walk.Position();
     pass.Add(item, key, before);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "common/ControlContext.h"
 #include "common/RowWalk.h"
@@ -31,6 +32,7 @@ class TickEditing {
     void AfterNumber(int32_t row);
     /// Puts the row's item where its number says.
     void MoveItemOf(CollectionPass& pass, int32_t row);
+    void AddByNumber(CollectionPass& pass, const SelItem& item, const std::string& key);
     void TraceChange(RowHandle row);
     int32_t Require(RowHandle row) const { return RequireRow(context_.grid, row); }
     void ToggleNode(RowHandle row);
