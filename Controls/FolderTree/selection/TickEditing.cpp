@@ -29,14 +29,15 @@ void TickEditing::fgd_AfterEdit(int32_t row, int32_t col) {
         if (context_.state.gridBusy) return;
         view_.MarkSelection(row);
         if (col == colSel)
-            AfterTick(context_.grid.HandleOf(row));
+            AfterTick(row);
         else if (col == colIndex && context_.state.Indexing())
             AfterNumber(row);
     });
 }
 
-void TickEditing::AfterTick(RowHandle row) {
-    const bool ticked = context_.grid.CellValue(Require(row), colSel) != 0;
+void TickEditing::AfterTick(int32_t number) {
+    const RowHandle row = context_.grid.HandleOf(number);
+    const bool ticked = context_.grid.CellValue(number, colSel) != 0;
     selection_.pickedInTree = false;
     // Also when another collection is assigned meanwhile, the user has ticked, and the host is told.
     RunPass(selection_, [&](CollectionPass& pass) {
@@ -53,7 +54,7 @@ void TickEditing::AfterTick(RowHandle row) {
         view_.ReIndex();
     });
     context_.RaiseChanged();
-    TraceChange(row);
+    TraceChange(number);
 }
 
 void TickEditing::TickInCollection(CollectionPass& pass, RowHandle row) {
@@ -119,10 +120,10 @@ void TickEditing::AddByNumber(CollectionPass& pass, const SelItem& item, const s
     pass.Add(item, key, before);
 }
 
-void TickEditing::TraceChange(RowHandle handle) {
+// By number: these lines have always told of the row that stands there when the host has had its event.
+void TickEditing::TraceChange(int32_t row) {
     const TreeGrid& grid = context_.grid;
     context_.Trace("Selection changed on");
-    const int32_t row = Require(handle);
     context_.Trace("  ", grid.CellText(row, colPath));
     context_.Trace(" SID = ", grid.CellText(row, colStoreID));
     context_.Trace(" EID = ", grid.CellText(row, colEntryID));
