@@ -30,6 +30,11 @@ std::optional<automation::Error> Attempt(Body&& body) {
     }
 }
 
+/// Lets an error for lack of memory go on, where any other is an answer: it tells nothing of what was asked.
+inline void ThrowIfOutOfMemory(std::optional<automation::Error>& error) {
+    if (error && error->Number() == automation::errors::outOfMemory) throw automation::Error(std::move(*error));
+}
+
 /// Runs the body of one of the control's procedures. An error writes the procedure's one trace line through `tracer`
 /// (its TraceError) and ends here. Returns whether the body ran to its end; what it stored until then stays.
 template <class Tracer, class Body>

@@ -50,11 +50,12 @@ void CollectionPass::TakeOut(Places places) {
 bool CollectionPass::IsThere(const Place& place) const {
     bool there = false;
     // A position that is not there any more is an answer, not an error.
-    Attempt([&] {
+    auto error = Attempt([&] {
         const SelItem now(Collection(collection_).Item(place.position));
         there = now.Ref() == place.item.Ref() ||
                 (MayBeSame(now, place.item) && automation::EqualNoCase(now.Key(), place.item.Key()));
     });
+    ThrowIfOutOfMemory(error);
     return there;
 }
 

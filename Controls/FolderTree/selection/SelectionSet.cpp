@@ -22,13 +22,14 @@ SelItem SelectionSet::GetSelItemByKey(std::string_view key) {
     const CollectionPass pass(*this);
     SelItem item;
     // No such key and no collection are answers here, not errors.
-    Attempt([&] { item = SelItem(Collection(collection).Item(key)); });
+    auto error = Attempt([&] { item = SelItem(Collection(collection).Item(key)); });
     pass.ThrowIfEnded();
+    ThrowIfOutOfMemory(error);
     return item;
 }
 
-bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
-    bool removed = false;
+SelItem SelectionSet::RemoveSelItemByKey(std::string_view key) {
+    SelItem removed;
     Guarded(context_, errorLines::removeSelItemByKey, [&] {
         CollectionPass pass(*this);
         if (!pass.HasCollection()) return;
@@ -37,7 +38,7 @@ bool SelectionSet::RemoveSelItemByKey(std::string_view key) {
         while (!removed && walk.Next(item)) {
             if (!automation::EqualNoCase(item.Key(), key)) continue;
             pass.TakeOut({{walk.Position(), item}});
-            removed = true;
+            removed = item;
         }
     });
     return removed;
@@ -69,7 +70,7 @@ const SharedText& SelectionSet::SharedStoreID(std::string_view storeID) {
 
 ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
     const ItemRef item = std::make_shared<clsFolderTreeItem>();
-    Guarded(context_, errorLines::createSelItemFromRow, [&] {
+    auto error = Attempt([&] {
         const TreeGrid& grid = context_.grid;
         const auto number = [&](int col) { return automation::RoundToLong(grid.CellValue(row, col)); };
         item->SetName(grid.CellText(row, colName));
@@ -84,6 +85,9 @@ ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
         item->SetSelected(grid.CellValue(row, colSel) != 0);
         item->SetFolderRecID(number(colFolderRecID));
     });
+    // A cell that makes no sense costs the cells behind it; without memory there is no item at all.
+    ThrowIfOutOfMemory(error);
+    if (error) context_.TraceError(errorLines::createSelItemFromRow, *error);
     return item;
 }
 

@@ -25,11 +25,13 @@ class SelectionSet {
 
     // These three throw PassEnded where the host assigns another collection meanwhile.
     SelItem GetSelItemByKey(std::string_view key);
-    bool RemoveSelItemByKey(std::string_view key);
+    /// Takes out the first item with that key and returns it; a null one when there is none.
+    SelItem RemoveSelItemByKey(std::string_view key);
     /// The largest Index in the collection, never below 0.
     int32_t GetHighIndex();
     /// The number behind `high`. Throws Error 6: a host may have given an item the largest number there is.
     static int32_t NextIndex(int32_t high);
+    /// An error in a cell is told in one line, and leaves out the cells behind it. Throws when memory runs out.
     ItemRef CreateSelItemFromRow(int32_t row);
     ItemRef CreateSelItem(int32_t lFolderRecID, std::string_view sStoreID, std::string_view sEntryID,
                           std::string_view sEntryIDShort, std::string_view sAdListID);

@@ -154,8 +154,11 @@ void SelectionView::ReadTicks(CollectionPass& pass) {
     const TreeGrid& grid = context_.grid;
     ForEachRow(grid, [&](int32_t row) {
         if (!context_.state.multiSelect || grid.CellValue(row, colSel) == 0) return;
-        // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it.
-        Guarded(context_, errorLines::refreshSelection, [&] { insertion.InsertRow(row, grid); });
+        // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it. Where
+        // memory runs out the reading ends, and the next one starts anew from the ticks.
+        auto error = Attempt([&] { insertion.InsertRow(row, grid); });
+        ThrowIfOutOfMemory(error);
+        if (error) context_.TraceError(errorLines::refreshSelection, *error);
     });
     pass.ThrowIfEnded();
     selection_.dirty = false;

@@ -29,14 +29,15 @@ void TickEditing::fgd_AfterEdit(int32_t row, int32_t col) {
         if (context_.state.gridBusy) return;
         view_.MarkSelection(row);
         if (col == colSel)
-            AfterTick(context_.grid.HandleOf(row));
+            AfterTick(row);
         else if (col == colIndex && context_.state.Indexing())
             AfterNumber(row);
     });
 }
 
-void TickEditing::AfterTick(RowHandle row) {
-    const bool ticked = context_.grid.CellValue(Require(row), colSel) != 0;
+void TickEditing::AfterTick(int32_t number) {
+    const RowHandle row = context_.grid.HandleOf(number);
+    const bool ticked = context_.grid.CellValue(number, colSel) != 0;
     selection_.pickedInTree = false;
     // Also when another collection is assigned meanwhile, the user has ticked, and the host is told.
     RunPass(selection_, [&](CollectionPass& pass) {
@@ -53,7 +54,7 @@ void TickEditing::AfterTick(RowHandle row) {
         view_.ReIndex();
     });
     context_.RaiseChanged();
-    TraceChange(row);
+    TraceChange(number);
 }
 
 void TickEditing::TickInCollection(CollectionPass& pass, RowHandle row) {
@@ -100,21 +101,29 @@ void TickEditing::AfterNumber(int32_t row) {
 void TickEditing::MoveItemOf(CollectionPass& pass, int32_t row) {
     const SelItem item(selection_.CreateSelItemFromRow(row));
     const std::string key = item.Key();
-    selection_.RemoveSelItemByKey(key);
+    const SelItem old = selection_.RemoveSelItemByKey(key);
+    auto error = Attempt([&] { AddByNumber(pass, item, key); });
+    if (!error) return;
+    // The new item could not be made room for; the old one must not get lost with it.
+    if (old && error->Number() == automation::errors::outOfMemory) AddByNumber(pass, old, key);
+    throw automation::Error(std::move(*error));
+}
 
+void TickEditing::AddByNumber(CollectionPass& pass, const SelItem& item, const std::string& key) {
+    const int32_t index = item.Index();
     std::optional<int32_t> before;
     CollectionPass::Walk walk(pass);
     SelItem other;
     // Only a higher number is passed, so a number equal to an existing one lands behind that item.
     while (!before && walk.Next(other))
-        if (other.Index() > item.Index()) before = walk.Position();
+        if (other.Index() > index) before = walk.Position();
     pass.Add(item, key, before);
 }
 
-void TickEditing::TraceChange(RowHandle handle) {
+// By number: these lines have always told of the row that stands there when the host has had its event.
+void TickEditing::TraceChange(int32_t row) {
     const TreeGrid& grid = context_.grid;
     context_.Trace("Selection changed on");
-    const int32_t row = Require(handle);
     context_.Trace("  ", grid.CellText(row, colPath));
     context_.Trace(" SID = ", grid.CellText(row, colStoreID));
     context_.Trace(" EID = ", grid.CellText(row, colEntryID));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "common/ControlContext.h"
 #include "common/RowWalk.h"
@@ -24,14 +25,15 @@ class TickEditing {
     void fgd_DblClick();
 
   private:
-    void AfterTick(RowHandle row);
+    void AfterTick(int32_t number);
     void TickInCollection(CollectionPass& pass, RowHandle row);
     void UntickInCollection(int32_t row);
     void TickAlone(int32_t row);
     void AfterNumber(int32_t row);
     /// Puts the row's item where its number says.
     void MoveItemOf(CollectionPass& pass, int32_t row);
-    void TraceChange(RowHandle row);
+    void AddByNumber(CollectionPass& pass, const SelItem& item, const std::string& key);
+    void TraceChange(int32_t row);
     int32_t Require(RowHandle row) const { return RequireRow(context_.grid, row); }
     void ToggleNode(RowHandle row);
 
