@@ -68,7 +68,12 @@ uint64_t HashText(std::string_view text) {
 }
 
 size_t CaselessHash::operator()(std::string_view text) const {
-    return static_cast<size_t>(IsAscii(text) ? HashText(text) : HashText(FoldCase(text)));
+    if (IsAscii(text)) return static_cast<size_t>(HashText(text));
+    // Character by character, so that nothing is folded aside: a hash is wanted where memory has run out, too.
+    uint64_t state = multiplier;
+    for (size_t position = 0; position < text.size();)
+        state = std::rotl(state ^ FoldCharacter(NextCharacter(text, position)), 29) * multiplier;
+    return static_cast<size_t>(MixHash(state));
 }
 
 }  // namespace automation

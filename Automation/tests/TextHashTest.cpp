@@ -7,6 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "automation_testing/FailingMemory.h"
+
 namespace automation {
 namespace {
 
@@ -44,6 +46,13 @@ TEST(TextHash, KnowsAsciiAtEveryPlace) {
             text[at] = 'z';
         }
     }
+}
+
+TEST(CaselessHash, NeedsNoMemory) {
+    const std::string text = std::string(200, 'A') + "\xC3\x84\xFF" + std::string(200, 'B');
+    const testing::FailingMemory memory;
+    CaselessHash()(text);
+    EXPECT_EQ(memory.Asked(), 0);
 }
 
 TEST(CaselessHash, IsEqualForTextsThatDifferInCaseOnly) {

@@ -18,7 +18,7 @@ uint64_t HashText(std::string_view text);
 uint64_t MixHash(uint64_t state);
 
 /// Equal for texts that are equal without regard to case, in all scripts. With CaselessEqual, for hashed containers
-/// that are searched by a view, without a copy of the text.
+/// that are searched by a view, without a copy of the text. Needs no memory.
 struct CaselessHash {
     using is_transparent = void;
     size_t operator()(std::string_view text) const;

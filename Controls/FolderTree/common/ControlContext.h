@@ -21,7 +21,7 @@ class ControlContext {
     ControlContext(ControlPlatform& platform, automation::ObjectFactory& factory);
 
     ControlState state;
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
 
     ControlPlatform& Platform() { return *platform_; }
     automation::ObjectFactory& Factory() { return *factory_; }

@@ -1,7 +1,10 @@
-// GridColumns: the 14 columns of the tree grid and the texts that mark the kinds of rows.
+// GridColumns: the 14 columns of the tree, what they mean to the grid, and the texts that mark the kinds of rows.
 #pragma once
 
 #include <string_view>
+
+#include "rows/GridSchema.h"
+#include "rows/Pictures.h"
 
 namespace foldertree {
 
@@ -21,6 +24,18 @@ enum GridColumn : int {
     colPath = 12,           // folder path
     colKey = 13,            // "S" & store & "|" & entry, or "L" & address list
     gridColumnCount = 14,
+};
+
+/// What a row says of itself is its own; what says where it belongs is the same for many rows.
+inline constexpr GridSchema folderSchema{
+    .columns = gridColumnCount,
+    .box = colSel,
+    .number = colIndex,
+    .outline = colName,
+    .key = colKey,
+    .ownTexts = ColumnBits(colName, colEntryID, colEntryIDShort, colPath, colKey),
+    .keyParts = {.prefix = 'S', .start = colStoreID, .separator = '|', .end = colEntryID},
+    .pictures = pictureCount - 1,
 };
 
 /// Writers use these spellings; readers compare without regard to case.

@@ -11,26 +11,26 @@ using automation::HashText;
 
 namespace {
 
-uint64_t HashParts(std::string_view key) {
-    const size_t bar = key.find('|');
+uint64_t HashParts(std::string_view key, char separator) {
+    const size_t bar = key.find(separator);
     if (bar == key.npos) return HashText(key);
     return JoinKeyHash(HashKeyStart(key.substr(0, bar)), HashText(key.substr(bar + 1)));
 }
 
 }  // namespace
 
-uint64_t HashKeyStart(std::string_view start) {
-    constexpr size_t enough = 128;
-    return HashText(start.size() > enough ? start.substr(start.size() - enough) : start);
+uint64_t HashKeyStart(std::string_view start) noexcept {
+    return HashText(start.size() > keyStartBytes ? start.substr(start.size() - keyStartBytes) : start);
 }
 
-uint64_t JoinKeyHash(uint64_t start, uint64_t rest) {
+uint64_t JoinKeyHash(uint64_t start, uint64_t rest) noexcept {
     return automation::MixHash(std::rotl(start, 29) ^ rest);
 }
 
-uint64_t HashKey(std::string_view key) {
-    if (automation::IsAscii(key)) return HashParts(key);
-    return HashParts(automation::FoldCase(key));
+uint64_t HashKey(std::string_view key, char separator) noexcept {
+    // No character beyond ASCII folds to an ASCII one, so the two kinds of keys never are equal.
+    if (automation::IsAscii(key)) return HashParts(key, separator);
+    return automation::CaselessHash()(key);
 }
 
 }  // namespace foldertree

@@ -21,7 +21,7 @@ void Outline::ScanThroughRow(int32_t row) {
     while (scanned_ <= end && rows_.First() < rows_.Count()) ScanOne();
 }
 
-void Outline::Invalidate(int32_t row) {
+void Outline::Invalidate(int32_t row) noexcept {
     if (row >= scanned_) return;
     visible_.erase(std::lower_bound(visible_.begin(), visible_.end(), row), visible_.end());
     hiding_.reset();

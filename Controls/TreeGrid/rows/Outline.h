@@ -24,13 +24,13 @@ class OutlineRows {
 
 /// The rows that are not inside a closed node: those behind it that lie deeper, up to the next that does not. The list
 /// is worked out from the top and only as far as it is asked for; a change invalidates it from its row on, so appended
-/// rows extend it. The rows must outlive it.
+/// rows extend it. The rows must outlive it. Only looking asks for memory; when there is none, it can be done again.
 class Outline {
   public:
     explicit Outline(const OutlineRows& rows) : rows_(rows) {}
 
     /// The row's level or state changed, or rows were inserted or removed from it on. Appending rows needs no call.
-    void Invalidate(int32_t row);
+    void Invalidate(int32_t row) noexcept;
 
     int32_t VisibleCount();
     /// The row number of the visible row at a 0-based position; nothing beyond the last.

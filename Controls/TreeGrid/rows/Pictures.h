@@ -1,4 +1,4 @@
-// Pictures: the control's picture holders. A picture is a number here; the window knows what it looks like.
+// Pictures: the control's picture holders. A picture is a number to the grid; the window knows what it looks like.
 #pragma once
 
 #include <array>

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "rows/ReserveOne.h"
+
 namespace foldertree {
 
 bool RowSequence::Holds(size_t rank, int32_t number) const {
@@ -82,7 +84,7 @@ void RowSequence::Insert(int32_t number, RowId row) {
     Outdate(rank + 1);
 }
 
-void RowSequence::Remove(int32_t number) {
+void RowSequence::Remove(int32_t number) noexcept {
     const size_t rank = RankAt(number);
     Slot& slot = slots_[rank];
     RowId* const place = ChunkAt(rank).rows + (number - slot.first);
@@ -97,22 +99,27 @@ void RowSequence::Remove(int32_t number) {
     }
 }
 
+/// Asks for all its memory first, so that it adds a chunk or changes nothing.
 void RowSequence::AddChunk(size_t rank) {
+    auto chunk = std::make_unique<Chunk>();
+    ReserveOne(slots_);
     ChunkId id;
     if (freeChunks_.empty()) {
+        ReserveOne(chunks_);
+        freeChunks_.reserve(chunks_.capacity());  // so that a chunk can be given up without asking for memory
         id = static_cast<ChunkId>(chunks_.size());
-        chunks_.push_back(std::make_unique<Chunk>());
+        chunks_.push_back(std::move(chunk));
     } else {
         id = freeChunks_.back();
-        chunks_[id] = std::make_unique<Chunk>();
         freeChunks_.pop_back();
+        chunks_[id] = std::move(chunk);
     }
     slots_.insert(slots_.begin() + static_cast<ptrdiff_t>(rank), Slot{id, 0, 0});
     for (size_t each = rank; each < slots_.size(); ++each) ChunkAt(each).rank = static_cast<uint32_t>(each);
     Outdate(rank);
 }
 
-void RowSequence::DropChunk(size_t rank) {
+void RowSequence::DropChunk(size_t rank) noexcept {
     const ChunkId id = slots_[rank].chunk;
     freeChunks_.push_back(id);
     chunks_[id].reset();
@@ -121,7 +128,7 @@ void RowSequence::DropChunk(size_t rank) {
     Outdate(rank);
 }
 
-void RowSequence::Move(Chunk& from, int32_t start, int32_t count, size_t toRank) {
+void RowSequence::Move(Chunk& from, int32_t start, int32_t count, size_t toRank) noexcept {
     Slot& target = slots_[toRank];
     RowId* const place = ChunkAt(toRank).rows + target.size;
     std::memcpy(place, from.rows + start, static_cast<size_t>(count) * sizeof(RowId));
@@ -136,7 +143,7 @@ void RowSequence::Split(size_t rank) {
     slots_[rank].size = kept;
 }
 
-void RowSequence::JoinWithNext(size_t rank) {
+void RowSequence::JoinWithNext(size_t rank) noexcept {
     Move(ChunkAt(rank + 1), 0, slots_[rank + 1].size, rank);
     DropChunk(rank + 1);
 }

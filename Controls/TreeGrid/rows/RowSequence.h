@@ -21,9 +21,10 @@ class RowSequence {
     /// Whether row a stands before row b. Needs no number, so it costs the same while numbers are out of date.
     bool Precedes(RowId a, RowId b) const;
 
-    /// Puts a row that is not in the list before the row that now has the number; with number Count(), at the end.
+    /// Puts a row that is not in the list before the row that now has the number; with number Count(), at the end. When
+    /// memory runs out, nothing has changed.
     void Insert(int32_t number, RowId row);
-    void Remove(int32_t number);
+    void Remove(int32_t number) noexcept;
 
     size_t MemoryUse() const;
 
@@ -49,14 +50,14 @@ class RowSequence {
     const Chunk& ChunkAt(size_t rank) const { return *chunks_[slots_[rank].chunk]; }
     int32_t PositionIn(const Chunk& chunk, int32_t size, RowId row) const;
     void AddChunk(size_t rank);
-    void DropChunk(size_t rank);
+    void DropChunk(size_t rank) noexcept;
     void Split(size_t rank);
-    void JoinWithNext(size_t rank);
-    void Move(Chunk& from, int32_t start, int32_t count, size_t toRank);
+    void JoinWithNext(size_t rank) noexcept;
+    void Move(Chunk& from, int32_t start, int32_t count, size_t toRank) noexcept;
 
     std::vector<std::unique_ptr<Chunk>> chunks_;  ///< by id
-    std::vector<ChunkId> freeChunks_;
-    mutable std::vector<Slot> slots_;  ///< the chunks in their order
+    std::vector<ChunkId> freeChunks_;             ///< has room for every chunk's id
+    mutable std::vector<Slot> slots_;             ///< the chunks in their order
     mutable size_t numbered_ = 0;
     mutable size_t finger_ = 0;     ///< the slot that was used last
     std::vector<ChunkId> chunkOf_;  ///< by row id

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "rows/GridColumns.h"
+#include "rows/GridSchema.h"
 #include "rows/KeyIndex.h"
 #include "rows/RowHandle.h"
 #include "rows/RowSequence.h"
@@ -19,16 +19,17 @@
 
 namespace foldertree {
 
-/// Rows by number and by identity; the caller passes numbers, ids and columns that exist. A row's own texts (name,
-/// path, identifiers) lie in an arena, the cells that rows share (kind, type, store ...) are numbers of pooled texts,
-/// and a key that can be put together from the row's identifiers is not stored at all.
+/// Rows by number and by identity; the caller passes numbers, ids and columns that exist. A row's own texts lie in an
+/// arena, those that rows share are numbers of pooled texts, and a key that can be put together from other cells is not
+/// stored at all; the schema tells which is which.
+/// A member that fails, for want of memory too, has changed nothing. Removing rows needs no memory.
 class RowStore {
   public:
     /// More rows than this are refused as out of memory; the rows alone would take 3 GB.
     static constexpr int32_t maxCount = 0x02000000;
 
     /// `number` tells this store from the others that the same grid has had: handles of one mean nothing to another.
-    explicit RowStore(uint32_t number) : number_(number) {}
+    RowStore(const GridSchema& schema, uint32_t number) : schema_(schema), number_(number) {}
     RowStore(const RowStore&) = delete;
     RowStore& operator=(const RowStore&) = delete;
 
@@ -44,12 +45,12 @@ class RowStore {
     /// A new, empty row before the row that now has the number; with number Count(), at the end.
     /// Throws automation::Error 0x8007000E beyond maxCount.
     RowId Insert(int32_t number);
-    void Remove(int32_t number);
+    void Remove(int32_t number) noexcept;
     /// Adds a copy of another store's row at the end.
     void AppendCopy(const RowStore& from, RowId row);
 
     std::string Text(RowId row, int col) const;
-    /// The text of any cell but colKey's, valid until the store changes.
+    /// The text of any cell but the key's, valid until the store changes.
     std::string_view View(RowId row, int col) const;
     /// False when the cell has this text already. The text may be a view of this store.
     bool SetText(RowId row, int col, std::string_view text);
@@ -59,22 +60,20 @@ class RowStore {
     int32_t Find(std::string_view text, int32_t start, int col) const;
 
     const RowStyle& Style(RowId row) const { return styles_[Record(row).style]; }
-    /// False when the row looks like that already.
-    bool ChangeStyle(RowId row, const StyleChange& change);
+    /// Changes the looks of the rows from a number to another one. False when they look like that already.
+    bool ChangeStyles(int32_t first, int32_t last, const StyleChange& change);
 
     int16_t Level(RowId row) const { return Record(row).level; }
     void SetLevel(RowId row, int16_t level) { Record(row).level = level; }
     bool IsNode(RowId row) const { return Has(row, isNode); }
-    void SetIsNode(RowId row, bool on) { Set(row, isNode, on); }
+    void SetIsNode(RowId row, bool on) { SetFlag(Record(row), isNode, on); }
     bool IsCollapsed(RowId row) const { return Has(row, isCollapsed); }
-    void SetIsCollapsed(RowId row, bool on) { Set(row, isCollapsed, on); }
+    void SetIsCollapsed(RowId row, bool on) { SetFlag(Record(row), isCollapsed, on); }
 
     size_t MemoryUse() const;
     size_t OwnTextBytes() const { return ownTexts_.LiveBytes(); }
 
   private:
-    static constexpr int pooledCells = 9;
-    static constexpr int ownCells = 5;
     enum Flag : uint16_t { isNode = 1, isCollapsed = 2, keyIsDerived = 4 };
     // The rest of the flags' word counts the rows that have had the record. A record whose count is full is not used
     // again, so no handle ever names a later row.
@@ -83,8 +82,7 @@ class RowStore {
 
     /// One cache line a row.
     struct RowRecord {
-        TextPool::Id pooled[pooledCells] = {};
-        TextArena::Ref own[ownCells] = {};
+        uint32_t cells[GridSchema::maxColumns] = {};  ///< TextArena::Ref of an own text, TextPool::Id of a shared one
         RowStyles::Id style = 0;
         int16_t level = 0;
         uint16_t flags = 0;
@@ -96,43 +94,71 @@ class RowStore {
     const RowRecord& Record(RowId row) const { return blocks_[row / recordsPerBlock][row % recordsPerBlock]; }
     static uint16_t Generation(const RowRecord& record) { return record.flags >> generationShift; }
     bool Has(RowId row, Flag flag) const { return (Record(row).flags & flag) != 0; }
-    void Set(RowId row, Flag flag, bool on);
-    RowId TakeRecord();
-    void GiveBackRecord(RowId row);
+    static void SetFlag(RowRecord& record, Flag flag, bool on);
+    RowId NextRecord();
+    void TakeRecord(RowId row) noexcept;
+    void GiveBackRecord(RowId row) noexcept;
 
-    bool SetPooled(RowRecord& record, int col, std::string_view text);
+    bool SetShared(RowRecord& record, int col, std::string_view text);
     bool SetOwn(RowRecord& record, int col, std::string_view text);
-    void ReplaceOwn(TextArena::Ref& ref, std::string_view text);
     bool SetKey(RowId row, std::string_view text);
-    void KeepKey(RowRecord& record, int col);
-    void CompactOwnTexts();
+    void StoreKey(RowRecord& record);
+    void CompactOwnTexts() noexcept;
+    void CopyOwnTexts();
 
-    const PooledText& StoreOf(const RowRecord& record) const;
-    std::string_view EntryOf(const RowRecord& record) const;
+    uint32_t& Cell(RowRecord& record, int col) const { return record.cells[static_cast<size_t>(col)]; }
+    uint32_t Cell(const RowRecord& record, int col) const { return record.cells[static_cast<size_t>(col)]; }
+    const PooledText& KeyStart(const RowRecord& record) const { return pool_[Cell(record, schema_.keyParts.start)]; }
+    std::string_view KeyEnd(const RowRecord& record) const {
+        return ownTexts_.View(Cell(record, schema_.keyParts.end));
+    }
+    std::string_view StoredKey(const RowRecord& record) const { return ownTexts_.View(Cell(record, schema_.key)); }
+    static bool IsDerived(const RowRecord& record) { return (record.flags & keyIsDerived) != 0; }
+    std::optional<uint64_t> KeyStartHash(const RowRecord& record) const;
     bool HasKey(const RowRecord& record) const;
     std::string KeyOf(const RowRecord& record) const;
-    bool IsDerivedKey(const RowRecord& record, std::string_view text) const;
+    bool CanDerive(const RowRecord& record, std::string_view text) const;
+    bool IsMadeOfParts(const RowRecord& record, std::string_view text) const;
     bool KeyIs(const RowRecord& record, std::string_view text) const;
     bool KeyEquals(const RowRecord& record, std::string_view text) const;
     bool KeysEqual(const RowRecord& a, const RowRecord& b) const;
-    uint32_t HashOfKey(const RowRecord& record) const;
-    void EnterKey(RowId row);
-    void WithdrawKey(RowId row);
+    uint32_t HashOfKey(const RowRecord& record) const noexcept;
+    void IndexKey(RowId row, const RowRecord& now, const RowRecord& then);
     int32_t FindKey(std::string_view text, int32_t start) const;
     int32_t Scan(std::string_view text, int32_t start, int col) const;
 
     static constexpr RowId noRow = UINT32_MAX;
 
-    uint32_t number_;
+    const GridSchema schema_;
+    const uint32_t number_;
     std::vector<std::unique_ptr<RowRecord[]>> blocks_;
-    RowId freeRow_ = noRow;  ///< the first record to use again; the first cell of each names the next
+    RowId freeRow_ = noRow;  ///< the first record to use again; the style of each names the next
     RowId nextRow_ = 0;
     RowSequence order_;
     TextArena ownTexts_;
+    size_t nextCompaction_ = 0;  ///< so many dropped bytes must there be before compacting is tried again
     TextPool pool_;
-    TextPool::Id lastPooled_[pooledCells] = {};  ///< the text that was written last in each column; holds a reference
+    TextPool::Id lastPooled_[GridSchema::maxColumns] =
+        {};  ///< the text that was written last in each column; holds a reference
     RowStyles styles_;
     KeyIndex keys_{order_};
+};
+
+/// Rows that are put in one behind the other for something that may yet fail: removed again unless they are kept.
+class NewRows {
+  public:
+    NewRows(RowStore& store, int32_t first) : store_(store), first_(first), next_(first) {}
+    ~NewRows();
+    NewRows(const NewRows&) = delete;
+    NewRows& operator=(const NewRows&) = delete;
+
+    RowId Insert();
+    void Keep() noexcept { first_ = next_; }
+
+  private:
+    RowStore& store_;
+    int32_t first_;
+    int32_t next_;
 };
 
 }  // namespace foldertree

@@ -17,7 +17,7 @@ uint64_t ColorBits(const std::optional<OleColor>& color) {
 void Apply(CellLook& look, const StyleChange& change) {
     switch (static_cast<CellSetting>(change.setting)) {
         case CellSetting::Picture:
-            look.picture = static_cast<Picture>(change.value);
+            look.picture = static_cast<PictureNumber>(change.value);
             break;
         case CellSetting::PictureAlignment:
             look.pictureAlignment = static_cast<uint8_t>(change.value);
@@ -49,7 +49,7 @@ uint64_t RowStyle::Hash(const RowStyle& style) {
     for (const CellLook& look : style.cells) {
         hash = Mix(hash, ColorBits(look.backColor));
         hash = Mix(hash, ColorBits(look.foreColor));
-        hash = Mix(hash, uint64_t{look.pictureAlignment} << 16 | static_cast<uint64_t>(look.picture) << 8 | look.bold);
+        hash = Mix(hash, uint64_t{look.pictureAlignment} << 16 | uint64_t{look.picture} << 8 | look.bold);
     }
     return hash;
 }
@@ -60,7 +60,7 @@ size_t RowStyles::PlaceOf(Id from, const StyleChange& change) {
     return Mix(Mix(from, where), change.value) % 512;
 }
 
-RowStyles::Id RowStyles::Change(Id from, const StyleChange& change) {
+RowStyles::Id RowStyles::Changed(Id from, const StyleChange& change) {
     if (stepsSweep_ != styles_.Sweeps()) {
         steps_.fill({});
         stepsSweep_ = styles_.Sweeps();
@@ -75,7 +75,6 @@ RowStyles::Id RowStyles::Change(Id from, const StyleChange& change) {
         to = styles_.Acquire(style);
         step = {from, to, change};
     }
-    styles_.Release(from);
     return to;
 }
 

@@ -1,4 +1,4 @@
-// RowStyles: what the 14 cells of a row look like, stored once for all rows that look the same.
+// RowStyles: what the cells of a row look like, stored once for all rows that look the same.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 namespace foldertree {
 
 struct RowStyle {
-    std::array<CellLook, gridColumnCount> cells;
+    std::array<CellLook, GridSchema::maxColumns> cells;
     int32_t height = 0;
 
     static uint64_t Hash(const RowStyle& style);
@@ -35,10 +35,10 @@ class RowStyles {
     using Id = uint32_t;  ///< 0 is the style of a new row
 
     const RowStyle& operator[](Id id) const { return styles_[id]; }
-    /// The style with the change made; the caller's reference to `from` becomes one to the result.
-    Id Change(Id from, const StyleChange& change);
+    /// The style with the change made, with one more reference to it. When memory runs out, nothing has changed.
+    Id Changed(Id from, const StyleChange& change);
     Id Acquire(const RowStyle& style) { return styles_.Acquire(style); }
-    void Release(Id id) { styles_.Release(id); }
+    void Release(Id id) noexcept { styles_.Release(id); }
     size_t MemoryUse() const { return styles_.MemoryUse(); }
 
   private:

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "automation/Error.h"
+#include "rows/ReserveOne.h"
 
 namespace foldertree {
 
@@ -20,15 +21,24 @@ size_t WriteLength(size_t length, unsigned char* bytes) {
 
 }  // namespace
 
+/// Adds so many blocks, which lie one behind the other, or changes nothing.
+void TextArena::AddBlocks(size_t blocks) {
+    if (uint64_t{blocks_.size() + blocks} * (blockSize / unit) > std::numeric_limits<Ref>::max())
+        throw automation::VbError(automation::errors::outOfMemory);
+    auto bytes = std::make_unique_for_overwrite<char[]>(blocks * blockSize);
+    ReserveOne(memory_);
+    char* const start = bytes.get();
+    const size_t before = blocks_.size();
+    blocks_.resize(before + blocks);
+    for (size_t block = 0; block < blocks; ++block) blocks_[before + block] = start + block * blockSize;
+    memory_.push_back({std::move(bytes), blocks * blockSize});
+}
+
 char* TextArena::Allocate(size_t bytes, Ref& ref) {
     bytes = (bytes + unit - 1) / unit * unit;
     if (used_ + bytes > blockSize) {
         const size_t blocks = (bytes + unit + blockSize - 1) / blockSize;
-        if (uint64_t{blocks_.size() + blocks} * (blockSize / unit) > std::numeric_limits<Ref>::max())
-            throw automation::VbError(automation::errors::outOfMemory);
-        memory_.push_back({std::make_unique_for_overwrite<char[]>(blocks * blockSize), blocks * blockSize});
-        for (size_t block = 0; block < blocks; ++block)
-            blocks_.push_back(memory_.back().bytes.get() + block * blockSize);
+        AddBlocks(blocks);
         used_ = blocks_.size() == blocks ? unit : 0;  // reference 0 is taken by the empty text
         ref = static_cast<Ref>((blocks_.size() - blocks) * (blockSize / unit) + used_ / unit);
         char* const place = blocks_[blocks_.size() - blocks] + used_;
@@ -65,7 +75,7 @@ std::string_view TextArena::View(Ref ref) const {
     }
 }
 
-void TextArena::Drop(Ref ref) {
+void TextArena::Drop(Ref ref) noexcept {
     const size_t size = View(ref).size();
     liveBytes_ -= size;
     deadBytes_ += size;

@@ -24,9 +24,9 @@ class PooledText {
 
     const std::string& Text() const { return text_; }
     double Number() const { return number_; }
-    /// HashKeyStart of "S" and the text; nothing when the text is not ASCII or has a "|", so that a key that starts
-    /// with them must be hashed as a whole.
-    std::optional<uint64_t> KeyPartHash() const;
+    /// HashKeyStart of the prefix and the text; nothing when the text is not ASCII or has the separator, so that a key
+    /// that starts with them must be hashed as a whole. Every call must have the same arguments. Needs no memory.
+    std::optional<uint64_t> KeyPartHash(char prefix, char separator) const noexcept;
 
   private:
     std::string text_;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <utility>
 
 #include "automation/Error.h"
@@ -20,14 +21,10 @@ namespace {
     throw automation::VbError(automation::errors::invalidCall);
 }
 
-void CheckColumn(int col) {
-    if (col < 0 || col >= gridColumnCount) ThrowSubscript();
-}
-
-void CheckSetting(CellSetting setting, uint32_t value) {
+void CheckSetting(const GridSchema& schema, CellSetting setting, uint32_t value) {
     switch (setting) {
         case CellSetting::Picture:
-            if (value >= static_cast<uint32_t>(pictureCount)) ThrowInvalidCall();
+            if (value > schema.pictures) ThrowInvalidCall();
             return;
         case CellSetting::PictureAlignment:
             if (value > UINT8_MAX) ThrowInvalidCall();
@@ -44,7 +41,11 @@ void CheckSetting(CellSetting setting, uint32_t value) {
 
 class TreeGrid::Impl final : public OutlineRows {
   public:
-    Impl() { store->Insert(0); }
+    explicit Impl(const GridSchema& meaning) : schema(meaning) { store->Insert(0); }
+
+    void CheckColumn(int col) const {
+        if (col < 0 || col >= schema.columns) ThrowSubscript();
+    }
 
     int32_t CurrentRow() const { return RowOf(cursor).value_or(0); }
     std::optional<int32_t> RowOf(RowHandle handle) const {
@@ -79,17 +80,19 @@ class TreeGrid::Impl final : public OutlineRows {
     }
 
     void Append(int32_t count);
-    void Truncate(int32_t count);
-    void KeepFixedRows();
-    void CursorAfterRemoval(int32_t first);
+    void Truncate(int32_t count) noexcept;
+    void KeepFixedRows() noexcept;
+    void RemoveRowsFrom(int32_t count) noexcept;
+    void CursorAfterRemoval(int32_t first) noexcept;
 
-    std::unique_ptr<RowStore> store = std::make_unique<RowStore>(1);
+    const GridSchema schema;
+    std::unique_ptr<RowStore> store = std::make_unique<RowStore>(schema, 1);
     mutable Outline outline{*this};
     int32_t fixedRows = 1;
     int32_t fixedCols = 0;
     RowHandle cursor;
-    std::array<bool, gridColumnCount> hidden{};
-    std::array<int32_t, gridColumnCount> dataTypes{};
+    std::array<bool, GridSchema::maxColumns> hidden{};
+    std::array<int32_t, GridSchema::maxColumns> dataTypes{};
     automation::ObjectRef font;
     OleColor backColor = colors::window;
     OleColor textColor = colors::buttonText;
@@ -101,12 +104,15 @@ class TreeGrid::Impl final : public OutlineRows {
 };
 
 void TreeGrid::Impl::Append(int32_t count) {
-    if (count > RowStore::maxCount - store->Count()) throw automation::VbError(automation::errors::outOfMemory);
-    changes.RowsMovedFrom(store->Count());
-    for (int32_t added = 0; added < count; ++added) store->Insert(store->Count());
+    const int32_t first = store->Count();
+    if (count > RowStore::maxCount - first) throw automation::VbError(automation::errors::outOfMemory);
+    NewRows rows(*store, first);
+    for (int32_t added = 0; added < count; ++added) rows.Insert();
+    rows.Keep();
+    changes.RowsMovedFrom(first);
 }
 
-void TreeGrid::Impl::Truncate(int32_t count) {
+void TreeGrid::Impl::Truncate(int32_t count) noexcept {
     const bool hadCursor = CurrentRow() < count;
     outline.Invalidate(count);
     changes.RowsMovedFrom(count);
@@ -114,20 +120,29 @@ void TreeGrid::Impl::Truncate(int32_t count) {
         KeepFixedRows();
         changes.emptied = true;
     } else {
-        while (store->Count() > count) store->Remove(store->Count() - 1);
+        RemoveRowsFrom(count);
     }
     if (!hadCursor) CursorAfterRemoval(count);
 }
 
-// Copying the few rows that stay is less work than removing all others, and gives all memory of those back.
-void TreeGrid::Impl::KeepFixedRows() {
-    auto kept = std::make_unique<RowStore>(store->Number() + 1);
-    for (int32_t row = 0; row < fixedRows; ++row) kept->AppendCopy(*store, store->At(row));
-    store = std::move(kept);
+void TreeGrid::Impl::RemoveRowsFrom(int32_t count) noexcept {
+    while (store->Count() > count) store->Remove(store->Count() - 1);
+}
+
+// Copying the few rows that stay is less work than removing all others, and gives all memory of those back. Without
+// memory for the copies the others are removed where they stand.
+void TreeGrid::Impl::KeepFixedRows() noexcept {
+    try {
+        auto kept = std::make_unique<RowStore>(schema, store->Number() + 1);
+        for (int32_t row = 0; row < fixedRows; ++row) kept->AppendCopy(*store, store->At(row));
+        store = std::move(kept);
+    } catch (const std::bad_alloc&) {
+        RemoveRowsFrom(fixedRows);
+    }
 }
 
 // A removed cursor row hands the cursor to the row above it: of a node's placeholder that is the node.
-void TreeGrid::Impl::CursorAfterRemoval(int32_t first) {
+void TreeGrid::Impl::CursorAfterRemoval(int32_t first) noexcept {
     const int32_t above = std::max(first - 1, fixedRows);
     if (above < store->Count()) {
         SetCurrentRow(above);
@@ -137,8 +152,12 @@ void TreeGrid::Impl::CursorAfterRemoval(int32_t first) {
     }
 }
 
-TreeGrid::TreeGrid() : impl_(std::make_unique<Impl>()) {}
+TreeGrid::TreeGrid(const GridSchema& schema) : impl_(std::make_unique<Impl>(schema)) {}
 TreeGrid::~TreeGrid() = default;
+
+const GridSchema& TreeGrid::Schema() const {
+    return impl_->schema;
+}
 
 // Shape
 
@@ -154,11 +173,11 @@ void TreeGrid::SetRowCount(int32_t count) {
 }
 
 int32_t TreeGrid::ColCount() const {
-    return gridColumnCount;
+    return impl_->schema.columns;
 }
 
 void TreeGrid::SetColCount(int32_t count) {
-    if (count != gridColumnCount) ThrowSubscript();
+    if (count != impl_->schema.columns) ThrowSubscript();
 }
 
 int32_t TreeGrid::FixedRowCount() const {
@@ -173,7 +192,7 @@ void TreeGrid::SetFixedRowCount(int32_t count) {
 }
 
 void TreeGrid::SetFixedColCount(int32_t count) {
-    if (count < 0 || count > gridColumnCount) ThrowSubscript();
+    if (count < 0 || count > impl_->schema.columns) ThrowSubscript();
     impl_->fixedCols = count;
 }
 
@@ -182,8 +201,9 @@ int32_t TreeGrid::AddRow(std::string_view text, std::optional<int32_t> before) {
     const int32_t row = before.value_or(RowCount());
     if (row < impl.fixedRows || row > RowCount()) ThrowSubscript();
     const std::string first(text);  // the view may be of a cell of this grid
-    const RowId id = impl.store->Insert(row);
-    impl.store->SetText(id, colSel, first);
+    NewRows added(*impl.store, row);
+    impl.store->SetText(added.Insert(), 0, first);
+    added.Keep();
     impl.outline.Invalidate(row);
     impl.changes.RowsMovedFrom(row);
     return row;
@@ -224,12 +244,16 @@ double TreeGrid::CellValue(int32_t row, int col) const {
 }
 
 std::string_view TreeGrid::CellView(int32_t row, int col) const {
-    if (col == colKey) ThrowInvalidCall();
+    if (col == impl_->schema.key) ThrowInvalidCall();
     return impl_->store->View(impl_->Cell(row, col), col);
 }
 
+int32_t TreeGrid::FindRow(std::string_view text, int32_t startRow) const {
+    return FindRow(text, startRow, impl_->schema.key);
+}
+
 int32_t TreeGrid::FindRow(std::string_view text, int32_t startRow, int col) const {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     if (startRow < 0 || startRow > RowCount()) ThrowSubscript();
     return impl_->store->Find(text, startRow, col);
 }
@@ -241,14 +265,12 @@ void TreeGrid::SetCellFormat(CellSetting setting, int32_t row, int col, uint32_t
 }
 
 void TreeGrid::SetCellFormat(CellSetting setting, int32_t row1, int col1, int32_t row2, int col2, uint32_t value) {
-    CheckColumn(col1);
-    CheckColumn(col2);
+    impl_->CheckColumn(col1);
+    impl_->CheckColumn(col2);
     if (row1 < 0 || row2 >= RowCount() || row1 > row2 || col1 > col2) ThrowSubscript();
-    CheckSetting(setting, value);
+    CheckSetting(impl_->schema, setting, value);
     const StyleChange change{static_cast<int>(setting), col1, col2, value};
-    bool changed = false;
-    for (int32_t row = row1; row <= row2; ++row) changed |= impl_->store->ChangeStyle(impl_->store->At(row), change);
-    if (changed) impl_->changes.RowsChanged(row1, row2);
+    if (impl_->store->ChangeStyles(row1, row2, change)) impl_->changes.RowsChanged(row1, row2);
 }
 
 uint32_t TreeGrid::CellFormat(CellSetting setting, int32_t row, int col) const {
@@ -274,7 +296,8 @@ const CellLook& TreeGrid::Look(int32_t row, int col) const {
 
 void TreeGrid::SetRowHeight(int32_t row, int32_t twips) {
     const StyleChange change{StyleChange::rowHeight, 0, 0, static_cast<uint32_t>(std::max(twips, 0))};
-    if (impl_->store->ChangeStyle(impl_->Row(row), change)) impl_->changes.RowsChanged(row, row);
+    impl_->Row(row);
+    if (impl_->store->ChangeStyles(row, row, change)) impl_->changes.RowsChanged(row, row);
 }
 
 int32_t TreeGrid::RowHeight(int32_t row) const {
@@ -356,12 +379,12 @@ void TreeGrid::SetCurrentRow(int32_t row) {
 // Columns
 
 bool TreeGrid::ColHidden(int col) const {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     return impl_->hidden[static_cast<size_t>(col)];
 }
 
 void TreeGrid::SetColHidden(int col, bool hidden) {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     bool& now = impl_->hidden[static_cast<size_t>(col)];
     if (now == hidden) return;
     now = hidden;
@@ -369,12 +392,12 @@ void TreeGrid::SetColHidden(int col, bool hidden) {
 }
 
 int32_t TreeGrid::ColDataType(int col) const {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     return impl_->dataTypes[static_cast<size_t>(col)];
 }
 
 void TreeGrid::SetColDataType(int col, int32_t type) {
-    CheckColumn(col);
+    impl_->CheckColumn(col);
     int32_t& now = impl_->dataTypes[static_cast<size_t>(col)];
     if (now == type) return;
     now = type;
@@ -382,8 +405,8 @@ void TreeGrid::SetColDataType(int col, int32_t type) {
 }
 
 void TreeGrid::AutoSizeColumns(int firstCol, int lastCol) {
-    CheckColumn(firstCol);
-    CheckColumn(lastCol);
+    impl_->CheckColumn(firstCol);
+    impl_->CheckColumn(lastCol);
     impl_->changes.columns = true;
 }
 
@@ -394,7 +417,7 @@ const automation::ObjectRef& TreeGrid::Font() const {
 }
 
 void TreeGrid::SetFont(automation::ObjectRef font) {
-    impl_->font = std::move(font);
+    std::swap(impl_->font, font);  // the end of the old one, which may run other code, comes last
     impl_->changes.appearance = true;
 }
 

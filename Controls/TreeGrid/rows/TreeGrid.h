@@ -1,4 +1,4 @@
-// TreeGrid: the model behind the grid: rows of 14 cells with formats and outline levels. It knows no pixel.
+// TreeGrid: the model behind the grid: rows of cells with formats and outline levels. It knows no pixel.
 #pragma once
 
 #include <cstdint>
@@ -12,14 +12,14 @@
 #include "rows/Colors.h"
 #include "rows/GridChanges.h"
 #include "rows/GridColumns.h"
-#include "rows/Pictures.h"
+#include "rows/GridSchema.h"
 #include "rows/RowHandle.h"
 
 namespace foldertree {
 
 /// The settings of CellFormat, by the numbers under which hosts of the grid know them.
 enum class CellSetting : int {
-    Picture = 3,           // a Picture
+    Picture = 3,           // a PictureNumber
     PictureAlignment = 4,  // the control always uses 1: left, centred
     BackColor = 6,         // an OleColor
     ForeColor = 7,         // an OleColor
@@ -31,7 +31,7 @@ struct CellLook {
     std::optional<OleColor> backColor;
     std::optional<OleColor> foreColor;
     bool bold = false;
-    Picture picture = Picture::None;
+    PictureNumber picture = noPicture;
     uint8_t pictureAlignment = 0;
     bool operator==(const CellLook&) const = default;
 };
@@ -40,14 +40,19 @@ enum NodeStateValue : int32_t { nodeExpanded = 0, nodeCollapsed = 2 };
 
 /// The grid. Row 0 is the header row; data rows run from FixedRowCount() to RowCount() - 1. Text is UTF-8.
 /// A row or column out of range throws automation::Error 9. Cost, for n rows: reading or writing a cell, appending, a
-/// FindRow on colKey and inserting in the middle take about O(1); no operation but those that name all rows is O(n).
+/// FindRow by key and inserting in the middle take about O(1); no operation but those that name all rows is O(n).
 /// Views returned by CellView are valid until the grid next changes.
+/// A member that fails, for want of memory too, has changed nothing. Rows are removed without memory, and what only
+/// writes a level, a state or the cursor needs none.
 class TreeGrid {
   public:
-    TreeGrid();
+    /// At most GridSchema::maxColumns columns.
+    explicit TreeGrid(const GridSchema& schema);
     ~TreeGrid();
     TreeGrid(const TreeGrid&) = delete;
     TreeGrid& operator=(const TreeGrid&) = delete;
+
+    const GridSchema& Schema() const;
 
     // Shape
     int32_t RowCount() const;
@@ -55,7 +60,7 @@ class TreeGrid {
     /// memory back. Fewer rows than FixedRowCount() are Error 9, more than 33,554,432 are Error 0x8007000E.
     void SetRowCount(int32_t count);
     int32_t ColCount() const;
-    /// The grid has its 14 columns: any other number is Error 9.
+    /// The grid has the columns of its schema: any other number is Error 9.
     void SetColCount(int32_t count);
     int32_t FixedRowCount() const;
     void SetFixedRowCount(int32_t count);
@@ -75,11 +80,13 @@ class TreeGrid {
     void SetCellText(int32_t row, int col, std::string_view text);
     /// The leading number of the text as Visual Basic's Val reads it; -1 for "True", 0 for "False" and for no number.
     double CellValue(int32_t row, int col) const;
-    /// The text without a copy, for every column but colKey (whose text may be put together on the fly): Error 5.
+    /// The text without a copy, for every column but the key (whose text may be put together on the fly): Error 5.
     std::string_view CellView(int32_t row, int col) const;
-    /// The first row from `startRow` on whose cell equals `text` without regard to case; -1 when there is none. On
-    /// colKey with startRow 0 this is an index lookup, also when any number of rows share the key.
-    int32_t FindRow(std::string_view text, int32_t startRow = 0, int col = colKey) const;
+    /// The first row from `startRow` on whose key equals `text` without regard to case; -1 when there is none. This is
+    /// an index lookup, also when any number of rows share the key.
+    int32_t FindRow(std::string_view text, int32_t startRow = 0) const;
+    /// The same for any column; others are searched row by row.
+    int32_t FindRow(std::string_view text, int32_t startRow, int col) const;
 
     // Looks. A setting or value that does not exist is Error 5; a block that is partly out of range changes nothing.
     void SetCellFormat(CellSetting setting, int32_t row, int col, uint32_t value);

@@ -62,7 +62,7 @@ class GridInteractionTest : public ::testing::Test {
         events_.meanwhile = [action = std::move(action)](bool&) { action(); };
     }
 
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     Events events_{grid_};
     GridInteraction interaction_{grid_, events_};
 };
@@ -534,7 +534,7 @@ TEST_F(GestureTest, OnAnEmptyOrDisabledGridGesturesDoNothing) {
 }
 
 TEST(RowActs, ATickIsFlippedWithoutAQuestion) {
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     grid.SetRowCount(2);
     FlipTick(grid, 1);
     EXPECT_EQ(grid.CellText(1, colSel), "-1");
@@ -542,8 +542,26 @@ TEST(RowActs, ATickIsFlippedWithoutAQuestion) {
     EXPECT_EQ(grid.CellText(1, colSel), "0");
 }
 
+TEST(RowActs, AGridWithoutBoxesOrNumbersTakesNeither) {
+    TreeGrid grid(GridSchema{.columns = 1, .outline = 0, .keyParts = {}});
+    grid.SetRowCount(3);
+    Events events(grid);
+    View view;
+    GridInteraction gestures(grid, events, view);
+    gestures.Press(1, GridPart::Box, false);
+    gestures.Press(1, GridPart::Index, false);
+    gestures.Press(GridKey::Tick, false);
+    gestures.Press(GridKey::Edit, false);
+    EXPECT_FALSE(gestures.ToggleTick(1));
+    EXPECT_FALSE(gestures.MayEditIndex(1));
+    EXPECT_FALSE(gestures.CommitIndex(1, "1"));
+    EXPECT_EQ(gestures.Box(1), BoxKind::None);
+    EXPECT_EQ(grid.CurrentRow(), 1);
+    EXPECT_THAT(events.lines, IsEmpty());
+}
+
 TEST(RowActs, ALeafTurnsAsWell) {
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     grid.SetRowCount(2);
     Events events(grid);
     EXPECT_TRUE(TurnNode(grid, events, 1, OtherNodeState(grid, 1)));

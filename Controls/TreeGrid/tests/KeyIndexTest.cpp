@@ -52,6 +52,17 @@ TEST(KeyIndex, FindsNothingWhenEmpty) {
     EXPECT_EQ(KeyedRows(10).First(1), -1);
 }
 
+TEST(KeyIndex, PassesOverARowThatItDoesNotHave) {
+    RowSequence order;
+    order.Insert(0, 0);
+    order.Insert(1, 1);
+    KeyIndex index(order);
+    index.Remove(7, 0);  // no row was ever entered
+    index.Insert(7, 0, [](RowId) { return false; });
+    index.Remove(7, 1);
+    EXPECT_EQ(index.First(7, [](RowId row) { return row == 0; }), RowId{0});
+}
+
 TEST(KeyIndex, FindsTheFirstOfEqualKeysWhereverTheyWereInserted) {
     KeyedRows rows(10);
     rows.Insert(0, 0, 5);

@@ -3,6 +3,7 @@
 
 #include "automation/Error.h"
 #include "automation/Text.h"
+#include "automation_testing/FailingMemory.h"
 #include "rows/KeyHash.h"
 #include "rows/TextArena.h"
 #include "rows/TextPool.h"
@@ -103,15 +104,34 @@ TEST(KeyHash, DoesNotSeeTheCaseOfAKey) {
     };
     for (const auto& pair : pairs) {
         ASSERT_TRUE(automation::EqualNoCase(pair[0], pair[1])) << pair[0];
-        EXPECT_EQ(HashKey(pair[0]), HashKey(pair[1])) << pair[0];
+        EXPECT_EQ(HashKey(pair[0], '|'), HashKey(pair[1], '|')) << pair[0];
     }
 }
 
 TEST(KeyHash, IsTheSameForAKeyInTwoParts) {
     for (const size_t length : {0, 1, 7, 8, 31, 32, 33, 127, 128, 129, 528}) {
         const std::string store = "S" + std::string(length, 'a');
-        EXPECT_EQ(HashKey(store + "|0123456789"), JoinKeyHash(HashKeyStart(store), automation::HashText("0123456789")));
+        EXPECT_EQ(HashKey(store + "|0123456789", '|'),
+                  JoinKeyHash(HashKeyStart(store), automation::HashText("0123456789")));
     }
+}
+
+TEST(KeyHash, OfAStartIsKnownToItsSharedText) {
+    for (const size_t length : {0, 1, 126, 127, 128, 129, 528}) {
+        const std::string text = std::string(length, 'a') + std::to_string(length);
+        EXPECT_EQ(PooledText(text).KeyPartHash('S', '|'), HashKeyStart("S" + text)) << length;
+    }
+    for (const std::string_view text : {"a|b", "\xC3\x84"})
+        EXPECT_FALSE(PooledText(text).KeyPartHash('S', '|')) << text;
+}
+
+TEST(KeyHash, NeedsNoMemory) {
+    const PooledText start(std::string(100, 'a'));
+    const std::string key = std::string(300, 'K') + "\xC3\x84|" + std::string(300, 'k');
+    const automation::testing::FailingMemory memory;
+    HashKey(key, '|');
+    start.KeyPartHash('S', '|');
+    EXPECT_EQ(memory.Asked(), 0);
 }
 
 }  // namespace

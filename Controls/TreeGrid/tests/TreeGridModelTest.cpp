@@ -30,7 +30,7 @@ class Player {
     }
 
     void Step() {
-        switch (Below(20)) {
+        switch (Below(22)) {
             case 0:
                 return SetRowCount();
             case 1:
@@ -60,6 +60,9 @@ class Player {
                 return MoveCursor();
             case 17:
                 return LookAtOutline();
+            case 18:
+            case 19:
+                return NameARow();
             default:
                 return Search();
         }
@@ -70,16 +73,12 @@ class Player {
         ASSERT_EQ(grid_.CurrentRow(), plain_.currentRow);
         grid_.DeliverChanges();
         ASSERT_EQ(counter_.rows, plain_.Count());
-        CompareRow(AnyRow());
+        CompareRow(grid_, plain_, AnyRow());
     }
 
     void CompareAll() {
-        ASSERT_EQ(grid_.RowCount(), plain_.Count());
-        for (int32_t row = 0; row < plain_.Count(); ++row) ASSERT_NO_FATAL_FAILURE(CompareRow(row));
-        const std::vector<int32_t> visible = plain_.VisibleRows();
-        ASSERT_EQ(grid_.VisibleCount(), static_cast<int32_t>(visible.size()));
-        for (size_t position = 0; position < visible.size(); ++position)
-            ASSERT_EQ(grid_.VisibleRow(static_cast<int32_t>(position)), visible[position]);
+        ASSERT_NO_FATAL_FAILURE(CompareGrids(grid_, plain_));
+        for (const NamedRow& named : named_) ASSERT_EQ(grid_.RowOf(named.handle), plain_.RowWithId(named.id));
         size_t ownText = 0;
         for (const PlainRow& row : plain_.rows)
             for (const int col : {colName, colEntryID, colEntryIDShort, colPath})
@@ -108,6 +107,11 @@ class Player {
                                             "\xC3\xA4PFEL",
                                             "\xFF\xFE",
                                             "\xED\xA0\x80",
+                                            "\xD0\x96\xD1\x83\xD1\x80\xD0\xBD\xD0\xB0\xD0\xBB",
+                                            "\xD0\xB6\xD0\xA3\xD1\x80\xD0\xBD\xD0\xB0\xD0\xBB",
+                                            "S\xC3\x84|\xE3\x81\x82",
+                                            "s\xC3\xA4|\xE3\x81\x82",
+                                            "S1|\xF0\x9F\x93\x81",
                                             "S1|2",
                                             "s1|2",
                                             "SA|",
@@ -173,8 +177,11 @@ class Player {
 
     void WriteIdentifiedRow() {
         const int32_t row = AnyRow();
-        const std::string store = Below(4) == 0 ? AnyText() : "STORE" + std::to_string(Below(2));
-        const std::string entry = Below(4) == 0 ? AnyText() : "ENTRY" + std::to_string(Below(40));
+        const std::string umlaut = Below(2) == 0 ? "\xC3\x9C" : "\xC3\xBC";
+        const std::string store =
+            Below(4) == 0 ? AnyText() : (Below(5) == 0 ? umlaut : "STORE") + std::to_string(Below(2));
+        const std::string entry =
+            Below(4) == 0 ? AnyText() : (Below(5) == 0 ? umlaut : "ENTRY") + std::to_string(Below(40));
         Write(row, colStoreID, store);
         Write(row, colEntryID, entry);
         Write(row, colKey, "S" + store + "|" + entry);
@@ -241,24 +248,32 @@ class Player {
         ASSERT_EQ(grid_.FindRow(text, start, col), plain_.FindRow(text, start, col));
     }
 
-    void CompareRow(int32_t row) {
-        const PlainRow& expected = plain_.Row(row);
-        for (int col = 0; col < gridColumnCount; ++col) {
-            ASSERT_EQ(grid_.CellText(row, col), expected.cells[static_cast<size_t>(col)]) << "row " << row;
-            ASSERT_EQ(grid_.Look(row, col), expected.looks[static_cast<size_t>(col)]) << "row " << row;
-            if (col == colKey) continue;
-            ASSERT_EQ(grid_.CellView(row, col), expected.cells[static_cast<size_t>(col)]) << "row " << row;
+    struct NamedRow {
+        RowHandle handle;
+        int64_t id;
+    };
+
+    /// Takes a row's handle and looks at one that was taken before.
+    void NameARow() {
+        if (HasDataRows()) {
+            const int32_t row = AnyDataRow();
+            const NamedRow named{grid_.HandleOf(row), plain_.Row(row).id};
+            if (named_.size() < 200) {
+                named_.push_back(named);
+            } else {
+                named_[static_cast<size_t>(Below(200))] = named;
+            }
         }
-        ASSERT_EQ(grid_.RowOutlineLevel(row), expected.level);
-        ASSERT_EQ(grid_.IsNode(row), expected.isNode);
-        ASSERT_EQ(grid_.NodeState(row), expected.nodeState);
-        ASSERT_EQ(grid_.RowHeight(row), expected.height);
+        if (named_.empty()) return;
+        const NamedRow& named = named_[static_cast<size_t>(Below(static_cast<int32_t>(named_.size())))];
+        ASSERT_EQ(grid_.RowOf(named.handle), plain_.RowWithId(named.id));
     }
 
     std::mt19937 random_;
     int32_t mostRows_;
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     PlainGrid plain_;
+    std::vector<NamedRow> named_;
     RowCounter counter_{grid_};
 };
 

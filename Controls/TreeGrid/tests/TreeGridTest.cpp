@@ -77,7 +77,7 @@ class TreeGridTest : public ::testing::Test {
         return grid_.RowCount() - 1;
     }
 
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
 };
 
 // Shape
@@ -398,7 +398,8 @@ TEST_F(TreeGridTest, FormatsReadBackAsTheyWereSet) {
     EXPECT_EQ(grid_.CellFormat(CellSetting::PictureAlignment, 1, colName), 1u);
     EXPECT_EQ(grid_.CellFormat(CellSetting::ForeColor, 1, colName), colors::buttonShadow);
     EXPECT_EQ(grid_.CellFormat(CellSetting::Bold, 1, colName), 1u);
-    EXPECT_EQ(grid_.Look(1, colName), (CellLook{{}, colors::buttonShadow, true, Picture::AdList, 1}));
+    EXPECT_EQ(grid_.Look(1, colName),
+              (CellLook{{}, colors::buttonShadow, true, static_cast<PictureNumber>(Picture::AdList), 1}));
 }
 
 TEST_F(TreeGridTest, ASettingOrPictureThatDoesNotExistIsError5) {

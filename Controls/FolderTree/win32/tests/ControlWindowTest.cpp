@@ -73,7 +73,7 @@ class ControlWindowTest : public testing::Test {
     MSG KeyMessage(HWND window, WPARAM key) const { return {window, WM_KEYDOWN, key, 1, 0, {0, 0}}; }
 
     HostWindow host_;
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     RecordingEvents events_{grid_};
     TestKeeper keeper_;
     std::function<void()> onCancel_;

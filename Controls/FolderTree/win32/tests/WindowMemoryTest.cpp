@@ -87,7 +87,7 @@ class Form {
         UpdateWindow(Grid());
     }
 
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     CountingEvents events;
     TestKeeper keeper;
     int cancels = 0;

@@ -39,7 +39,7 @@ class GridPaintingTest : public testing::Test {
     }
     RECT Box(int32_t row) const { return layout_.Box(Cell(row, colSel)); }
 
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     GridFonts fonts_;
     GridLayout layout_;
     SquarePictures pictures_;
@@ -220,13 +220,26 @@ TEST_F(GridPaintingTest, AnAreaWithoutRoomIsPainted) {
 }
 
 TEST_F(GridPaintingTest, AGridThatHoldsNothingYetIsPainted) {
-    const TreeGrid empty;
+    const TreeGrid empty{folderSchema};
     fonts_.Load(empty.Font(), 96);
     const GridLayout layout = MeasureGrid(empty, fonts_, 96, area, 0);
     const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
         PaintGrid(dc, {empty, layout, fonts_, pictures_, hasBox_, false});
     });
     EXPECT_EQ(pixels.At(200, 200), SystemPixel(COLOR_WINDOW));
+}
+
+TEST_F(GridPaintingTest, AGridOfNamesAloneIsAllOutline) {
+    TreeGrid names(GridSchema{.columns = 1, .outline = 0, .keyParts = {}});
+    names.SetRowCount(2);
+    names.SetCellText(1, 0, "The only one");
+    fonts_.Load(names.Font(), 96);
+    const GridLayout layout = MeasureGrid(names, fonts_, 96, area, 0);
+    EXPECT_EQ(layout.HeaderCell(shownName).left, 0);
+    const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
+        PaintGrid(dc, {names, layout, fonts_, pictures_, hasBox_, false});
+    });
+    EXPECT_GT(pixels.Drawn(layout.NameText(layout.Cell(0, shownName), 0, false)), 20);
 }
 
 /// A font object that knows its size and nothing else, or fails at it.
@@ -260,7 +273,7 @@ TEST_F(GridPaintingTest, AFontThatFailsLeavesTheDefaultOne) {
 
 TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     HostWindow host;
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     SetUpGrid(grid);
     AddFolder(grid, 0, "Mailbox", rowKind::store);
     TickRow(grid, AddFolder(grid, 1, "Inbox"), "1");

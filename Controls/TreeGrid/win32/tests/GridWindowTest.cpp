@@ -67,7 +67,7 @@ class GridWindowTest : public testing::Test {
     }
 
     HostWindow host_;
-    TreeGrid grid_;
+    TreeGrid grid_{folderSchema};
     RecordingEvents events_{grid_};
     SquarePictures pictures_;
     TestKeeper keeper_;

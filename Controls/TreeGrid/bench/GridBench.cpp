@@ -83,7 +83,7 @@ TreeGrid& FilledGrid(int64_t folders) {
     static std::map<int64_t, std::unique_ptr<TreeGrid>> made;
     std::unique_ptr<TreeGrid>& grid = made[folders];
     if (!grid) {
-        grid = std::make_unique<TreeGrid>();
+        grid = std::make_unique<TreeGrid>(folderSchema);
         Fill(*grid, Rows(folders));
     }
     return *grid;
@@ -119,7 +119,7 @@ void FillTheGrid(benchmark::State& state) {
     MailboxRows& rows = Rows(state.range(0));
     TreeGrid::Memory memory;
     Measure(
-        state, "fill", [] { return std::make_unique<TreeGrid>(); },
+        state, "fill", [] { return std::make_unique<TreeGrid>(folderSchema); },
         [&](std::unique_ptr<TreeGrid>& grid) {
             Fill(*grid, rows);
             memory = grid->MemoryUse();
@@ -188,7 +188,7 @@ void FindTheFirstOfRowsThatShareOneKey(benchmark::State& state) {
     static std::map<int64_t, std::unique_ptr<TreeGrid>> made;
     std::unique_ptr<TreeGrid>& grid = made[state.range(0)];
     if (!grid) {
-        grid = std::make_unique<TreeGrid>();
+        grid = std::make_unique<TreeGrid>(folderSchema);
         for (int64_t row = 1; row <= state.range(0); ++row) {
             grid->SetRowCount(static_cast<int32_t>(row + 1));
             grid->SetCellText(static_cast<int32_t>(row), colKey, "Shared");
@@ -202,7 +202,7 @@ void FindTheFirstOfRowsThatShareOneKey(benchmark::State& state) {
 
 /// A window paints while a load goes on: 50 visible rows are looked at after each appended row.
 void LookAtAScreenWhileALoadAppends(benchmark::State& state) {
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     Fill(grid, Rows(state.range(0)));
     grid.VisibleCount();
     for (auto iteration : state) {
