@@ -88,10 +88,11 @@ void GridInteraction::CloseOrStepOut(int32_t row) {
 // ---- Acts on one row
 
 bool GridInteraction::ToggleTick(int32_t row) {
-    const std::optional<int32_t> asked = AskToEdit(grid_, events_, row, colSel);
+    const int box = grid_.Schema().box;
+    const std::optional<int32_t> asked = AskToEdit(grid_, events_, row, box);
     if (!asked) return false;
     FlipTick(grid_, *asked);
-    events_.fgd_AfterEdit(*asked, colSel);
+    events_.fgd_AfterEdit(*asked, box);
     return true;
 }
 

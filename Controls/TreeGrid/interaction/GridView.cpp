@@ -3,6 +3,8 @@
 
 #include <limits>
 
+#include "rows/Colors.h"
+
 namespace foldertree {
 namespace {
 
@@ -19,8 +21,9 @@ class NoView final : public GridView {
 }  // namespace
 
 BoxKind BoxOf(const TreeGrid& grid, const RowHasBox& hasBox, int32_t row) {
-    if (hasBox && !hasBox(grid, row)) return BoxKind::None;
-    return grid.Look(row, colSel).backColor == colors::buttonFace ? BoxKind::Greyed : BoxKind::Plain;
+    const int box = grid.Schema().box;
+    if (box == GridSchema::none || (hasBox && !hasBox(grid, row))) return BoxKind::None;
+    return grid.Look(row, box).backColor == colors::buttonFace ? BoxKind::Greyed : BoxKind::Plain;
 }
 
 GridView& NoGridView() {

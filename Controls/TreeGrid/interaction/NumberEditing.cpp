@@ -24,27 +24,28 @@ class OfferedText {
 }  // namespace
 
 std::optional<int32_t> NumberEditing::AskToOpen(int32_t row) {
-    return AskToEdit(grid_, events_, row, colIndex);
+    return AskToEdit(grid_, events_, row, grid_.Schema().number);
 }
 
 bool NumberEditing::Commit(int32_t row, std::string_view text) {
-    if (!TakesGesture(grid_, row)) return false;
+    const int number = grid_.Schema().number;
+    if (number == GridSchema::none || !TakesGesture(grid_, row)) return false;
     const RowHandle handle = grid_.HandleOf(row);
     const std::string typed(text);
     bool cancel = false;
     {
         const OfferedText offered(grid_, typed);
-        events_.fgd_ValidateEdit(row, colIndex, cancel);
+        events_.fgd_ValidateEdit(row, number, cancel);
     }
     const std::optional<int32_t> now = grid_.RowOf(handle);
     if (cancel || !now || !grid_.Enabled()) return false;
-    grid_.SetCellText(*now, colIndex, typed);
-    events_.fgd_AfterEdit(*now, colIndex);
+    grid_.SetCellText(*now, number, typed);
+    events_.fgd_AfterEdit(*now, number);
     return true;
 }
 
 void NumberEditing::Open(int32_t row) {
-    if (grid_.ColHidden(colIndex) || grid_.CellValue(row, colSel) == 0) return;
+    if (!HasNumber(row)) return;
     // What ends before may move the row.
     const RowHandle handle = grid_.HandleOf(row);
     Finish();
@@ -52,8 +53,14 @@ void NumberEditing::Open(int32_t row) {
     const std::optional<int32_t> asked = still ? AskToOpen(*still) : std::nullopt;
     if (!asked || !view_.Shown()) return;
     row_ = handle;
-    view_.OpenNumberBox(*asked, grid_.CellText(*asked, colIndex));
+    view_.OpenNumberBox(*asked, grid_.CellText(*asked, grid_.Schema().number));
     if (view_.OpenedNumberBox() == nullptr) row_ = {};
+}
+
+bool NumberEditing::HasNumber(int32_t row) const {
+    const GridSchema& schema = grid_.Schema();
+    if (schema.box == GridSchema::none || schema.number == GridSchema::none) return false;
+    return !grid_.ColHidden(schema.number) && grid_.CellValue(row, schema.box) != 0;
 }
 
 void NumberEditing::Accept() {

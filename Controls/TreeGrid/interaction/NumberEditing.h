@@ -34,6 +34,7 @@ class NumberEditing {
 
   private:
     std::optional<int32_t> AskToOpen(int32_t row);
+    bool HasNumber(int32_t row) const;
     bool IsLost() const;
     bool Offer(NumberBox& box);
     void Close();

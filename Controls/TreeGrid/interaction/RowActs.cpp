@@ -9,7 +9,7 @@ bool TakesGesture(const TreeGrid& grid, int32_t row) {
 
 // A notification may load, refresh or empty the tree, so the row is looked for again after it.
 std::optional<int32_t> AskToEdit(TreeGrid& grid, GridEvents& events, int32_t row, int col) {
-    if (!TakesGesture(grid, row)) return std::nullopt;
+    if (col == GridSchema::none || !TakesGesture(grid, row)) return std::nullopt;
     const RowHandle handle = grid.HandleOf(row);
     bool cancel = false;
     events.fgd_BeforeEdit(row, col, cancel);
@@ -17,7 +17,8 @@ std::optional<int32_t> AskToEdit(TreeGrid& grid, GridEvents& events, int32_t row
 }
 
 void FlipTick(TreeGrid& grid, int32_t row) {
-    grid.SetCellText(row, colSel, grid.CellValue(row, colSel) != 0 ? "0" : "-1");
+    const int box = grid.Schema().box;
+    grid.SetCellText(row, box, grid.CellValue(row, box) != 0 ? "0" : "-1");
 }
 
 int32_t OtherNodeState(const TreeGrid& grid, int32_t row) {

@@ -13,7 +13,7 @@ namespace foldertree {
 bool TakesGesture(const TreeGrid& grid, int32_t row);
 
 /// Asks with before-edit whether the cell may be edited. Where the row stands after the question; nothing when it was
-/// refused, or when the row takes no gesture, before or after.
+/// refused, when there is no such column, or when the row takes no gesture, before or after.
 std::optional<int32_t> AskToEdit(TreeGrid& grid, GridEvents& events, int32_t row, int col);
 
 /// Writes the other tick into the row's box: "0" over a tick, "-1" over none. Asks and tells nobody.

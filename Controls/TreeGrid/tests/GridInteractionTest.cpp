@@ -542,6 +542,24 @@ TEST(RowActs, ATickIsFlippedWithoutAQuestion) {
     EXPECT_EQ(grid.CellText(1, colSel), "0");
 }
 
+TEST(RowActs, AGridWithoutBoxesOrNumbersTakesNeither) {
+    TreeGrid grid(GridSchema{.columns = 1, .outline = 0, .keyParts = {}});
+    grid.SetRowCount(3);
+    Events events(grid);
+    View view;
+    GridInteraction gestures(grid, events, view);
+    gestures.Press(1, GridPart::Box, false);
+    gestures.Press(1, GridPart::Index, false);
+    gestures.Press(GridKey::Tick, false);
+    gestures.Press(GridKey::Edit, false);
+    EXPECT_FALSE(gestures.ToggleTick(1));
+    EXPECT_FALSE(gestures.MayEditIndex(1));
+    EXPECT_FALSE(gestures.CommitIndex(1, "1"));
+    EXPECT_EQ(gestures.Box(1), BoxKind::None);
+    EXPECT_EQ(grid.CurrentRow(), 1);
+    EXPECT_THAT(events.lines, IsEmpty());
+}
+
 TEST(RowActs, ALeafTurnsAsWell) {
     TreeGrid grid{folderSchema};
     grid.SetRowCount(2);

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "rows/GridColumns.h"
 #include "win32/OffscreenBitmap.h"
 #include "win32/PaintScope.h"
 
@@ -324,7 +323,7 @@ void GridWindow::OpenNumberBox(int32_t row, const std::string& text) {
     ScrollSidewaysTo(0);
     const auto position = grid_.VisiblePosition(row);
     if (Handle() == nullptr || !position) return;
-    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, colIndex), fonts_.Plain(), text);
+    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, shownNumber), fonts_.Plain(), text);
     if (editor_->Handle() != nullptr)
         SetFocus(editor_->Handle());
     else

@@ -21,7 +21,7 @@ struct Row {
     int level = 0;
     std::string name, itemType;
     bool node = false, bold = false;
-    Picture picture = Picture::None;
+    PictureNumber picture = noPicture;
 
     bool operator==(const Row&) const = default;
 };

@@ -87,7 +87,7 @@ class Form {
         UpdateWindow(Grid());
     }
 
-    TreeGrid grid;
+    TreeGrid grid{folderSchema};
     CountingEvents events;
     TestKeeper keeper;
     int cancels = 0;
@@ -100,6 +100,8 @@ class Form {
 class WindowMemory : public testing::Test {
   protected:
     using Step = std::function<void(Form&)>;
+
+    HostWindow host_;
 
     /// Plays the scenario once for each allocation that it makes in `act`.
     void Play(const Step& prepare, const Step& act) {
@@ -170,7 +172,6 @@ class WindowMemory : public testing::Test {
         EXPECT_GT(shown.Drawn(form.Layout().NameText(form.Layout().Cell(1, colName), 1, true)), 20);
     }
 
-    HostWindow host_;
     bool leaked_ = false;  ///< there are more GDI objects than before the last run
 };
 
@@ -185,11 +186,11 @@ TEST_F(WindowMemory, RunsOutWhileTheWindowIsMade) {
 TEST_F(WindowMemory, RunsOutWhileAClassOfWindowsIsMadeKnown) {
     const SquarePictures pictures;
     FailEachAllocation(false, [&](const MemoryPlan& plan) {
-        Form form(Stage());
+        Form form(host_.Handle());
         const std::wstring name = L"A class for allocation " + std::to_wstring(plan.first);
         GridWindow window({form.grid, form.events, pictures, HasBox, name.c_str()}, form.keeper, [] {});
-        const int64_t refused = Fail(plan, form, [&](Form&) { window.Create(Stage(), {0, 0, 100, 100}); });
-        EXPECT_NE(window.Create(Stage(), {0, 0, 100, 100}), nullptr) << "after allocation " << plan.first;
+        const int64_t refused = Fail(plan, form, [&](Form&) { window.Create(host_.Handle(), {0, 0, 100, 100}); });
+        EXPECT_NE(window.Create(host_.Handle(), {0, 0, 100, 100}), nullptr) << "after allocation " << plan.first;
         return refused > 0 && !HasFailure();
     });
 }
@@ -200,7 +201,7 @@ TEST_F(WindowMemory, RunsOutWhileItPaints) {
 
 TEST_F(WindowMemory, WhatCouldNotBePaintedIsPaintedWithTheNextFrame) {
     FailEachAllocation(false, [&](const MemoryPlan& plan) {
-        Form form(Stage());
+        Form form(host_.Handle());
         Shown(form);
         TickRow(form.grid, 2, "7");
         const int64_t refused = Fail(plan, form, [](Form& failing) { failing.control->FlushPaint(); });
@@ -208,6 +209,7 @@ TEST_F(WindowMemory, WhatCouldNotBePaintedIsPaintedWithTheNextFrame) {
         const Pixels shown = OnScreen(form.Grid());
         form.Repaint();
         EXPECT_EQ(OnScreen(form.Grid()), shown) << "after allocation " << plan.first;
+        EXPECT_GT(shown.Drawn(form.Layout().Cell(1, colName)), 20);
         return refused > 0 && !HasFailure();
     });
 }
@@ -281,7 +283,7 @@ TEST_F(WindowMemory, RunsOutWhileRowsComeAndGo) {
 }
 
 TEST_F(WindowMemory, IsNotNeededToEnd) {
-    Form form(Stage());
+    Form form(host_.Handle());
     Shown(form);
     form.grid.SetCurrentRow(3);
     form.Send(WM_KEYDOWN, VK_F2);

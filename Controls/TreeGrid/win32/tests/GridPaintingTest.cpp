@@ -229,6 +229,19 @@ TEST_F(GridPaintingTest, AGridThatHoldsNothingYetIsPainted) {
     EXPECT_EQ(pixels.At(200, 200), SystemPixel(COLOR_WINDOW));
 }
 
+TEST_F(GridPaintingTest, AGridOfNamesAloneIsAllOutline) {
+    TreeGrid names(GridSchema{.columns = 1, .outline = 0, .keyParts = {}});
+    names.SetRowCount(2);
+    names.SetCellText(1, 0, "The only one");
+    fonts_.Load(names.Font(), 96);
+    const GridLayout layout = MeasureGrid(names, fonts_, 96, area, 0);
+    EXPECT_EQ(layout.HeaderCell(shownName).left, 0);
+    const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
+        PaintGrid(dc, {names, layout, fonts_, pictures_, hasBox_, false});
+    });
+    EXPECT_GT(pixels.Drawn(layout.NameText(layout.Cell(0, shownName), 0, false)), 20);
+}
+
 /// A font object that knows its size and nothing else, or fails at it.
 class SizeOnlyFont : public automation::Object {
   public:
