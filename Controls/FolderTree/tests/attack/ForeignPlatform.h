@@ -41,13 +41,15 @@ class ForeignPlatform : public testing::FakePlatform {
     }
     automation::ObjectRef CreateFont(std::string_view name) override {
         const Abroad abroad(border_);
+        const automation::ObjectRef font = FakePlatform::CreateFont(name);
         border_->Reach(Place::FontCreation, name);
-        return MakeForeign(FakePlatform::CreateFont(name), fontPlaces, border_);
+        return MakeForeign(font, fontPlaces, border_);
     }
     automation::ObjectRef AmbientFont() override {
         const Abroad abroad(border_);
+        const automation::ObjectRef font = FakePlatform::AmbientFont();
         border_->Reach(Place::AmbientFont, "");
-        return FakePlatform::AmbientFont();
+        return font;
     }
     int TwipsPerPixel() override {
         const Abroad abroad(border_);
