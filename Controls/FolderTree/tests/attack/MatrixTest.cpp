@@ -67,6 +67,7 @@ TEST(HostCodeAnywhere, LeavesNothingBehindInASampleOfTheMatrix) {
         EXPECT_GT(coverage.places.count(static_cast<Place>(place)), 0u)
             << "no " << NameOf(static_cast<Place>(place)) << " was passed";
     EXPECT_EQ(coverage.actions.size(), HostActions().size());
+    EXPECT_EQ(coverage.members.size(), Coverage(TheMatrix().All()).members.size());
     EXPECT_EQ(Play(sample, false), 0u);
 }
 
