@@ -99,6 +99,7 @@ class RowStore {
     void TakeRecord(RowId row) noexcept;
     void GiveBackRecord(RowId row) noexcept;
 
+    bool ChangeStyle(RowId row, const StyleChange& change);
     bool SetShared(RowRecord& record, int col, std::string_view text);
     bool SetOwn(RowRecord& record, int col, std::string_view text);
     bool SetKey(RowId row, std::string_view text);
