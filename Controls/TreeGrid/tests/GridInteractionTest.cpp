@@ -6,6 +6,8 @@
 
 #include <functional>
 
+#include "interaction/RowActs.h"
+
 namespace foldertree {
 namespace {
 
@@ -92,6 +94,38 @@ TEST_F(GridInteractionTest, ATickWhoseRowIsGoneAfterTheQuestionIsDropped) {
     Meanwhile([&] { grid_.SetRowCount(1); });
     EXPECT_FALSE(interaction_.ToggleTick(2));
     EXPECT_THAT(events_.lines, ElementsAre("before-edit 2,0 []"));
+}
+
+TEST_F(GridInteractionTest, ATickStaysWithItsRowWhenRowsComeAboveItDuringTheQuestion) {
+    grid_.SetCellText(2, colName, "meant");
+    Meanwhile([&] { grid_.AddRow("", 1); });
+    EXPECT_TRUE(interaction_.ToggleTick(2));
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 2,0 []", "after-edit 3,0 [-1]"));
+    EXPECT_EQ(grid_.CellText(3, colName), "meant");
+}
+
+TEST_F(GridInteractionTest, ANumberAndANodeStayWithTheirRowsToo) {
+    MakeNode(nodeCollapsed);
+    Meanwhile([&] { grid_.AddRow("", 1); });
+    EXPECT_TRUE(interaction_.CommitIndex(3, "7"));
+    EXPECT_EQ(grid_.CellText(4, colIndex), "7");
+    interaction_.SetNode(2, true);
+    EXPECT_EQ(grid_.NodeState(3), nodeExpanded);
+}
+
+TEST_F(GridInteractionTest, ATreeThatIsFilledAnewDuringTheQuestionHasNotTheRowThatWasMeant) {
+    MakeNode(nodeCollapsed);
+    Meanwhile([&] {
+        grid_.SetRowCount(1);
+        grid_.SetRowCount(4);
+        MakeNode(nodeCollapsed);
+    });
+    EXPECT_FALSE(interaction_.ToggleTick(2));
+    EXPECT_FALSE(interaction_.CommitIndex(2, "7"));
+    interaction_.SetNode(1, true);
+    EXPECT_EQ(grid_.NodeState(1), nodeCollapsed);
+    EXPECT_EQ(grid_.CellText(2, colSel), "");
+    EXPECT_EQ(grid_.CellText(2, colIndex), "");
 }
 
 TEST_F(GridInteractionTest, TheNumberEditorOpensUnlessItIsRefused) {
@@ -209,6 +243,332 @@ TEST_F(GridInteractionTest, ADisabledGridTakesNoGesture) {
     interaction_.DoubleClick(1);
     EXPECT_THAT(events_.lines, IsEmpty());
     EXPECT_EQ(grid_.NodeState(1), nodeCollapsed);
+}
+
+// ---- Gestures
+
+/// Shows nothing, and keeps the number box that it was asked for.
+class View : public GridView, public NumberBox {
+  public:
+    bool shown = true;
+    bool open = false;
+    bool opens = true;
+    std::string text;
+    bool modified = false;
+    int selections = 0;
+    std::vector<int32_t> broughtIntoView;
+
+    bool Shown() const override { return shown; }
+    int32_t PageRows() const override { return 3; }
+    void BringIntoView(int32_t row) override { broughtIntoView.push_back(row); }
+    void OpenNumberBox(int32_t, const std::string& number) override {
+        open = opens;
+        text = number;
+        modified = false;
+    }
+    NumberBox* OpenedNumberBox() override { return open ? this : nullptr; }
+    void CloseNumberBox() override { open = false; }
+
+    std::string Text() const override { return text; }
+    bool Modified() const override { return modified; }
+    void Type(const std::string& typed) override {
+        text = typed;
+        modified = true;
+    }
+    void SelectAll() override { ++selections; }
+};
+
+/// 1 Mailbox (open), 2 Inbox (open), 3 Customers, 4 Tasks (closed), 5 a placeholder, 6 Trash.
+class GestureTest : public GridInteractionTest {
+  protected:
+    GestureTest() {
+        grid_.SetRowCount(7);
+        const int16_t levels[] = {0, 0, 1, 2, 1, 2, 1};
+        for (int32_t row = 1; row < 7; ++row) {
+            grid_.SetRowOutlineLevel(row, levels[row]);
+            grid_.SetIsNode(row, row != 5);
+        }
+        grid_.SetNodeState(4, nodeCollapsed);
+    }
+    void Press(GridKey key, bool repeated = false) { gestures_.Press(key, repeated); }
+    void Tick(int32_t row, std::string_view number) {
+        grid_.SetCellText(row, colSel, "-1");
+        grid_.SetCellText(row, colIndex, number);
+    }
+    void OpenNumber(int32_t row, std::string_view number) {
+        Tick(row, number);
+        gestures_.Press(row, GridPart::Index, false);
+        events_.lines.clear();
+    }
+
+    View view_;
+    GridInteraction gestures_{grid_, events_, view_, [](const TreeGrid&, int32_t row) { return row != 5; }};
+};
+
+TEST_F(GestureTest, ArrowsMoveAmongTheShownRowsAndBringThemIntoView) {
+    Press(GridKey::Down);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    grid_.SetCurrentRow(4);
+    Press(GridKey::Down);
+    EXPECT_EQ(grid_.CurrentRow(), 6) << "the placeholder is hidden";
+    Press(GridKey::Down);
+    EXPECT_EQ(grid_.CurrentRow(), 6);
+    Press(GridKey::Up);
+    EXPECT_EQ(grid_.CurrentRow(), 4);
+    EXPECT_THAT(view_.broughtIntoView, ElementsAre(1, 6, 6, 4));
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, PagesAndEndsMoveByWhatIsInView) {
+    Press(GridKey::PageDown);
+    EXPECT_EQ(grid_.CurrentRow(), 1) << "from nowhere to the first row";
+    Press(GridKey::PageDown);
+    EXPECT_EQ(grid_.CurrentRow(), 4);
+    Press(GridKey::PageDown);
+    EXPECT_EQ(grid_.CurrentRow(), 6);
+    Press(GridKey::PageUp);
+    EXPECT_EQ(grid_.CurrentRow(), 2);
+    Press(GridKey::Home);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    Press(GridKey::End);
+    EXPECT_EQ(grid_.CurrentRow(), 6);
+}
+
+TEST_F(GestureTest, EndFromNowhereGoesToTheLastRow) {
+    Press(GridKey::End);
+    EXPECT_EQ(grid_.CurrentRow(), 6);
+}
+
+TEST_F(GestureTest, LeftClosesThenStepsOutAndRightOpensThenStepsIn) {
+    grid_.SetCurrentRow(3);
+    Press(GridKey::Left);
+    EXPECT_EQ(grid_.CurrentRow(), 2);
+    Press(GridKey::Left);
+    EXPECT_EQ(grid_.NodeState(2), nodeCollapsed);
+    Press(GridKey::Left);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    grid_.SetCurrentRow(2);
+    Press(GridKey::Right);
+    EXPECT_EQ(grid_.NodeState(2), nodeExpanded);
+    Press(GridKey::Right);
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    Press(GridKey::Right);
+    EXPECT_EQ(grid_.CurrentRow(), 3) << "nothing below it";
+    EXPECT_THAT(events_.lines, ElementsAre("before-collapse 2 to 2, is 0", "before-collapse 2 to 0, is 2"));
+}
+
+TEST_F(GestureTest, ACursorInsideAClosedNodeActsOnTheNodeThatIsSeen) {
+    grid_.SetCurrentRow(3);
+    grid_.SetNodeState(2, nodeCollapsed);
+    Press(GridKey::Tick);
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 2,0 []", "after-edit 2,0 [-1]"));
+    Press(GridKey::Down);
+    EXPECT_EQ(grid_.CurrentRow(), 4);
+}
+
+TEST_F(GestureTest, ACursorThatAClosingNodeHidesGoesToTheNode) {
+    grid_.SetCurrentRow(3);
+    gestures_.Press(1, GridPart::Row, false);
+    grid_.SetCurrentRow(3);
+    gestures_.Type(U'-');
+    EXPECT_EQ(grid_.CurrentRow(), 3) << "a leaf has nothing to close";
+    gestures_.Press(2, GridPart::Glyph, false);
+    EXPECT_EQ(grid_.CurrentRow(), 2);
+    EXPECT_EQ(grid_.NodeState(2), nodeCollapsed);
+}
+
+TEST_F(GestureTest, PlusOpensAndMinusCloses) {
+    grid_.SetCurrentRow(2);
+    for (const char32_t sign : {U'-', U'-', U'+', U'+', U'*'}) gestures_.Type(sign);
+    EXPECT_THAT(events_.lines, ElementsAre("before-collapse 2 to 2, is 0", "before-collapse 2 to 0, is 2"));
+}
+
+TEST_F(GestureTest, TheTickKeyThatIsHeldDownTicksOnce) {
+    grid_.SetCurrentRow(3);
+    Press(GridKey::Tick);
+    Press(GridKey::Tick, true);
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 3,0 []", "after-edit 3,0 [-1]"));
+}
+
+TEST_F(GestureTest, ARowWithoutABoxIsNotTicked) {
+    grid_.SetNodeState(4, nodeExpanded);
+    gestures_.Press(5, GridPart::Box, false);
+    Press(GridKey::Tick);
+    EXPECT_EQ(grid_.CurrentRow(), 5);
+    EXPECT_THAT(events_.lines, IsEmpty());
+    EXPECT_EQ(gestures_.Box(5), BoxKind::None);
+    EXPECT_EQ(gestures_.Box(6), BoxKind::Plain);
+    grid_.SetCellFormat(CellSetting::BackColor, 6, colSel, colors::buttonFace);
+    EXPECT_EQ(gestures_.Box(6), BoxKind::Greyed);
+}
+
+TEST_F(GestureTest, ASecondPressIsATickATurnOrADoubleClickByItsPlace) {
+    gestures_.Press(3, GridPart::Box, true);
+    gestures_.Press(4, GridPart::Glyph, true);
+    gestures_.Press(3, GridPart::Glyph, true);
+    gestures_.Press(6, GridPart::Index, true);
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 3,0 []", "after-edit 3,0 [-1]", "before-collapse 4 to 0, is 2",
+                                           "double-click on 3", "double-click on 6"));
+}
+
+TEST_F(GestureTest, APressBesideEverythingMovesTheCursorOnly) {
+    gestures_.Press(3, GridPart::Row, false);
+    gestures_.Press(0, GridPart::Box, false);
+    gestures_.Press(7, GridPart::Box, false);
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, OnlyATickedRowsNumberInAShownColumnOpens) {
+    gestures_.Press(3, GridPart::Index, false);
+    EXPECT_THAT(events_.lines, IsEmpty());
+    Tick(3, "12");
+    grid_.SetColHidden(colIndex, true);
+    Press(GridKey::Edit);
+    EXPECT_FALSE(view_.open);
+    grid_.SetColHidden(colIndex, false);
+    Press(GridKey::Edit);
+    EXPECT_TRUE(view_.open);
+    EXPECT_EQ(view_.text, "12");
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 3,1 [12]"));
+}
+
+TEST_F(GestureTest, ADigitStartsANewNumber) {
+    Tick(3, "12");
+    grid_.SetCurrentRow(3);
+    gestures_.Type(U'4');
+    EXPECT_EQ(view_.text, "4");
+    gestures_.Number().Accept();
+    EXPECT_FALSE(view_.open);
+    EXPECT_EQ(grid_.CellText(3, colIndex), "4");
+}
+
+TEST_F(GestureTest, AViewThatIsGoneAfterTheQuestionOpensNoBox) {
+    Tick(3, "12");
+    Meanwhile([&] { view_.shown = false; });
+    gestures_.Press(3, GridPart::Index, false);
+    EXPECT_FALSE(view_.open);
+}
+
+TEST_F(GestureTest, ANumberThatWasLeftAsItWasIsNotOffered) {
+    OpenNumber(3, "1");
+    gestures_.Number().Accept();
+    EXPECT_FALSE(view_.open);
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, ARefusedNumberStaysOpenWhenAcceptedAndClosesWhenSomethingElseHappens) {
+    OpenNumber(3, "1");
+    view_.Type("abc");
+    Refuse();
+    gestures_.Number().Accept();
+    EXPECT_TRUE(view_.open);
+    EXPECT_EQ(view_.selections, 1);
+    gestures_.Number().Finish();
+    EXPECT_FALSE(view_.open);
+    EXPECT_EQ(grid_.CellText(3, colIndex), "1");
+    EXPECT_THAT(events_.lines, ElementsAre("validate-edit abc 3,1 [1]", "validate-edit abc 3,1 [1]"));
+}
+
+TEST_F(GestureTest, ANumberThatIsGivenUpIsNotOffered) {
+    OpenNumber(3, "1");
+    view_.Type("7");
+    gestures_.Number().GiveUp();
+    EXPECT_FALSE(view_.open);
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, WhatTakesTheFocusWhileANumberIsOfferedOffersItNotAgain) {
+    OpenNumber(3, "1");
+    view_.Type("7");
+    Meanwhile([&] {
+        gestures_.Number().Finish();
+        gestures_.Number().GiveUp();
+    });
+    gestures_.Number().Accept();
+    EXPECT_THAT(events_.lines, ElementsAre("validate-edit 7 3,1 [1]", "after-edit 3,1 [7]"));
+    EXPECT_FALSE(view_.open);
+}
+
+TEST_F(GestureTest, ANumberStaysWithItsRowAndClosesWithoutIt) {
+    OpenNumber(3, "1");
+    grid_.AddRow("", 2);
+    gestures_.Number().CloseWhereLost();
+    view_.Type("7");
+    gestures_.Number().Accept();
+    EXPECT_EQ(grid_.CellText(4, colIndex), "7");
+    OpenNumber(4, "7");
+    grid_.RemoveRow(4);
+    gestures_.Number().CloseWhereLost();
+    EXPECT_FALSE(view_.open);
+}
+
+TEST_F(GestureTest, ANumberWhoseRowIsHiddenOrWhoseGridIsDisabledCloses) {
+    OpenNumber(3, "1");
+    grid_.SetNodeState(2, nodeCollapsed);
+    gestures_.Number().CloseWhereLost();
+    EXPECT_FALSE(view_.open);
+    OpenNumber(6, "1");
+    grid_.SetEnabled(false);
+    gestures_.Number().CloseWhereLost();
+    EXPECT_FALSE(view_.open);
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, OnAnEmptyOrDisabledGridGesturesDoNothing) {
+    const auto all = [&] {
+        for (const GridKey key : {GridKey::Up, GridKey::Down, GridKey::PageUp, GridKey::PageDown, GridKey::Home,
+                                  GridKey::End, GridKey::Left, GridKey::Right, GridKey::Tick, GridKey::Edit})
+            Press(key);
+        for (const char32_t character : {U'+', U'-', U'7'}) gestures_.Type(character);
+        gestures_.Press(1, GridPart::Box, false);
+    };
+    grid_.SetEnabled(false);
+    all();
+    EXPECT_EQ(grid_.CurrentRow(), 0);
+    grid_.SetEnabled(true);
+    grid_.SetRowCount(1);
+    all();
+    EXPECT_EQ(grid_.CurrentRow(), 0);
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST(RowActs, ATickIsFlippedWithoutAQuestion) {
+    TreeGrid grid{folderSchema};
+    grid.SetRowCount(2);
+    FlipTick(grid, 1);
+    EXPECT_EQ(grid.CellText(1, colSel), "-1");
+    FlipTick(grid, 1);
+    EXPECT_EQ(grid.CellText(1, colSel), "0");
+}
+
+TEST(RowActs, AGridWithoutBoxesOrNumbersTakesNeither) {
+    TreeGrid grid(GridSchema{.columns = 1, .outline = 0, .keyParts = {}});
+    grid.SetRowCount(3);
+    Events events(grid);
+    View view;
+    GridInteraction gestures(grid, events, view);
+    gestures.Press(1, GridPart::Box, false);
+    gestures.Press(1, GridPart::Index, false);
+    gestures.Press(GridKey::Tick, false);
+    gestures.Press(GridKey::Edit, false);
+    EXPECT_FALSE(gestures.ToggleTick(1));
+    EXPECT_FALSE(gestures.MayEditIndex(1));
+    EXPECT_FALSE(gestures.CommitIndex(1, "1"));
+    EXPECT_EQ(gestures.Box(1), BoxKind::None);
+    EXPECT_EQ(grid.CurrentRow(), 1);
+    EXPECT_THAT(events.lines, IsEmpty());
+}
+
+TEST(RowActs, ALeafTurnsAsWell) {
+    TreeGrid grid{folderSchema};
+    grid.SetRowCount(2);
+    Events events(grid);
+    EXPECT_TRUE(TurnNode(grid, events, 1, OtherNodeState(grid, 1)));
+    EXPECT_EQ(grid.NodeState(1), nodeCollapsed);
+    events.meanwhile = [](bool& cancel) { cancel = true; };
+    EXPECT_FALSE(TurnNode(grid, events, 1, OtherNodeState(grid, 1)));
+    EXPECT_EQ(grid.NodeState(1), nodeCollapsed);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "rows/GridColumns.h"
 #include "win32/Window.h"
 
 namespace foldertree {
@@ -120,9 +119,9 @@ std::optional<int32_t> GridLayout::PositionAt(int y) const {
 GridPart GridLayout::PartAt(POINT point, int level) const {
     const auto position = PositionAt(point.y);
     if (!position) return GridPart::Header;
-    RECT box = Box(Cell(*position, colSel));
+    RECT box = Box(Cell(*position, shownBox));
     InflateRect(&box, metrics_.margin, metrics_.rowHeight);
-    const RECT glyph = Glyph(Cell(*position, colName), level);
+    const RECT glyph = Glyph(Cell(*position, shownName), level);
     const int glyphReach = (metrics_.indent - metrics_.glyphSize) / 2;
     if (point.x < edges_[1]) return point.x >= box.left && point.x < box.right ? GridPart::Box : GridPart::Row;
     if (point.x < edges_[2]) return GridPart::Index;

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "interaction/GridView.h"
+
 namespace foldertree {
 
 /// Lengths in pixels.
@@ -24,11 +26,12 @@ struct GridMetrics {
     static GridMetrics For(int dpi, int rowTwips, int fontHeight);
 };
 
-enum class GridPart { Nothing, Header, Box, Index, Glyph, Row };
+/// The columns that are ever shown, from the left: boxes, numbers, and the outline of names.
+enum ShownColumn : int { shownBox = 0, shownNumber = 1, shownName = 2 };
 
 /// Pure geometry, without a window. Positions count the visible rows, 0-based; coordinates are the window's client
-/// area. Only the columns colSel, colIndex and colName are ever shown; the name takes what the two others leave, or as
-/// much more as its texts want; then the columns are wider than the area and can be moved to the left.
+/// area. A column is one of ShownColumn; the name takes what the two others leave, or as much more as its texts want;
+/// then the columns are wider than the area and can be moved to the left.
 class GridLayout {
   public:
     GridLayout() = default;

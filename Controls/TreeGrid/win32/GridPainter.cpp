@@ -4,9 +4,10 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 
-#include "automation/Text.h"
+#include "interaction/CursorMoves.h"
 #include "win32/ShownText.h"
 
 namespace foldertree {
@@ -48,9 +49,12 @@ class Painter {
     Painter(HDC dc, const GridPicture& picture)
         : dc_(dc),
           grid_(picture.grid),
+          schema_(grid_.Schema()),
+          shown_{{{shownBox, schema_.box}, {shownNumber, schema_.number}, {shownName, schema_.outline}}},
           layout_(picture.layout),
           fonts_(picture.fonts),
-          icons_(picture.icons),
+          pictures_(picture.pictures),
+          hasBox_(picture.hasBox),
           metrics_(layout_.Metrics()),
           focused_(picture.focused),
           enabled_(grid_.Enabled()),
@@ -68,7 +72,7 @@ class Painter {
         Fill(dc_, {0, 0, client.cx, client.cy}, back_);
         const int32_t first = layout_.TopPosition();
         const int32_t end = std::min(grid_.VisibleCount(), first + layout_.ShownRows());
-        const int32_t cursor = grid_.CurrentRow();
+        const int32_t cursor = CursorRow(grid_);
         for (int32_t position = first; position < end; ++position) {
             const int32_t row = grid_.VisibleRow(position);
             PaintRow(position, row, row == cursor);
@@ -80,33 +84,33 @@ class Painter {
   private:
     void PaintHeader() {
         SelectObject(dc_, fonts_.Plain());  // the last row painted may have been a bold one
-        for (int col : {colSel, colIndex, colName}) {
-            RECT cell = layout_.HeaderCell(col);
+        for (const auto& [place, col] : shown_) {
+            RECT cell = layout_.HeaderCell(place);
             if (cell.left == cell.right) continue;
             Fill(dc_, cell, face_);
             Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, shadow_);
             const RECT edge{cell.right - 1, cell.top + metrics_.margin, cell.right, cell.bottom - metrics_.margin};
-            if (col != colName) Fill(dc_, edge, Mix(shadow_, face_, 50));
+            if (place != shownName) Fill(dc_, edge, Mix(shadow_, face_, 50));
             if (grid_.RowCount() == 0) continue;
             InflateRect(&cell, -metrics_.margin, 0);
             SetTextColor(dc_, enabled_ ? GetSysColor(COLOR_BTNTEXT) : shadow_);
-            Text(dc_, cell, grid_.CellText(0, col), col == colName ? DT_LEFT : DT_CENTER);
+            Text(dc_, cell, grid_.CellText(0, col), place == shownName ? DT_LEFT : DT_CENTER);
         }
     }
 
     void PaintRow(int32_t position, int32_t row, bool isCursor) {
         const int level = grid_.RowOutlineLevel(row);
-        for (int col : {colSel, colIndex, colName}) {
-            const RECT cell = layout_.Cell(position, col);
+        for (const auto& [place, col] : shown_) {
+            const RECT cell = layout_.Cell(position, place);
             if (cell.left == cell.right) continue;
             const CellLook& look = grid_.Look(row, col);
             Fill(dc_, cell, BackOf(look, isCursor));
             Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, line_);
             SetTextColor(dc_, enabled_ && look.foreColor ? ToColorRef(*look.foreColor) : text_);
             SelectObject(dc_, look.bold ? fonts_.Bold() : fonts_.Plain());
-            if (col == colSel)
+            if (place == shownBox)
                 PaintBox(cell, row);
-            else if (col == colIndex)
+            else if (place == shownNumber)
                 PaintNumber(cell, row);
             else
                 PaintName(cell, row, level, look);
@@ -124,13 +128,13 @@ class Painter {
     }
 
     void PaintBox(const RECT& cell, int32_t row) {
-        const BoxKind kind = BoxOf(grid_, row);
+        const BoxKind kind = BoxOf(grid_, hasBox_, row);
         if (kind == BoxKind::None) return;
         const bool greyed = kind == BoxKind::Greyed || !enabled_;
         const RECT box = layout_.Box(cell);
         Fill(dc_, box, greyed ? Mix(face_, GetSysColor(COLOR_WINDOW), 60) : GetSysColor(COLOR_WINDOW));
         Frame(dc_, box, greyed ? Mix(shadow_, face_, 60) : Mix(shadow_, GetSysColor(COLOR_WINDOWTEXT), 70), 1);
-        if (grid_.CellValue(row, colSel) != 0)
+        if (grid_.CellValue(row, schema_.box) != 0)
             PaintTick(box, greyed ? shadow_ : Mix(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_WINDOWTEXT), 70));
     }
 
@@ -149,14 +153,14 @@ class Painter {
 
     void PaintNumber(RECT cell, int32_t row) {
         InflateRect(&cell, -metrics_.margin, 0);
-        Text(dc_, cell, grid_.CellText(row, colIndex), DT_RIGHT);
+        Text(dc_, cell, grid_.CellText(row, schema_.number), DT_RIGHT);
     }
 
     void PaintName(const RECT& cell, int32_t row, int level, const CellLook& look) {
-        if (grid_.IsNode(row) && grid_.HasChildren(row))
-            PaintGlyph(layout_.Glyph(cell, level), grid_.NodeState(row) == nodeExpanded);
-        icons_.Draw(dc_, look.picture, layout_.Icon(cell, level), !enabled_);
-        Text(dc_, layout_.NameText(cell, level, look.picture != noPicture), grid_.CellText(row, colName), DT_LEFT);
+        if (HasSign(grid_, row)) PaintGlyph(layout_.Glyph(cell, level), grid_.NodeState(row) == nodeExpanded);
+        pictures_.Draw(dc_, look.picture, layout_.Icon(cell, level), !enabled_);
+        Text(dc_, layout_.NameText(cell, level, look.picture != noPicture), grid_.CellText(row, schema_.outline),
+             DT_LEFT);
     }
 
     void PaintGlyph(const RECT& glyph, bool open) {
@@ -169,11 +173,19 @@ class Painter {
         if (!open) Fill(dc_, {x, glyph.top + 2, x + 1, glyph.bottom - 2}, sign);
     }
 
+    struct Column {
+        ShownColumn place;
+        int column;  ///< of the grid; one that there is not has no width
+    };
+
     const HDC dc_;
     const TreeGrid& grid_;
+    const GridSchema& schema_;
+    const std::array<Column, 3> shown_;
     const GridLayout& layout_;
     const GridFonts& fonts_;
-    const Icons& icons_;
+    const GridPictures& pictures_;
+    const RowHasBox& hasBox_;
     const GridMetrics& metrics_;
     const bool focused_;
     const bool enabled_;
@@ -189,7 +201,11 @@ class Painter {
 class Measurer {
   public:
     Measurer(const TreeGrid& grid, const GridFonts& fonts, const GridMetrics& metrics)
-        : grid_(grid), metrics_(metrics), dc_(CreateCompatibleDC(nullptr)), before_(SelectObject(dc_, fonts.Bold())) {}
+        : grid_(grid),
+          schema_(grid.Schema()),
+          metrics_(metrics),
+          dc_(CreateCompatibleDC(nullptr)),
+          before_(SelectObject(dc_, fonts.Bold())) {}
     ~Measurer() {
         SelectObject(dc_, before_);
         DeleteDC(dc_);
@@ -198,15 +214,15 @@ class Measurer {
     Measurer& operator=(const Measurer&) = delete;
 
     int SelWidth() const {
-        if (grid_.ColHidden(colSel)) return 0;
-        return std::max(Caption(colSel), metrics_.boxSize + 2 * metrics_.margin) + 2 * metrics_.margin;
+        if (!IsShown(schema_.box)) return 0;
+        return std::max(Caption(schema_.box), metrics_.boxSize + 2 * metrics_.margin) + 2 * metrics_.margin;
     }
 
     int IndexWidth(int32_t firstPosition, int32_t endPosition) const {
-        if (grid_.ColHidden(colIndex)) return 0;
-        int width = std::max(Caption(colIndex), TextWidth(dc_, "000"));
+        if (!IsShown(schema_.number)) return 0;
+        int width = std::max(Caption(schema_.number), TextWidth(dc_, "000"));
         for (int32_t position = firstPosition; position < endPosition; ++position)
-            width = std::max(width, TextWidth(dc_, grid_.CellText(grid_.VisibleRow(position), colIndex)));
+            width = std::max(width, TextWidth(dc_, grid_.CellText(grid_.VisibleRow(position), schema_.number)));
         return width + 3 * metrics_.margin;
     }
 
@@ -215,17 +231,19 @@ class Measurer {
         int widest = 0;
         for (int32_t position = layout.TopPosition(); position < end; ++position) {
             const int32_t row = grid_.VisibleRow(position);
-            SelectObject(dc_, grid_.Look(row, colName).bold ? fonts.Bold() : fonts.Plain());
-            const int text = TextWidth(dc_, grid_.CellText(row, colName));
+            SelectObject(dc_, grid_.Look(row, schema_.outline).bold ? fonts.Bold() : fonts.Plain());
+            const int text = TextWidth(dc_, grid_.CellText(row, schema_.outline));
             widest = std::max(widest, layout.NameWidth(grid_.RowOutlineLevel(row), text));
         }
         return widest;
     }
 
   private:
+    bool IsShown(int col) const { return col != GridSchema::none && !grid_.ColHidden(col); }
     int Caption(int col) const { return grid_.RowCount() > 0 ? TextWidth(dc_, grid_.CellText(0, col)) : 0; }
 
     const TreeGrid& grid_;
+    const GridSchema& schema_;
     const GridMetrics& metrics_;
     const HDC dc_;
     const HGDIOBJ before_;
@@ -249,11 +267,6 @@ GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SI
 
 int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout) {
     return Measurer(grid, fonts, layout.Metrics()).WidestName(fonts, layout);
-}
-
-BoxKind BoxOf(const TreeGrid& grid, int32_t row) {
-    if (automation::EqualNoCase(grid.CellText(row, colRowKind), rowKind::dummy)) return BoxKind::None;
-    return grid.Look(row, colSel).backColor == colors::buttonFace ? BoxKind::Greyed : BoxKind::Plain;
 }
 
 COLORREF ToColorRef(OleColor color) {

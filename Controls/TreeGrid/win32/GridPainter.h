@@ -3,10 +3,11 @@
 
 #include <windows.h>
 
+#include "interaction/GridView.h"
 #include "rows/TreeGrid.h"
 #include "win32/GridFonts.h"
 #include "win32/GridLayout.h"
-#include "win32/Icons.h"
+#include "win32/GridPictures.h"
 
 namespace foldertree {
 
@@ -15,7 +16,8 @@ struct GridPicture {
     const TreeGrid& grid;
     const GridLayout& layout;
     const GridFonts& fonts;
-    const Icons& icons;
+    const GridPictures& pictures;
+    const RowHasBox& hasBox;
     bool focused = false;
 };
 
@@ -28,10 +30,6 @@ GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SI
 
 /// The width that the names of the rows in view want (see GridLayout::NameWidth).
 int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout);
-
-/// The check box of a row: none on a placeholder, greyed where the cell's colour says that it may not be edited.
-enum class BoxKind { None, Greyed, Plain };
-BoxKind BoxOf(const TreeGrid& grid, int32_t row);
 
 /// An OLE colour as GDI wants it.
 COLORREF ToColorRef(OleColor color);

@@ -6,21 +6,56 @@
 #include <algorithm>
 #include <limits>
 
-#include "interaction/FlagSet.h"
-#include "rows/GridColumns.h"
-#include "win32/GridPainter.h"
+#include "win32/OffscreenBitmap.h"
+#include "win32/PaintScope.h"
 
 namespace foldertree {
 namespace {
 
-bool IsPlaceholder(const TreeGrid& grid, int32_t row) {
-    return BoxOf(grid, row) == BoxKind::None;
+struct KeyMeaning {
+    WPARAM key;
+    GridKey meaning;
+};
+constexpr KeyMeaning keys[] = {{VK_UP, GridKey::Up},         {VK_DOWN, GridKey::Down},   {VK_PRIOR, GridKey::PageUp},
+                               {VK_NEXT, GridKey::PageDown}, {VK_HOME, GridKey::Home},   {VK_END, GridKey::End},
+                               {VK_LEFT, GridKey::Left},     {VK_RIGHT, GridKey::Right}, {VK_SPACE, GridKey::Tick},
+                               {VK_F2, GridKey::Edit}};
+
+/// Keys whose characters mean something; digits come as WM_CHAR in any case.
+constexpr WPARAM characterKeys[] = {VK_ADD, VK_SUBTRACT, VK_OEM_PLUS, VK_OEM_MINUS};
+
+const KeyMeaning* MeaningOf(WPARAM key) {
+    const auto* found =
+        std::find_if(std::begin(keys), std::end(keys), [key](const auto& each) { return each.key == key; });
+    return found == std::end(keys) ? nullptr : found;
+}
+
+/// Whether the message is something that a user did to the grid.
+bool IsInput(UINT message) {
+    switch (message) {
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+        case WM_NCLBUTTONDOWN:  // on a scroll bar
+        case WM_NCLBUTTONDBLCLK:
+        case WM_MOUSEWHEEL:
+        case WM_MOUSEHWHEEL:
+        case WM_KEYDOWN:
+        case WM_CHAR:
+            return true;
+        default:
+            return false;
+    }
 }
 
 }  // namespace
 
-GridWindow::GridWindow(TreeGrid& grid, GridEvents& events, WindowKeeper& keeper, std::function<void()> stale)
-    : Window(L"ctlFolderTree.Grid", keeper), grid_(grid), events_(events), stale_(std::move(stale)) {
+GridWindow::GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::function<void()> stale)
+    : Window(parts.className, keeper),
+      grid_(parts.grid),
+      hasBox_(std::move(parts.hasBox)),
+      pictures_(parts.pictures),
+      interaction_(grid_, parts.events, *this, hasBox_),
+      stale_(std::move(stale)) {
     grid_.AddObserver(this);
 }
 
@@ -46,9 +81,10 @@ void GridWindow::OnHandleGone() {
 
 void GridWindow::GridChanged(const GridChanges& changes) noexcept {
     const bool rows = changes.firstMoved != GridChanges::noRow || changes.firstOutline != GridChanges::noRow;
+    // A tree that is filled anew starts at its beginning.
     if (changes.emptied) {
-        widestName_ = 0;
         topRow_ = {};
+        left_ = widestName_ = 0;
     }
     if (changes.appearance) fontLoaded_ = false;
     countStale_ = countStale_ || rows;
@@ -73,19 +109,16 @@ bool GridWindow::MayBeInView(int32_t firstRow) const {
 void GridWindow::Refresh() {
     grid_.DeliverChanges();
     if (Handle() == nullptr || (!pictureStale_ && !countStale_)) return;
-    if (editor_ && (!IsShown(editedRow_) || !grid_.Enabled())) CloseEditor();
+    interaction_.Number().CloseWhereLost();
     // A grid that is switched off loses the focus, and the host may end the control when it hears of that.
     EnableWindow(Handle(), grid_.Enabled());
+    // Nor is the font object the grid's own code.
+    if (Handle() != nullptr) LoadFontOnce();
     if (Handle() == nullptr) return;
     Measure();
     UpdateScrollBars();
     if (pictureStale_) InvalidateRect(Handle(), nullptr, FALSE);
     pictureStale_ = countStale_ = false;
-}
-
-bool GridWindow::IsShown(RowHandle handle) const {
-    const auto row = grid_.RowOf(handle);
-    return row && grid_.VisiblePosition(*row);
 }
 
 void GridWindow::ReloadFont() {
@@ -96,13 +129,13 @@ void GridWindow::ReloadFont() {
 
 void GridWindow::LoadFontOnce() {
     if (fontLoaded_) return;
-    fonts_.Load(grid_.Font(), DpiOf(Handle()));
+    const automation::ObjectRef font = grid_.Font();  // the host may set another one while this one is read
+    fonts_.Load(font, DpiOf(Handle()));
     fontLoaded_ = true;
     widestName_ = 0;
 }
 
 void GridWindow::Measure() {
-    LoadFontOnce();
     RECT client{};
     GetClientRect(Handle(), &client);
     const int32_t count = grid_.VisibleCount();
@@ -151,19 +184,20 @@ void GridWindow::UpdateScrollBar(int bar, int last, int page, int position) {
 void GridWindow::OnPaint() {
     Refresh();
     if (Handle() == nullptr) return;
-    PAINTSTRUCT paint{};
-    const HDC dc = BeginPaint(Handle(), &paint);
-    const SIZE client = layout_.Client();
-    const HDC memory = CreateCompatibleDC(dc);
-    const HBITMAP bitmap = CreateCompatibleBitmap(dc, std::max<int>(1, client.cx), std::max<int>(1, client.cy));
-    const HGDIOBJ before = SelectObject(memory, bitmap);
-    PaintGrid(memory, {grid_, layout_, fonts_, icons_, GetFocus() == Handle()});
-    BitBlt(dc, 0, 0, client.cx, client.cy, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
-    EndPaint(Handle(), &paint);
+    const PaintScope paint(Handle());
+    pictureStale_ = true;  // until it is painted: what fails on the way is painted with the next frame
+    const OffscreenBitmap bitmap(paint.Dc(), layout_.Client());
+    PaintGrid(bitmap.Dc(), Picture(layout_, GetFocus() == Handle()));
+    bitmap.Show();
+    pictureStale_ = false;
+    NoteShownRows();
+}
 
+GridPicture GridWindow::Picture(const GridLayout& layout, bool focused) const {
+    return {grid_, layout, fonts_, pictures_, hasBox_, focused};
+}
+
+void GridWindow::NoteShownRows() {
     const int32_t count = grid_.VisibleCount();
     const int32_t end = layout_.TopPosition() + layout_.ShownRows();
     viewFull_ = count >= end;
@@ -175,7 +209,7 @@ void GridWindow::Draw(HDC dc, SIZE area) {
     grid_.DeliverChanges();
     LoadFontOnce();
     const GridLayout layout = MeasureGrid(grid_, fonts_, DpiOf(Handle()), area, layout_.TopPosition());
-    PaintGrid(dc, {grid_, layout, fonts_, icons_, false});
+    PaintGrid(dc, Picture(layout, false));
 }
 
 // ---- Scrolling
@@ -184,7 +218,7 @@ void GridWindow::ScrollTo(int64_t position) {
     const int64_t last = std::max(0, grid_.VisibleCount() - layout_.FullRows());
     const auto target = static_cast<int32_t>(std::clamp<int64_t>(position, 0, last));
     if (target == layout_.TopPosition() || grid_.VisibleCount() == 0) return;
-    FinishEdit();
+    interaction_.Number().Finish();
     if (Handle() == nullptr || grid_.VisibleCount() == 0) return;
     topRow_ = grid_.HandleOf(grid_.VisibleRow(std::min(target, grid_.VisibleCount() - 1)));
     pictureStale_ = true;
@@ -227,7 +261,7 @@ void GridWindow::ScrollSidewaysTo(int left) {
     const int last = layout_.ContentWidth() - layout_.Client().cx;
     left = std::clamp(left, 0, std::max(0, last));
     if (left == layout_.Left()) return;
-    FinishEdit();
+    interaction_.Number().Finish();
     left_ = left;
     pictureStale_ = true;
     Refresh();
@@ -272,6 +306,8 @@ void GridWindow::OnSidewaysWheel(int delta) {
     ScrollSidewaysTo(layout_.Left() + 3 * layout_.Metrics().indent * delta / WHEEL_DELTA);
 }
 
+// ---- What gestures ask for
+
 void GridWindow::BringIntoView(int32_t row) {
     Refresh();
     const auto position = grid_.VisiblePosition(row);
@@ -282,86 +318,70 @@ void GridWindow::BringIntoView(int32_t row) {
         ScrollTo(static_cast<int64_t>(*position) - layout_.FullRows() + 1);
 }
 
-// ---- Gestures
+void GridWindow::OpenNumberBox(int32_t row, const std::string& text) {
+    BringIntoView(row);
+    ScrollSidewaysTo(0);
+    const auto position = grid_.VisiblePosition(row);
+    if (Handle() == nullptr || !position) return;
+    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, shownNumber), fonts_.Plain(), text);
+    if (editor_->Handle() != nullptr)
+        SetFocus(editor_->Handle());
+    else
+        editor_.reset();
+}
+
+void GridWindow::CloseNumberBox() {
+    if (!editor_) return;
+    // The focus stays in the control: the host is not told that it left and came back.
+    if (GetFocus() == editor_->Handle()) SetFocus(Handle());
+    editor_.reset();
+}
+
+// ---- Which gesture it was
 
 // Whatever a gesture calls may take the window away, so it is asked for before the gesture goes on.
 
-void GridWindow::Tick(int32_t row) {
-    if (IsPlaceholder(grid_, row)) return;
-    GridInteraction(grid_, events_).ToggleTick(row);
-    Refresh();
+void GridWindow::DropInput(DWORD from, DWORD to) {
+    dropFrom_ = from;
+    dropTo_ = to;
 }
 
-void GridWindow::SetNode(int32_t row, bool open) {
-    GridInteraction(grid_, events_).SetNode(row, open);
-    if (Handle() == nullptr) return;
-    if (const int32_t cursor = CursorRow(); cursor != 0 && cursor != grid_.CurrentRow()) grid_.SetCurrentRow(cursor);
-    Refresh();
+// Message times wrap around.
+bool GridWindow::Drops(DWORD time) const {
+    return static_cast<int32_t>(time - dropFrom_) > 0 && static_cast<int32_t>(time - dropTo_) <= 0;
+}
+
+// The character of a dropped key gets a time of its own, so it goes the way of its key.
+bool GridWindow::IsDropped(UINT message) {
+    if (!IsInput(message)) return false;
+    if (message == WM_CHAR) return dropCharacters_;
+    const bool dropped = Drops(static_cast<DWORD>(GetMessageTime()));
+    if (message == WM_KEYDOWN) dropCharacters_ = dropped;
+    return dropped;
 }
 
 void GridWindow::OnMouse(UINT message, POINT point) {
-    FinishEdit();
+    interaction_.Number().Finish();
     if (Handle() != nullptr) SetFocus(Handle());
     if (Handle() == nullptr || !grid_.Enabled()) return;
     Refresh();
     const auto position = layout_.PositionAt(point.y);
-    if (!position || *position >= grid_.VisibleCount()) return;
+    if (Handle() == nullptr || !position || *position >= grid_.VisibleCount()) return;
     const int32_t row = grid_.VisibleRow(*position);
-    const GridPart part = layout_.PartAt(point, grid_.RowOutlineLevel(row));
-    const bool onGlyph = part == GridPart::Glyph && grid_.IsNode(row) && grid_.HasChildren(row);
-    grid_.SetCurrentRow(row);
-    // The second click of a double click is on the box one more tick, and on the sign one more turn.
-    if (part == GridPart::Box && !IsPlaceholder(grid_, row)) return Tick(row);
-    if (onGlyph) return SetNode(row, grid_.NodeState(row) != nodeExpanded);
-    if (message == WM_LBUTTONDBLCLK) {
-        GridInteraction(grid_, events_).DoubleClick(row);
-        Refresh();
-        return;
-    }
+    interaction_.Press(row, layout_.PartAt(point, grid_.RowOutlineLevel(row)), message == WM_LBUTTONDBLCLK);
     Refresh();
-    if (part == GridPart::Index) OpenEditor(row);
 }
 
 void GridWindow::OnKey(WPARAM key, bool repeated) {
-    if (!grid_.Enabled()) return;
+    const KeyMeaning* known = MeaningOf(key);
+    if (known == nullptr || !grid_.Enabled()) return;
     Refresh();
+    if (Handle() == nullptr) return;
     // Left and Right alone belong to the outline.
     if (GetKeyState(VK_CONTROL) < 0 && (key == VK_LEFT || key == VK_RIGHT))
         return OnSidewaysScroll(key == VK_LEFT ? SB_LINELEFT : SB_LINERIGHT);
-    const int32_t row = CursorRow();
-    switch (key) {
-        case VK_UP:
-            return MoveCursorBy(-1);
-        case VK_DOWN:
-            return MoveCursorBy(1);
-        case VK_PRIOR:
-            return MoveCursorBy(-layout_.FullRows());
-        case VK_NEXT:
-            return MoveCursorBy(layout_.FullRows());
-        case VK_HOME:
-            return MoveCursorBy(std::numeric_limits<int32_t>::min());
-        case VK_END:
-            return MoveCursorBy(std::numeric_limits<int32_t>::max());
-        default:
-            break;
-    }
-    if (row == 0) return;
-    if (key == VK_RIGHT) return OpenOrStepIn(row);
-    if (key == VK_LEFT) return CloseOrStepOut(row);
-    if (key == VK_SPACE && !repeated) return Tick(row);
-    if (key == VK_F2) return OpenEditor(row);
-}
-
-void GridWindow::OnCharacter(wchar_t character) {
-    if (!grid_.Enabled()) return;
-    const int32_t row = CursorRow();
-    if (row == 0) return;
-    if (character == L'+') return SetNode(row, true);
-    if (character == L'-') return SetNode(row, false);
-    if (character >= L'0' && character <= L'9') {
-        OpenEditor(row);
-        if (editor_) editor_->Type(std::string(1, static_cast<char>(character)));
-    }
+    interaction_.Press(known->meaning, repeated);
+    Refresh();
 }
 
 void GridWindow::OnFocusMoved() {
@@ -369,97 +389,21 @@ void GridWindow::OnFocusMoved() {
     if (focusHandler_) focusHandler_();
 }
 
-int32_t GridWindow::CursorRow() const {
-    const int32_t row = grid_.CurrentRow();
-    if (row < grid_.FixedRowCount() || row >= grid_.RowCount()) return 0;
-    return grid_.VisibleAncestor(row);
-}
-
-void GridWindow::MoveCursorBy(int64_t rows) {
-    const int32_t count = grid_.VisibleCount();
-    if (count == 0) return;
-    const int32_t row = CursorRow();
-    const int64_t from = row == 0 ? (rows > 0 ? -1 : 1) : grid_.VisiblePosition(row).value_or(0);
-    const int64_t target = row == 0 && rows < count ? 0 : from + rows;
-    MoveCursorTo(grid_.VisibleRow(static_cast<int32_t>(std::clamp<int64_t>(target, 0, count - 1))));
-}
-
-void GridWindow::MoveCursorTo(int32_t row) {
-    grid_.SetCurrentRow(row);
-    BringIntoView(row);
-    Refresh();
-}
-
-void GridWindow::OpenOrStepIn(int32_t row) {
-    if (!grid_.IsNode(row) || !grid_.HasChildren(row)) return;
-    if (grid_.NodeState(row) != nodeExpanded) return SetNode(row, true);
-    MoveCursorTo(row + 1);
-}
-
-void GridWindow::CloseOrStepOut(int32_t row) {
-    if (grid_.IsNode(row) && grid_.HasChildren(row) && grid_.NodeState(row) == nodeExpanded) return SetNode(row, false);
-    const int16_t level = grid_.RowOutlineLevel(row);
-    int32_t parent = row - 1;
-    while (parent >= grid_.FixedRowCount() && grid_.RowOutlineLevel(parent) >= level) --parent;
-    if (parent >= grid_.FixedRowCount()) MoveCursorTo(parent);
-}
-
-// ---- The number editor
-
-void GridWindow::OpenEditor(int32_t row) {
-    if (grid_.ColHidden(colIndex) || grid_.CellValue(row, colSel) == 0) return;
-    FinishEdit();
-    const bool allowed = GridInteraction(grid_, events_).MayEditIndex(row);
-    if (!allowed || Handle() == nullptr || row >= grid_.RowCount()) return;
-    BringIntoView(row);
-    ScrollSidewaysTo(0);
-    const auto position = grid_.VisiblePosition(row);
-    if (Handle() == nullptr || !position) return;
-    editedRow_ = grid_.HandleOf(row);
-    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, colIndex), fonts_.Plain(),
-                                             grid_.CellText(row, colIndex));
-    if (editor_->Handle() != nullptr)
-        SetFocus(editor_->Handle());
-    else
-        editor_.reset();
-}
-
 void GridWindow::OnEditor(NumberEditor::Event event) {
-    // While the control takes a number it may show something that takes the focus, and an editor that closes gives it
-    // back; neither ends the edit once more.
-    if (event == NumberEditor::Event::FocusLeft && !committing_) FinishEdit();
-    if (event == NumberEditor::Event::FocusLeft || event == NumberEditor::Event::FocusCame) return OnFocusMoved();
-    if (committing_ || !editor_) return;
-    if (event == NumberEditor::Event::Enter && !OfferNumber()) {
-        // A refused number stays open so that it can be put right.
-        if (editor_) editor_->SelectAll();
-        return;
+    NumberEditing& number = interaction_.Number();
+    switch (event) {
+        case NumberEditor::Event::Enter:
+            number.Accept();
+            return Refresh();
+        case NumberEditor::Event::Escape:
+            number.GiveUp();
+            return Refresh();
+        case NumberEditor::Event::FocusLeft:
+            number.Finish();
+            return OnFocusMoved();
+        case NumberEditor::Event::FocusCame:
+            return OnFocusMoved();
     }
-    CloseEditor();
-    Refresh();
-}
-
-void GridWindow::FinishEdit() {
-    if (!editor_ || committing_) return;
-    OfferNumber();
-    CloseEditor();
-}
-
-// An editor that was opened and left as it was has changed nothing, so there is nothing to tell.
-bool GridWindow::OfferNumber() {
-    const auto row = grid_.RowOf(editedRow_);
-    if (!row || !editor_->Modified()) return true;
-    const FlagSet committing(committing_);
-    return GridInteraction(grid_, events_).CommitIndex(*row, editor_->Text());
-}
-
-void GridWindow::CloseEditor() {
-    if (!editor_) return;
-    const FlagSet committing(committing_);
-    // The focus stays in the control: the host is not told that it left and came back.
-    if (GetFocus() == editor_->Handle()) SetFocus(Handle());
-    editor_.reset();
-    editedRow_ = {};
 }
 
 // ---- Messages
@@ -469,12 +413,13 @@ bool GridWindow::WantsKey(const MSG& message) const {
     if (message.hwnd != Handle()) return false;
     if (message.message == WM_CHAR) return true;
     if (message.message != WM_KEYDOWN && message.message != WM_KEYUP) return false;
-    constexpr WPARAM keys[] = {VK_UP,    VK_DOWN,  VK_PRIOR, VK_NEXT, VK_HOME,     VK_END,      VK_LEFT,
-                               VK_RIGHT, VK_SPACE, VK_F2,    VK_ADD,  VK_SUBTRACT, VK_OEM_PLUS, VK_OEM_MINUS};
-    return std::find(std::begin(keys), std::end(keys), message.wParam) != std::end(keys);
+    const bool character =
+        std::find(std::begin(characterKeys), std::end(characterKeys), message.wParam) != std::end(characterKeys);
+    return character || MeaningOf(message.wParam) != nullptr;
 }
 
 LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (IsDropped(message)) return 0;
     switch (message) {
         case WM_PAINT:
             OnPaint();
@@ -508,7 +453,8 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnKey(wParam, (lParam & (1 << 30)) != 0);
             return 0;
         case WM_CHAR:
-            OnCharacter(static_cast<wchar_t>(wParam));
+            interaction_.Type(static_cast<char32_t>(wParam));
+            Refresh();
             return 0;
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;

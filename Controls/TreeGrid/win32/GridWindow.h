@@ -8,20 +8,29 @@
 #include "rows/TreeGrid.h"
 #include "win32/GridFonts.h"
 #include "win32/GridLayout.h"
-#include "win32/Icons.h"
+#include "win32/GridPainter.h"
+#include "win32/GridPictures.h"
 #include "win32/NumberEditor.h"
 #include "win32/Window.h"
 
 namespace foldertree {
 
+/// What a grid's window shows and drives; all of it outlives the window.
+struct GridWindowParts {
+    TreeGrid& grid;
+    GridEvents& events;
+    const GridPictures& pictures;
+    RowHasBox hasBox;
+    const wchar_t* className;  ///< of the window, a literal
+};
+
 /// Holds no folder logic and no row: what is seen comes from the grid when it is painted, and every gesture goes
 /// through GridInteraction. Changes of the grid are only noted; Refresh() brings the window up to date. Any gesture may
 /// end with the HWND gone. The row at the top and the cursor stay on their rows when rows come or go above them.
-class GridWindow : public Window, private TreeGridObserver {
+class GridWindow : public Window, private TreeGridObserver, private GridView {
   public:
-    /// `grid` and `events` outlive this object. `stale` is called when a Refresh() is wanted, which may be any number
-    /// of times before one comes.
-    GridWindow(TreeGrid& grid, GridEvents& events, WindowKeeper& keeper, std::function<void()> stale);
+    /// `stale` is called when a Refresh() is wanted, which may be any number of times before one comes.
+    GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::function<void()> stale);
     ~GridWindow() override;
 
     HWND Create(HWND parent, const RECT& place);
@@ -33,7 +42,12 @@ class GridWindow : public Window, private TreeGridObserver {
     /// Draws the grid as it stands into the area at the origin of `dc`; works without a window.
     void Draw(HDC dc, SIZE area);
     /// Closes an open number editor without offering its text.
-    void AbandonEdit() { CloseEditor(); }
+    void AbandonEdit() { interaction_.Number().GiveUp(); }
+    /// Input that was made after `from` until `to` (message times) was made while nobody could answer it; what of it
+    /// still waits for the grid is dropped.
+    void DropInput(DWORD from, DWORD to);
+    /// Whether input of that message time is dropped.
+    bool Drops(DWORD time) const;
     /// Whether a key message belongs to the grid rather than to the host's dialog.
     bool WantsKey(const MSG& message) const;
 
@@ -51,12 +65,13 @@ class GridWindow : public Window, private TreeGridObserver {
     /// Only notes what is no longer right.
     void GridChanged(const GridChanges& changes) noexcept override;
     bool AreInView(const GridChanges& changes) const;
-    bool IsShown(RowHandle row) const;
     bool MayBeInView(int32_t firstRow) const;
 
     // Painting
     void OnPaint();
     void LoadFontOnce();
+    GridPicture Picture(const GridLayout& layout, bool focused) const;
+    void NoteShownRows();
     void Measure();
     void MeasureNames();
     void UpdateScrollBars();
@@ -70,37 +85,29 @@ class GridWindow : public Window, private TreeGridObserver {
     void OnWheel(int delta);
     void OnSidewaysWheel(int delta);
     int ThumbPosition(int bar) const;
-    void BringIntoView(int32_t row);
 
-    // Gestures
+    // What gestures ask for
+    bool Shown() const override { return Handle() != nullptr; }
+    int32_t PageRows() const override { return layout_.FullRows(); }
+    void BringIntoView(int32_t row) override;
+    void OpenNumberBox(int32_t row, const std::string& text) override;
+    NumberBox* OpenedNumberBox() override { return editor_.get(); }
+    void CloseNumberBox() override;
+
+    // Which gesture it was
+    bool IsDropped(UINT message);
     void OnMouse(UINT message, POINT point);
     void OnKey(WPARAM key, bool repeated);
-    void OnCharacter(wchar_t character);
     void OnFocusMoved();
-    void Tick(int32_t row);
-    void SetNode(int32_t row, bool open);
-    void MoveCursorBy(int64_t rows);
-    void MoveCursorTo(int32_t row);
-    void OpenOrStepIn(int32_t row);
-    void CloseOrStepOut(int32_t row);
-    /// The cursor's row, or the closed node that hides it; 0 when there is none.
-    int32_t CursorRow() const;
-
-    // The number editor
-    void OpenEditor(int32_t row);
     void OnEditor(NumberEditor::Event event);
-    /// Ends an open edit before something else happens; the text is offered.
-    void FinishEdit();
-    /// Offers what was typed; false when it was refused.
-    bool OfferNumber();
-    void CloseEditor();
 
     TreeGrid& grid_;
-    GridEvents& events_;
+    RowHasBox hasBox_;
+    const GridPictures& pictures_;
+    GridInteraction interaction_;
     std::function<void()> stale_;
     std::function<void()> focusHandler_;
 
-    Icons icons_;
     GridFonts fonts_;
     bool fontLoaded_ = false;
     GridLayout layout_;
@@ -116,8 +123,10 @@ class GridWindow : public Window, private TreeGridObserver {
     int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
 
     std::unique_ptr<NumberEditor> editor_;
-    RowHandle editedRow_;
-    bool committing_ = false;
+
+    DWORD dropFrom_ = 0;
+    DWORD dropTo_ = 0;
+    bool dropCharacters_ = false;  ///< those of a key that was dropped
 };
 
 }  // namespace foldertree

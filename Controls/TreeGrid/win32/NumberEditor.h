@@ -5,29 +5,29 @@
 
 #include <string>
 
+#include "interaction/GridView.h"
+
 namespace foldertree {
 
 /// Lives while it is open. What the user does in it is sent to the parent window as a message of its own, with the
 /// `Event` as wParam; the parent decides, and may delete the editor from inside the message.
-class NumberEditor {
+class NumberEditor : public NumberBox {
   public:
     static constexpr UINT eventMessage = WM_USER + 1;
     enum class Event { Enter, Escape, FocusCame, FocusLeft };
 
     /// Opens over `place` of `parent`, with its text selected; the focus is the parent's to give.
     NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text);
-    ~NumberEditor();
+    ~NumberEditor() override;
     NumberEditor(const NumberEditor&) = delete;
     NumberEditor& operator=(const NumberEditor&) = delete;
 
     /// Null when Windows refused it, or when it went with its parent.
     HWND Handle() const { return edit_; }
-    std::string Text() const;
-    /// Puts text in as if it had been typed, with the caret at its end.
-    void Type(const std::string& text);
-    /// Whether the user typed anything, be it the same number again.
-    bool Modified() const;
-    void SelectAll();
+    std::string Text() const override;
+    void Type(const std::string& text) override;
+    bool Modified() const override;
+    void SelectAll() override;
 
   private:
     static LRESULT CALLBACK Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept;

@@ -23,7 +23,9 @@ class ClassRegister {
 
     bool Enter(const wchar_t* name, WNDPROC procedure) {
         const std::lock_guard lock(mutex_);
-        if (names_.contains(name)) return true;
+        // Noted first: a class that Windows knows and this does not could neither be used nor be taken back.
+        const auto [place, isNew] = names_.insert(name);
+        if (!isNew) return true;
         WNDCLASSEXW description{};
         description.cbSize = sizeof description;
         description.style = CS_DBLCLKS;
@@ -31,9 +33,9 @@ class ClassRegister {
         description.hInstance = ThisModule();
         description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
         description.lpszClassName = name;
-        if (RegisterClassExW(&description) == 0) return false;
-        names_.insert(name);
-        return true;
+        if (RegisterClassExW(&description) != 0) return true;
+        names_.erase(place);
+        return false;
     }
 
   private:

@@ -13,7 +13,6 @@
 #include "win32/com/ControlInterfaces.h"
 #include "win32/com/ControlObject.h"
 #include "win32/com/TypeLibrary.h"
-#include "win32/window/MessagePump.h"
 
 namespace foldertree {
 
@@ -45,9 +44,7 @@ DISPID PropertyId(std::string_view name) {
 
 void WindowsPlatform::Yield() {
     const ControlObject::Use use(object_);
-    const bool goesOn =
-        PumpWaitingMessages([this](MSG& message) { return object_.Window().TranslateAccelerator(message); });
-    if (!goesOn) object_.Core().CancelLoad();
+    if (!object_.Window().PumpMessages()) object_.Core().CancelLoad();
 }
 
 void WindowsPlatform::SetBusyPointer(bool busy) {

@@ -34,7 +34,8 @@ class ControlWindowTest : public testing::Test {
     }
 
     void MakeControl() {
-        control_ = std::make_unique<ControlWindow>(ControlParts{grid_, events_, [this] { OnCancel(); }}, keeper_);
+        control_ =
+            std::make_unique<ControlWindow>(ControlParts{grid_, events_, [this] { OnCancel(); }, HasBox}, keeper_);
     }
     void Show() {
         control_->Create(host_.Handle(), {10, 10, 410, 310});
@@ -266,6 +267,119 @@ TEST_F(ControlWindowTest, ChangesOfTheGridAreShownByThemselves) {
         return bar.nMax == grid_.VisibleCount() - 1 && PaintsOf(control_->Grid().Handle()) > 0;
     }));
     EXPECT_LE(PaintsOf(control_->Grid().Handle()), 3);
+}
+
+TEST_F(ControlWindowTest, AWaitPanelThatComesUpShowsNothingOfTheLastLoad) {
+    Show();
+    const auto panelOfALoad = [&] {
+        control_->ShowWaitPanel(true);
+        const Pixels pixels = OnScreen(Panel());
+        control_->SetProgressText("Mailbox\\Inbox");
+        control_->SetProgress(10, 9);
+        control_->FlushPaint();
+        EXPECT_NE(OnScreen(Panel()), pixels);
+        control_->ShowWaitPanel(false);
+        return pixels;
+    };
+    const Pixels first = panelOfALoad();
+    EXPECT_EQ(panelOfALoad(), first);
+}
+
+// ---- Input during a load
+
+class LoadingControl : public ControlWindowTest {
+  protected:
+    LoadingControl() {
+        Show();
+        control_->ShowWaitPanel(true);
+    }
+    /// A read keeps the thread for that long; `user` acts in the middle of it.
+    void Read(DWORD milliseconds, const std::function<void()>& user) {
+        Sleep(milliseconds / 2);
+        user();
+        Sleep(milliseconds / 2);
+    }
+    void TickInbox() const {
+        const HWND grid = control_->Grid().Handle();
+        const GridLayout& layout = control_->Grid().Layout();
+        const POINT box = Middle(layout.Box(layout.Cell(1, colSel)));
+        PostMessageW(grid, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(box.x, box.y));
+    }
+    size_t Notifications() const { return events_.log.size(); }
+};
+
+TEST_F(LoadingControl, AClickOnTheTreeThatWaitedForAReadIsDroppedAtTheNextYield) {
+    Read(300, [&] { TickInbox(); });
+    control_->PumpMessages();
+    EXPECT_EQ(Notifications(), 0u);
+    TickInbox();
+    control_->PumpMessages();
+    EXPECT_EQ(Notifications(), 2u) << "a click that is answered at once counts";
+}
+
+TEST_F(LoadingControl, AClickThatWaitedForTheLastReadIsDroppedAfterTheLoad) {
+    Read(300, [&] { TickInbox(); });
+    control_->ShowWaitPanel(false);
+    HostWindow::Pump();
+    EXPECT_EQ(Notifications(), 0u);
+}
+
+TEST_F(LoadingControl, KeysThatWaitedForAReadAreDroppedWithTheirCharacters) {
+    grid_.SetCurrentRow(1);
+    grid_.SetIsNode(1, true);
+    Read(300, [&] {
+        for (const WPARAM key : {VK_SPACE, VK_DOWN, VK_SUBTRACT})
+            PostMessageW(control_->Grid().Handle(), WM_KEYDOWN, key, 1);
+    });
+    control_->PumpMessages();
+    HostWindow::Pump();
+    EXPECT_EQ(Notifications(), 0u);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+}
+
+TEST_F(LoadingControl, AClickBetweenShortReadsCounts) {
+    for (int read = 0; read < 10; ++read) {
+        Read(20, [&] {
+            if (read == 5) TickInbox();
+        });
+        control_->PumpMessages();
+    }
+    EXPECT_EQ(Notifications(), 2u);
+}
+
+TEST_F(LoadingControl, EscAndCancelThatWaitedForAReadCancel) {
+    Read(300, [&] { PostMessageW(control_->Grid().Handle(), WM_KEYDOWN, VK_ESCAPE, 1); });
+    control_->PumpMessages();
+    EXPECT_EQ(cancels_, 1);
+    Read(300, [&] {
+        PostMessageW(CancelButton(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        PostMessageW(CancelButton(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    });
+    control_->PumpMessages();
+    EXPECT_EQ(cancels_, 2);
+}
+
+TEST_F(LoadingControl, AnEscThatCameTooLateToCancelDoesNotReachTheHostsDialog) {
+    MSG late = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
+    Read(300, [&] { late.time = GetTickCount(); });
+    control_->ShowWaitPanel(false);
+    EXPECT_TRUE(control_->TranslateAccelerator(late));
+    EXPECT_EQ(cancels_, 0);
+    Sleep(20);
+    MSG later = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
+    later.time = GetTickCount();
+    EXPECT_FALSE(control_->TranslateAccelerator(later));
+    MSG elsewhere = KeyMessage(host_.Handle(), VK_ESCAPE);
+    elsewhere.time = late.time;
+    EXPECT_FALSE(control_->TranslateAccelerator(elsewhere));
+}
+
+TEST_F(LoadingControl, InputForOtherWindowsIsLeftToThem) {
+    const HWND other = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 400, 50, 20, host_.Handle(), nullptr,
+                                       nullptr, nullptr);
+    Read(300, [&] { PostMessageW(other, WM_CHAR, L'x', 1); });
+    control_->PumpMessages();
+    EXPECT_EQ(GetWindowTextLengthW(other), 1);
 }
 
 // ---- Modes
@@ -500,6 +614,19 @@ TEST_F(ControlWindowTest, ItDrawsIntoAnyPlaceAndUnits) {
     });
     EXPECT_EQ(doubled, whole);
     Drawing(10, 10, [&](HDC dc) { control_->Draw(dc, {0, 0, 1, 1}); });
+}
+
+TEST_F(ControlWindowTest, APictureTooLargeForABitmapIsDrawnAllTheSame) {
+    const Pixels pixels = Drawing(300, 200, [&](HDC dc) {
+        control_->Draw(dc, {10, 20, 1000000, 1000000});
+        EXPECT_EQ(GetMapMode(dc), MM_TEXT);
+        POINT origin{1, 1};
+        GetViewportOrgEx(dc, &origin);
+        EXPECT_EQ(origin.x, 0);
+    });
+    EXPECT_EQ(pixels.At(10, 100), SystemPixel(COLOR_BTNSHADOW)) << "the border";
+    EXPECT_EQ(pixels.At(150, 190), SystemPixel(COLOR_WINDOW)) << "the empty rest";
+    EXPECT_EQ(pixels.At(5, 100), 0u);
 }
 
 }  // namespace

@@ -6,6 +6,9 @@
 #include <utility>
 
 #include "ctlFolderTree.h"
+#include "enumeration/FolderRows.h"
+#include "win32/OffscreenBitmap.h"
+#include "win32/window/MessagePump.h"
 
 namespace foldertree {
 namespace {
@@ -13,15 +16,64 @@ namespace {
 constexpr UINT_PTR frameTimer = 1;
 constexpr int borderWidth = 1;
 
+/// Takes a window down again that could not be completed, for want of memory or because its parent went.
+class HalfMade {
+  public:
+    explicit HalfMade(Window& window) : window_(window) {}
+    ~HalfMade() {
+        if (!complete_) window_.DestroyHandle();
+    }
+    HalfMade(const HalfMade&) = delete;
+    HalfMade& operator=(const HalfMade&) = delete;
+    void Complete() { complete_ = true; }
+
+  private:
+    Window& window_;
+    bool complete_ = false;
+};
+
+/// A device context of the screen.
+class ScreenDc {
+  public:
+    ScreenDc() : dc_(GetDC(nullptr)) {}
+    ~ScreenDc() { ReleaseDC(nullptr, dc_); }
+    ScreenDc(const ScreenDc&) = delete;
+    ScreenDc& operator=(const ScreenDc&) = delete;
+    HDC Get() const { return dc_; }
+
+  private:
+    HDC dc_;
+};
+
+/// Puts a device context back as it was.
+class SavedDc {
+  public:
+    explicit SavedDc(HDC dc) : dc_(dc), state_(SaveDC(dc)) {}
+    ~SavedDc() { RestoreDC(dc_, state_); }
+    SavedDc(const SavedDc&) = delete;
+    SavedDc& operator=(const SavedDc&) = delete;
+
+  private:
+    HDC dc_;
+    int state_;
+};
+
+/// The placeholder of a node that was not read yet is no row that can be chosen.
+bool CanBeTicked(const TreeGrid& grid, int32_t row) {
+    return !IsRowKind(grid, row, rowKind::dummy);
+}
+
 }  // namespace
 
 ControlWindow::ControlWindow(ctlFolderTree& control, WindowKeeper& keeper)
-    : ControlWindow(ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }}, keeper) {}
+    : ControlWindow(ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, CanBeTicked},
+                    keeper) {}
 
 ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
     : Window(L"ctlFolderTree", keeper),
       parts_(std::move(parts)),
-      grid_(parts_.grid, parts_.events, keeper, [this] { NoteStale(); }),
+      grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid"}, keeper,
+            [this] { NoteStale(); }),
       panel_(keeper, parts_.cancel, [this] { OnFocusMoved(); }) {
     grid_.SetFocusHandler([this] { OnFocusMoved(); });
 }
@@ -36,11 +88,12 @@ HWND ControlWindow::Create(HWND parent, const RECT& place) {
     timerRuns_ = false;
     if (CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS) == nullptr)
         return nullptr;
+    HalfMade half(*this);
     RECT inner{};
     GetClientRect(Handle(), &inner);
-    grid_.Create(Handle(), inner);
-    panel_.Create(Handle());
+    if (grid_.Create(Handle(), inner) == nullptr || panel_.Create(Handle()) == nullptr) return nullptr;
     SetUserMode(userMode_);
+    half.Complete();
     return Handle();
 }
 
@@ -63,6 +116,10 @@ void ControlWindow::OnHandleGone() {
 // ---- The wait panel
 
 void ControlWindow::ShowWaitPanel(bool visible) {
+    if (visible)
+        input_.Answered(GetTickCount());
+    else
+        DropBlockedInput();
     const HWND focus = GetFocus();
     const bool focusInPanel = panel_.Handle() != nullptr && focus != nullptr && IsChild(panel_.Handle(), focus);
     panel_.Show(visible);
@@ -139,6 +196,18 @@ void ControlWindow::OnFocusMoved() {
     if (std::exchange(focusInside_, inside) != inside && focusHandler_) focusHandler_(inside);
 }
 
+bool ControlWindow::PumpMessages() {
+    DropBlockedInput();
+    const bool goesOn = PumpWaitingMessages([this](MSG& message) { return TranslateAccelerator(message); });
+    input_.Answered(GetTickCount());
+    return goesOn;
+}
+
+void ControlWindow::DropBlockedInput() {
+    const DWORD now = GetTickCount();
+    if (panel_.Visible() && input_.Blocked(now)) grid_.DropInput(input_.Since(), now);
+}
+
 bool ControlWindow::TranslateAccelerator(MSG& message) {
     if (Handle() == nullptr || !userMode_) return false;
     const bool escape = message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE;
@@ -146,7 +215,10 @@ bool ControlWindow::TranslateAccelerator(MSG& message) {
         parts_.cancel();
         return true;
     }
-    if (!IsMine(message.hwnd) || !grid_.WantsKey(message)) return false;
+    if (!IsMine(message.hwnd)) return false;
+    // It was to cancel a load that ended meanwhile, not to close the host's dialog.
+    if (escape && grid_.Drops(message.time)) return true;
+    if (!grid_.WantsKey(message)) return false;
     TranslateMessage(&message);
     DispatchMessageW(&message);
     return true;
@@ -185,21 +257,28 @@ void ControlWindow::Draw(HDC dc, const RECT& bounds) {
     const SIZE pixels{std::abs(corners[1].x - corners[0].x), std::abs(corners[1].y - corners[0].y)};
     if (pixels.cx <= 2 * borderWidth || pixels.cy <= 2 * borderWidth) return;
     // By way of a bitmap, so that printers and metafiles with units of their own get the picture of the screen.
-    const HDC screen = GetDC(nullptr);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, pixels.cx, pixels.cy);
-    ReleaseDC(nullptr, screen);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
-    SetViewportOrgEx(memory, borderWidth, borderWidth, nullptr);
-    grid_.Draw(memory, {pixels.cx - 2 * borderWidth, pixels.cy - 2 * borderWidth});
-    SetViewportOrgEx(memory, 0, 0, nullptr);
-    const RECT frame{0, 0, pixels.cx, pixels.cy};
-    FrameRect(memory, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
-    StretchBlt(dc, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, memory, 0, 0,
+    const ScreenDc screen;
+    const OffscreenBitmap bitmap(screen.Get(), pixels);
+    if (!bitmap.Made()) return DrawInPixels(dc, corners[0], pixels);
+    Paint(bitmap.Dc(), {0, 0}, pixels);
+    StretchBlt(dc, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, bitmap.Dc(), 0, 0,
                pixels.cx, pixels.cy, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
+}
+
+// A picture that is too large for a bitmap.
+void ControlWindow::DrawInPixels(HDC dc, POINT origin, SIZE pixels) {
+    const SavedDc saved(dc);
+    SetMapMode(dc, MM_TEXT);
+    SetWindowOrgEx(dc, 0, 0, nullptr);
+    Paint(dc, origin, pixels);
+}
+
+void ControlWindow::Paint(HDC dc, POINT origin, SIZE pixels) {
+    SetViewportOrgEx(dc, origin.x + borderWidth, origin.y + borderWidth, nullptr);
+    grid_.Draw(dc, {pixels.cx - 2 * borderWidth, pixels.cy - 2 * borderWidth});
+    SetViewportOrgEx(dc, origin.x, origin.y, nullptr);
+    const RECT frame{0, 0, pixels.cx, pixels.cy};
+    FrameRect(dc, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
 }
 
 LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -7,6 +7,8 @@
 #include "win32/FrameClock.h"
 #include "win32/GridWindow.h"
 #include "win32/Window.h"
+#include "win32/window/Icons.h"
+#include "win32/window/InputClock.h"
 #include "win32/window/WaitPanel.h"
 
 namespace foldertree {
@@ -18,6 +20,7 @@ struct ControlParts {
     TreeGrid& grid;
     GridEvents& events;
     std::function<void()> cancel;  ///< the user wants the running load to stop
+    RowHasBox hasBox;
 };
 
 /// Keeps captions, panel and progress whether it has a window or not, so that a control without one works in full; each
@@ -35,7 +38,7 @@ class ControlWindow : public Window {
     void Destroy();
     void Move(const RECT& place);
 
-    // The wait panel
+    // The wait panel, which is up as long as a load runs
     void ShowWaitPanel(bool visible);
     void SetWaitCaptions(std::string_view pleaseWait, std::string_view cancel);
     void SetProgressText(std::string_view path);
@@ -48,6 +51,10 @@ class ControlWindow : public Window {
     void FontChanged();
     /// Shows everything that is still waiting for its frame.
     void FlushPaint();
+
+    /// Handles the messages that wait, in the middle of a load. What the user did to the tree while a read kept
+    /// everybody waiting is dropped; Cancel and Esc count. False when the program is ending.
+    bool PumpMessages();
 
     /// Takes the keys that the control wants before its container does. While the wait panel is up, Esc belongs to it
     /// wherever the focus is in the same top-level window: whoever pumps messages during a load asks here first.
@@ -77,7 +84,10 @@ class ControlWindow : public Window {
     bool IsMine(HWND window) const;
     void OnFocusMoved();
     void PaintBorder();
+    void DrawInPixels(HDC dc, POINT origin, SIZE pixels);
+    void Paint(HDC dc, POINT origin, SIZE pixels);
     bool SetPointer(HWND under);
+    void DropBlockedInput();
 
     ControlParts parts_;
     std::function<void(bool)> focusHandler_;
@@ -87,6 +97,8 @@ class ControlWindow : public Window {
     bool timerRuns_ = false;
     bool busy_ = false;
     bool userMode_ = true;
+    InputClock input_;
+    Icons icons_;
     GridWindow grid_;
     WaitPanel panel_;
 };

@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "automation_win32/Module.h"
+#include "win32/OffscreenBitmap.h"
+#include "win32/PaintScope.h"
 #include "win32/ShownText.h"
 
 namespace foldertree {
@@ -82,6 +84,11 @@ void WaitPanel::SetProgress(double maximum, double value) {
 }
 
 void WaitPanel::Show(bool visible) {
+    if (visible && !visible_) {
+        // What the last load showed is over.
+        SetPath({});
+        SetProgress(1, 0);
+    }
     visible_ = visible;
     if (Handle() == nullptr) return;
     if (visible) {
@@ -134,19 +141,12 @@ void WaitPanel::PlaceButton() {
 
 void WaitPanel::OnPaint() {
     Refresh();
-    PAINTSTRUCT paint{};
-    const HDC dc = BeginPaint(Handle(), &paint);
+    const PaintScope paint(Handle());
     RECT client{};
     GetClientRect(Handle(), &client);
-    const HDC memory = CreateCompatibleDC(dc);
-    const HBITMAP bitmap = CreateCompatibleBitmap(dc, std::max<int>(1, client.right), std::max<int>(1, client.bottom));
-    const HGDIOBJ before = SelectObject(memory, bitmap);
-    Paint(memory, {client.right, client.bottom});
-    BitBlt(dc, 0, 0, client.right, client.bottom, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
-    EndPaint(Handle(), &paint);
+    const OffscreenBitmap bitmap(paint.Dc(), {client.right, client.bottom});
+    Paint(bitmap.Dc(), {client.right, client.bottom});
+    bitmap.Show();
 }
 
 void WaitPanel::Paint(HDC dc, SIZE client) const {

@@ -1,9 +1,8 @@
 // GridPaintingTest: what the pixels of the grid show.
-#include <set>
-
 #include "WindowFixture.h"
 #include "win32/GridPainter.h"
 #include "win32/GridWindow.h"
+#include "win32/OffscreenBitmap.h"
 
 namespace foldertree {
 namespace {
@@ -24,7 +23,7 @@ class GridPaintingTest : public testing::Test {
         return Drawing(area.cx, area.cy, [this](HDC dc) {
             fonts_.Load(grid_.Font(), 96);
             layout_ = MeasureGrid(grid_, fonts_, 96, area, 0);
-            PaintGrid(dc, {grid_, layout_, fonts_, icons_, focused_});
+            PaintGrid(dc, {grid_, layout_, fonts_, pictures_, hasBox_, focused_});
         });
     }
     RECT Cell(int32_t row, int col) const { return layout_.Cell(grid_.VisiblePosition(row).value(), col); }
@@ -43,7 +42,8 @@ class GridPaintingTest : public testing::Test {
     TreeGrid grid_{folderSchema};
     GridFonts fonts_;
     GridLayout layout_;
-    Icons icons_;
+    SquarePictures pictures_;
+    RowHasBox hasBox_ = HasBox;
     bool focused_ = false;
 };
 
@@ -72,6 +72,25 @@ TEST_F(GridPaintingTest, TheCursorsRowIsFramedAndTintedWithTheFocus) {
     const Pixels focused = Paint();
     EXPECT_NE(focused.At(RightOfName(2)), without.At(RightOfName(2)));
     EXPECT_EQ(focused.At(200, Cell(2, colName).top), SystemPixel(COLOR_HIGHLIGHT));
+}
+
+TEST_F(GridPaintingTest, ACursorInsideAClosedNodeIsSeenOnTheNode) {
+    grid_.SetCurrentRow(3);
+    grid_.SetNodeState(2, nodeCollapsed);
+    focused_ = true;
+    const Pixels pixels = Paint();
+    EXPECT_EQ(pixels.At(200, Cell(2, colName).top), SystemPixel(COLOR_HIGHLIGHT));
+    grid_.SetNodeState(1, nodeCollapsed);
+    EXPECT_EQ(Paint().At(200, Cell(1, colName).top), SystemPixel(COLOR_HIGHLIGHT)) << "the outermost closed node";
+}
+
+TEST_F(GridPaintingTest, APictureIsDrawnByItsNumberWhereItsPlaceIs) {
+    const POINT before = Middle((Paint(), layout_.Icon(Cell(2, colName), 1)));
+    EXPECT_EQ(Paint().At(before), 0x28D780u) << "number 4 in the colour that the test gives it";
+    grid_.SetCellFormat(CellSetting::Picture, 2, colName, 2);
+    EXPECT_EQ(Paint().At(before), 0x14EB80u);
+    grid_.SetCellFormat(CellSetting::Picture, 2, colName, 0);
+    EXPECT_NE(Paint().At(before), 0x14EB80u);
 }
 
 TEST_F(GridPaintingTest, AStoreRowStandsOnButtonFace) {
@@ -113,14 +132,14 @@ TEST_F(GridPaintingTest, APlaceholderShowsNoBoxAndAStoreAGreyedOne) {
     EXPECT_EQ(pixels.Drawn(Box(5)), 0);
     EXPECT_GT(pixels.Drawn(Box(2)), 0);
     EXPECT_NE(pixels.At(Middle(Box(1))), pixels.At(Middle(Box(2))));
-    EXPECT_EQ(BoxOf(grid_, 5), BoxKind::None);
-    EXPECT_EQ(BoxOf(grid_, 1), BoxKind::Greyed);
-    EXPECT_EQ(BoxOf(grid_, 2), BoxKind::Plain);
+    EXPECT_EQ(BoxOf(grid_, hasBox_, 5), BoxKind::None);
+    EXPECT_EQ(BoxOf(grid_, hasBox_, 1), BoxKind::Greyed);
+    EXPECT_EQ(BoxOf(grid_, hasBox_, 2), BoxKind::Plain);
 }
 
 TEST_F(GridPaintingTest, APlaceholderIsKnownWhateverItsLetters) {
     grid_.SetCellText(4, colRowKind, "DUMMY");
-    EXPECT_EQ(BoxOf(grid_, 4), BoxKind::None);
+    EXPECT_EQ(BoxOf(grid_, hasBox_, 4), BoxKind::None);
 }
 
 TEST_F(GridPaintingTest, NumbersAreDrawnAndTheirColumnCanBeHidden) {
@@ -177,34 +196,6 @@ TEST_F(GridPaintingTest, TheSignTellsAnOpenNodeFromAClosedOne) {
     EXPECT_EQ(closed.Drawn(layout_.Glyph(layout_.Cell(2, colName), 1)), 0) << "a row with nothing below has no sign";
 }
 
-TEST_F(GridPaintingTest, EveryPictureShowsSomethingOfItsOwn) {
-    for (int size : {16, 20, 24, 32}) {
-        std::set<std::vector<uint32_t>> seen;
-        for (int picture = 0; picture < pictureCount; ++picture) {
-            const Pixels pixels = Drawing(size, size, [&](HDC dc) {
-                const RECT square{0, 0, size, size};
-                FillRect(dc, &square, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-                icons_.Draw(dc, static_cast<Picture>(picture), square, false);
-            });
-            const RECT square{0, 0, size, size};
-            EXPECT_EQ(pixels.At(0, 0), 0xFFFFFFu) << "picture " << picture << " has no transparent corner";
-            if (static_cast<Picture>(picture) == Picture::None) {
-                EXPECT_EQ(pixels.Drawn(square), 0);
-            } else {
-                EXPECT_GT(pixels.Drawn(square), size * size / 8) << "picture " << picture;
-            }
-            seen.insert(pixels.values);
-        }
-        EXPECT_EQ(seen.size(), static_cast<size_t>(pictureCount)) << "at " << size << " pixels";
-    }
-}
-
-TEST_F(GridPaintingTest, AnUnknownPictureNumberDrawsNothing) {
-    const RECT square{0, 0, 16, 16};
-    EXPECT_EQ(Drawing(16, 16, [&](HDC dc) { icons_.Draw(dc, static_cast<Picture>(200), square, false); }).Drawn(square),
-              0);
-}
-
 TEST_F(GridPaintingTest, HostileTextsArePainted) {
     for (const std::string& text :
          {std::string(65536, 'x'), std::string("a\0b\nc\td", 7), std::string("\xED\xA0\x80 lone \xED\xB0\x80"),
@@ -221,7 +212,9 @@ TEST_F(GridPaintingTest, AnAreaWithoutRoomIsPainted) {
     for (const SIZE size : {SIZE{1, 1}, SIZE{0, 0}, SIZE{3, 500}, SIZE{500, 3}}) {
         fonts_.Load(grid_.Font(), 96);
         const GridLayout layout = MeasureGrid(grid_, fonts_, 96, size, 0);
-        const Pixels pixels = Drawing(500, 500, [&](HDC dc) { PaintGrid(dc, {grid_, layout, fonts_, icons_, false}); });
+        const Pixels pixels = Drawing(500, 500, [&](HDC dc) {
+            PaintGrid(dc, {grid_, layout, fonts_, pictures_, hasBox_, false});
+        });
         EXPECT_EQ(pixels.At(499, 499), 0u);
     }
 }
@@ -231,9 +224,22 @@ TEST_F(GridPaintingTest, AGridThatHoldsNothingYetIsPainted) {
     fonts_.Load(empty.Font(), 96);
     const GridLayout layout = MeasureGrid(empty, fonts_, 96, area, 0);
     const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
-        PaintGrid(dc, {empty, layout, fonts_, icons_, false});
+        PaintGrid(dc, {empty, layout, fonts_, pictures_, hasBox_, false});
     });
     EXPECT_EQ(pixels.At(200, 200), SystemPixel(COLOR_WINDOW));
+}
+
+TEST_F(GridPaintingTest, AGridOfNamesAloneIsAllOutline) {
+    TreeGrid names(GridSchema{.columns = 1, .outline = 0, .keyParts = {}});
+    names.SetRowCount(2);
+    names.SetCellText(1, 0, "The only one");
+    fonts_.Load(names.Font(), 96);
+    const GridLayout layout = MeasureGrid(names, fonts_, 96, area, 0);
+    EXPECT_EQ(layout.HeaderCell(shownName).left, 0);
+    const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
+        PaintGrid(dc, {names, layout, fonts_, pictures_, hasBox_, false});
+    });
+    EXPECT_GT(pixels.Drawn(layout.NameText(layout.Cell(0, shownName), 0, false)), 20);
 }
 
 /// A font object that knows its size and nothing else, or fails at it.
@@ -273,13 +279,38 @@ TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     TickRow(grid, AddFolder(grid, 1, "Inbox"), "1");
     RecordingEvents events(grid);
     TestKeeper keeper;
-    GridWindow seen(grid, events, keeper, [] {});
+    const SquarePictures pictures;
+    GridWindow seen({grid, events, pictures, HasBox, L"TestGrid"}, keeper, [] {});
     seen.Create(host.Handle(), {0, 0, 300, 200});
     UpdateWindow(seen.Handle());
     HostWindow::Pump();
-    GridWindow unseen(grid, events, keeper, [] {});
+    GridWindow unseen({grid, events, pictures, HasBox, L"TestGrid"}, keeper, [] {});
     const Pixels drawn = Drawing(300, 200, [&](HDC dc) { unseen.Draw(dc, {300, 200}); });
     EXPECT_EQ(OnScreen(seen.Handle()), drawn);
+}
+
+TEST(OffscreenBitmapTest, OneThatIsTooLargeLeavesTheTargetToDrawOn) {
+    const Pixels pixels = Drawing(10, 10, [](HDC dc) {
+        const OffscreenBitmap bitmap(dc, {1000000, 1000000});
+        EXPECT_FALSE(bitmap.Made());
+        const RECT middle{2, 2, 8, 8};
+        FillRect(bitmap.Dc(), &middle, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        bitmap.Show();
+    });
+    EXPECT_EQ(pixels.At(5, 5), 0xFFFFFFu);
+    EXPECT_EQ(pixels.At(9, 9), 0u);
+}
+
+TEST(OffscreenBitmapTest, WhatIsDrawnComesToTheTargetWhenItIsShown) {
+    const Pixels pixels = Drawing(10, 10, [](HDC dc) {
+        const OffscreenBitmap bitmap(dc, {10, 10});
+        ASSERT_TRUE(bitmap.Made());
+        const RECT middle{2, 2, 8, 8};
+        FillRect(bitmap.Dc(), &middle, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        EXPECT_EQ(GetPixel(dc, 5, 5), RGB(0, 0, 0));
+        bitmap.Show();
+    });
+    EXPECT_EQ(pixels.At(5, 5), 0xFFFFFFu);
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ class GridWindowTest : public testing::Test {
         AddFolder(grid_, 2, "", rowKind::dummy);         // 6
         AddFolder(grid_, 1, "Trash");                    // 7
         grid_.SetNodeState(5, nodeCollapsed);
-        window_ = std::make_unique<GridWindow>(grid_, events_, keeper_, [this] { ++stale_; });
+        window_ = std::make_unique<GridWindow>(GridWindowParts{grid_, events_, pictures_, HasBox, L"TestGrid"}, keeper_,
+                                               [this] { ++stale_; });
         window_->Create(host_.Handle(), {0, 0, 400, 300});
         Update();
     }
@@ -68,6 +69,7 @@ class GridWindowTest : public testing::Test {
     HostWindow host_;
     TreeGrid grid_{folderSchema};
     RecordingEvents events_{grid_};
+    SquarePictures pictures_;
     TestKeeper keeper_;
     std::unique_ptr<GridWindow> window_;
     int stale_ = 0;
@@ -469,6 +471,16 @@ TEST_F(GridWindowTest, AScrolledTreeThatIsEmptiedStartsAtItsTopAgain) {
     EXPECT_EQ(grid_.CurrentRow(), 1);
 }
 
+TEST_F(GridWindowTest, AScrolledTreeThatIsFilledAnewAtOnceStartsAtItsTopAgain) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    Press(VK_END);
+    ASSERT_GT(window_->Layout().TopPosition(), 0);
+    grid_.SetRowCount(1);
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 0, "Folder");
+    Update();
+    EXPECT_EQ(window_->Layout().TopPosition(), 0) << "though the window was not refreshed while there was nothing";
+}
+
 TEST_F(GridWindowTest, TheWheelScrollsAndStopsAtBothEnds) {
     for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
     Update();
@@ -626,6 +638,69 @@ TEST_F(GridWindowTest, ChangesOutOfViewDoNotRepaint) {
     TickRow(grid_, 3, "1");
     window_->Refresh();
     EXPECT_TRUE(GetUpdateRect(window_->Handle(), nullptr, FALSE));
+}
+
+// ---- Input that waited
+
+class BlockedInput : public GridWindowTest {
+  protected:
+    /// The thread answers nothing for a while, and the user does something meanwhile.
+    void Block(const std::function<void()>& user) {
+        const DWORD from = GetTickCount();
+        Sleep(40);
+        user();
+        Sleep(40);
+        window_->DropInput(from, GetTickCount());
+    }
+    void Post(UINT message, WPARAM wParam, LPARAM lParam = 1) {
+        PostMessageW(window_->Handle(), message, wParam, lParam);
+    }
+    void PostClick(POINT point) { Post(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y)); }
+};
+
+TEST_F(BlockedInput, IsNotPlayedBack) {
+    for (int i = 0; i < 200; ++i) AddFolder(grid_, 1, "Folder");
+    grid_.SetCurrentRow(3);
+    Update();
+    const POINT box = BoxOfRow(2);
+    Block([&] {
+        PostClick(box);
+        Post(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(box.x, box.y));
+        for (WPARAM key : {VK_SPACE, VK_DOWN, VK_F2, VK_LEFT, VK_SUBTRACT}) Post(WM_KEYDOWN, key);
+        Post(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)));
+    });
+    HostWindow::Pump();
+    EXPECT_EQ(events_.log, Log{});
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    EXPECT_EQ(window_->Layout().TopPosition(), 0);
+}
+
+TEST_F(BlockedInput, LeavesWhatComesLaterAlone) {
+    const POINT box = BoxOfRow(2);
+    Block([&] { PostClick(box); });
+    Sleep(20);
+    PostClick(box);
+    Post(WM_KEYDOWN, VK_SUBTRACT);
+    HostWindow::Pump();
+    EXPECT_EQ(events_.log, (Log{"before-edit 2,0 cell=", "after-edit 2,0 cell=-1"}));
+    grid_.SetCurrentRow(3);
+    Post(WM_KEYDOWN, VK_SUBTRACT);
+    HostWindow::Pump();
+    EXPECT_EQ(events_.log.back(), "before-collapse 3 state=2");
+}
+
+TEST_F(BlockedInput, LeavesWhatAProgramSendsAlone) {
+    Block([] {});
+    Click(BoxOfRow(2));
+    EXPECT_EQ(events_.log.size(), 2u);
+}
+
+TEST_F(BlockedInput, OfOtherWindowsIsTheirs) {
+    const HWND other = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 400, 50, 20, host_.Handle(), nullptr,
+                                       nullptr, nullptr);
+    Block([&] { PostMessageW(other, WM_CHAR, L'x', 1); });
+    HostWindow::Pump();
+    EXPECT_EQ(GetWindowTextLengthW(other), 1);
 }
 
 // ---- Real input

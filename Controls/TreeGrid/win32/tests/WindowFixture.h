@@ -12,9 +12,11 @@
 #include <utility>
 #include <vector>
 
+#include "automation/Text.h"
 #include "interaction/GridInteraction.h"
 #include "rows/GridColumns.h"
 #include "rows/TreeGrid.h"
+#include "win32/GridPictures.h"
 #include "win32/Window.h"
 
 namespace foldertree {
@@ -79,6 +81,21 @@ class RecordingEvents : public GridEvents {
 
     TreeGrid& grid_;
 };
+
+/// Every picture is a square in a colour of its own.
+class SquarePictures : public GridPictures {
+  public:
+    void Draw(HDC dc, int picture, const RECT& square, bool) const noexcept override {
+        if (picture == 0) return;
+        SetBkColor(dc, RGB(picture * 10, 255 - picture * 10, 128));
+        ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &square, nullptr, 0, nullptr);
+    }
+};
+
+/// Placeholders have no box.
+inline bool HasBox(const TreeGrid& grid, int32_t row) {
+    return !automation::EqualNoCase(grid.CellText(row, colRowKind), rowKind::dummy);
+}
 
 /// The program's one window on the screen. Without a window manager it takes Wine seconds to be rid of one.
 inline HWND Stage() {

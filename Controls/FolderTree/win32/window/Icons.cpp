@@ -1,5 +1,5 @@
 // Icons: what the pictures of the tree look like.
-#include "win32/Icons.h"
+#include "win32/window/Icons.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -27,7 +27,7 @@ Icons::~Icons() {
         if (strip.bitmap != nullptr) DeleteObject(strip.bitmap);
 }
 
-const Icons::Strip* Icons::StripFor(int size) const {
+const Icons::Strip* Icons::StripFor(int size) const noexcept {
     Strip* best = &strips_.back();
     for (Strip& strip : strips_)
         if (strip.size >= size && strip.size < best->size) best = &strip;
@@ -40,8 +40,8 @@ const Icons::Strip* Icons::StripFor(int size) const {
     return best;
 }
 
-void Icons::Draw(HDC dc, Picture picture, const RECT& square, bool pale) const {
-    const int index = static_cast<int>(picture) - 1;  // the strip has no image for Picture::None
+void Icons::Draw(HDC dc, int picture, const RECT& square, bool pale) const noexcept {
+    const int index = picture - 1;  // the strip has no image for Picture::None
     if (index < 0 || index >= pictureCount - 1) return;
     const Strip* strip = StripFor(square.right - square.left);
     if (strip == nullptr) return;

@@ -6,20 +6,20 @@
 #include <array>
 
 #include "rows/Pictures.h"
+#include "win32/GridPictures.h"
 
 namespace foldertree {
 
 /// The strips of small icons in this module's resources, one a size. Loaded when first drawn; owns its bitmaps.
-class Icons {
+class Icons final : public GridPictures {
   public:
     Icons() = default;
-    ~Icons();
+    ~Icons() override;
     Icons(const Icons&) = delete;
     Icons& operator=(const Icons&) = delete;
 
-    /// Draws the picture into the square, from the strip that fits its size best; pale for a disabled control.
-    /// Picture::None draws nothing.
-    void Draw(HDC dc, Picture picture, const RECT& square, bool pale) const;
+    /// Draws from the strip that fits the square's size best. `picture` is a Picture.
+    void Draw(HDC dc, int picture, const RECT& square, bool pale) const noexcept override;
 
   private:
     struct Strip {
@@ -27,7 +27,7 @@ class Icons {
         int resource;
         HBITMAP bitmap = nullptr;
     };
-    const Strip* StripFor(int size) const;
+    const Strip* StripFor(int size) const noexcept;
 
     mutable std::array<Strip, 3> strips_{{{16, 116}, {24, 124}, {32, 132}}};
 };
