@@ -314,7 +314,16 @@ int32_t RowStore::Scan(std::string_view text, int32_t start, int col) const {
 
 // Looks
 
+bool RowStore::ChangeStyle(RowId row, const StyleChange& change) {
+    RowStyles::Id& style = Record(row).style;
+    const RowStyles::Id before = style;
+    style = styles_.Changed(before, change);
+    styles_.Release(before);
+    return style != before;
+}
+
 bool RowStore::ChangeStyles(int32_t first, int32_t last, const StyleChange& change) {
+    if (first == last) return ChangeStyle(At(first), change);  // most often, and needs no list
     HeldStyles held(styles_, static_cast<size_t>(last - first) + 1);
     for (int32_t number = first; number <= last; ++number) held.Hold(styles_.Changed(Record(At(number)).style, change));
     bool changed = false;

@@ -60,7 +60,8 @@ class RowStore {
     int32_t Find(std::string_view text, int32_t start, int col) const;
 
     const RowStyle& Style(RowId row) const { return styles_[Record(row).style]; }
-    /// Changes the looks of the rows from a number to another one. False when they look like that already.
+    /// Changes the look of a row, or of the rows from a number to another one. False when they look like that already.
+    bool ChangeStyle(RowId row, const StyleChange& change);
     bool ChangeStyles(int32_t first, int32_t last, const StyleChange& change);
 
     int16_t Level(RowId row) const { return Record(row).level; }

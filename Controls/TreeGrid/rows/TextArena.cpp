@@ -76,6 +76,7 @@ std::string_view TextArena::View(Ref ref) const {
 }
 
 void TextArena::Drop(Ref ref) noexcept {
+    if (ref == 0) return;
     const size_t size = View(ref).size();
     liveBytes_ -= size;
     deadBytes_ += size;

@@ -19,7 +19,9 @@ class TextArena {
     class Added {
       public:
         Added(TextArena& arena, std::string_view text) : arena_(arena), ref_(arena.Add(text)) {}
-        ~Added() { arena_.Drop(ref_); }
+        ~Added() {
+            if (ref_ != 0) arena_.Drop(ref_);
+        }
         Added(const Added&) = delete;
         Added& operator=(const Added&) = delete;
         TextArena::Ref Ref() const { return ref_; }

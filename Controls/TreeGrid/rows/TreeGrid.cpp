@@ -296,8 +296,7 @@ const CellLook& TreeGrid::Look(int32_t row, int col) const {
 
 void TreeGrid::SetRowHeight(int32_t row, int32_t twips) {
     const StyleChange change{StyleChange::rowHeight, 0, 0, static_cast<uint32_t>(std::max(twips, 0))};
-    impl_->Row(row);
-    if (impl_->store->ChangeStyles(row, row, change)) impl_->changes.RowsChanged(row, row);
+    if (impl_->store->ChangeStyle(impl_->Row(row), change)) impl_->changes.RowsChanged(row, row);
 }
 
 int32_t TreeGrid::RowHeight(int32_t row) const {

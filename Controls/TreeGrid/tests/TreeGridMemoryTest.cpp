@@ -205,6 +205,18 @@ TEST(TreeGridWithoutMemory, OperationsWhereTablesGrowHappenWhollyOrNotAtAll) {
     }
 }
 
+TEST(TreeGridWithoutMemory, ARowWhoseNewKeyIsSharedAndCannotBeEnteredIsFoundByItsOldKey) {
+    for (const Operation& operation : Operations()) {
+        const std::string_view name = operation.name;
+        if (name != "a key that another row has" && name != "a key that several rows have") continue;
+        SCOPED_TRACE(operation.name);
+        const int64_t failures = FailEachAllocation(false, [&](const MemoryPlan& plan) {
+            return TryOnce(operation, someRows, plan).failed && !::testing::Test::HasFailure();
+        });
+        EXPECT_GT(failures, 1);
+    }
+}
+
 TEST(TreeGridWithoutMemory, RowsAreRemovedAndTheTreeIsEmptied) {
     for (const char* name : {"fewer rows", "no rows", "a row less", "the cursor's row less"}) {
         for (const Operation& operation : Operations()) {
