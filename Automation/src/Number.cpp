@@ -127,11 +127,10 @@ Digits Significant(double number, int precision) {
 
 std::string Plain(const Digits& number) {
     std::string text = number.digits;
-    const auto length = static_cast<int>(text.size());
-    if (number.exponent < 0) return "0." + std::string(static_cast<size_t>(-number.exponent - 1), '0') + text;
-    if (length <= number.exponent + 1)
-        return text + std::string(static_cast<size_t>(number.exponent + 1 - length), '0');
-    return text.insert(static_cast<size_t>(number.exponent + 1), ".");
+    if (number.exponent < 0) return "0." + std::string(static_cast<size_t>(-number.exponent) - 1, '0') + text;
+    const size_t whole = static_cast<size_t>(number.exponent) + 1;
+    if (text.size() <= whole) return text + std::string(whole - text.size(), '0');
+    return text.insert(whole, ".");
 }
 
 std::string WithExponent(const Digits& number) {

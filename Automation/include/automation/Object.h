@@ -38,9 +38,9 @@ class Enumerator {
 
 /// A member's name together with the source line that uses it, so that an error line can name the failing call.
 struct Member {
-    Member(const char* memberName, std::source_location where = std::source_location::current())  // NOLINT
+    Member(const char* memberName, std::source_location where = std::source_location::current())
         : name(memberName), line(static_cast<int>(where.line())) {}
-    Member(std::string_view memberName, std::source_location where = std::source_location::current())  // NOLINT
+    Member(std::string_view memberName, std::source_location where = std::source_location::current())
         : name(memberName), line(static_cast<int>(where.line())) {}
 
     std::string_view name;

@@ -70,23 +70,23 @@ class Value {
         data_.swap(other.data_);
         return *this;
     }
-    Value(bool value) : data_(value) {}                         // NOLINT(google-explicit-constructor)
-    Value(int32_t value) : data_(value) {}                      // NOLINT
-    Value(double value) : data_(value) {}                       // NOLINT
-    Value(const char* text) : data_(std::string(text)) {}       // NOLINT
-    Value(std::string text) : data_(std::move(text)) {}         // NOLINT
-    Value(std::string_view text) : data_(std::string(text)) {}  // NOLINT
-    Value(ObjectRef object) : data_(std::move(object)) {}       // NOLINT
-    Value(Array array) : data_(std::make_shared<const Array>(std::move(array))) {}  // NOLINT
-    Value(Bytes bytes) : data_(std::make_shared<const Bytes>(std::move(bytes))) {}  // NOLINT
-    Value(ErrorValue error) : data_(error) {}                                       // NOLINT
-    Value(Null null) : data_(null) {}                                               // NOLINT
-    Value(Missing missing) : data_(missing) {}                                      // NOLINT
-    Value(Currency value) : data_(value) {}                                         // NOLINT
-    Value(Date value) : data_(value) {}                                             // NOLINT
-    Value(std::nullptr_t) : data_(ObjectRef()) {}                                   // NOLINT: Nothing
+    Value(bool value) : data_(value) {}
+    Value(int32_t value) : data_(value) {}
+    Value(double value) : data_(value) {}
+    Value(const char* text) : data_(std::string(text)) {}
+    Value(std::string text) : data_(std::move(text)) {}
+    Value(std::string_view text) : data_(std::string(text)) {}
+    Value(ObjectRef object) : data_(std::move(object)) {}
+    Value(Array array) : data_(std::make_shared<const Array>(std::move(array))) {}
+    Value(Bytes bytes) : data_(std::make_shared<const Bytes>(std::move(bytes))) {}
+    Value(ErrorValue error) : data_(error) {}
+    Value(Null null) : data_(null) {}
+    Value(Missing missing) : data_(missing) {}
+    Value(Currency value) : data_(value) {}
+    Value(Date value) : data_(value) {}
+    Value(std::nullptr_t) : data_(ObjectRef()) {}  // Nothing
     template <class T>
-    Value(std::shared_ptr<T> object) : data_(ObjectRef(std::move(object))) {}  // NOLINT
+    Value(std::shared_ptr<T> object) : data_(ObjectRef(std::move(object))) {}
     static Value Byte(uint8_t value) { return Value(Storage(value)); }
     static Value Integer(int16_t value) { return Value(Storage(value)); }
     static Value LongLong(int64_t value) { return Value(Storage(value)); }

@@ -19,16 +19,15 @@ class ComPtr {
     using InterfaceType = T;
 
     ComPtr() = default;
-    ComPtr(std::nullptr_t) {}                                   // NOLINT(google-explicit-constructor)
-    ComPtr(T* pointer) : pointer_(pointer) { AddReference(); }  // NOLINT
+    ComPtr(std::nullptr_t) {}
+    ComPtr(T* pointer) : pointer_(pointer) { AddReference(); }
     ComPtr(const ComPtr& other) : ComPtr(other.pointer_) {}
     ComPtr(ComPtr&& other) noexcept : pointer_(other.Detach()) {}
     template <class U>
-    requires std::convertible_to<U*, T*> ComPtr(const ComPtr<U>& other)
-        : ComPtr(static_cast<T*>(other.Get())) {}  // NOLINT
+    requires std::convertible_to<U*, T*> ComPtr(const ComPtr<U>& other) : ComPtr(static_cast<T*>(other.Get())) {}
     template <class U>
     requires std::convertible_to<U*, T*> ComPtr(ComPtr<U>&& other)
-    noexcept : pointer_(other.Detach()) {}  // NOLINT
+    noexcept : pointer_(other.Detach()) {}
     ~ComPtr() { Reset(); }
 
     ComPtr& operator=(ComPtr other) noexcept {
