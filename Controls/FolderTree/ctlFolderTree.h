@@ -9,6 +9,8 @@
 #include "automation/ObjectFactory.h"
 #include "common/ControlPlatform.h"
 #include "common/Enumerations.h"
+#include "common/GridColors.h"
+#include "common/GridColumns.h"
 #include "common/PropertyBag.h"
 #include "common/clsFolderTreeItem.h"
 #include "interaction/GridInteraction.h"

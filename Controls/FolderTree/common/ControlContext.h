@@ -11,6 +11,8 @@
 #include "common/ControlPlatform.h"
 #include "common/ControlState.h"
 #include "common/ErrorEdges.h"
+#include "common/GridColors.h"
+#include "common/GridColumns.h"
 #include "common/Members.h"
 #include "rows/TreeGrid.h"
 

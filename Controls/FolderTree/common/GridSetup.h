@@ -5,7 +5,7 @@
 
 #include "common/ControlContext.h"
 #include "common/Enumerations.h"
-#include "rows/Pictures.h"
+#include "common/Pictures.h"
 
 namespace foldertree {
 

@@ -11,9 +11,12 @@
 #include "Figures.h"
 #include "MailboxRows.h"
 #include "rows/TreeGrid.h"
+#include "tests/SampleSchema.h"
 
 namespace foldertree::bench {
 namespace {
+
+using namespace sample;
 
 MailboxRows& Rows(int64_t folders) {
     static std::map<int64_t, std::unique_ptr<MailboxRows>> made;
@@ -66,7 +69,7 @@ void FillRow(TreeGrid& grid, int32_t row, const MailboxRow& from) {
     }
     grid.SetRowOutlineLevel(row, from.level);
     grid.SetIsNode(row, true);
-    grid.SetCellFormat(CellSetting::Picture, row, colName, static_cast<uint32_t>(Picture::Mail));
+    grid.SetCellFormat(CellSetting::Picture, row, colName, 4);
     grid.SetCellFormat(CellSetting::PictureAlignment, row, colName, 1);
 }
 
@@ -83,7 +86,7 @@ TreeGrid& FilledGrid(int64_t folders) {
     static std::map<int64_t, std::unique_ptr<TreeGrid>> made;
     std::unique_ptr<TreeGrid>& grid = made[folders];
     if (!grid) {
-        grid = std::make_unique<TreeGrid>(folderSchema);
+        grid = std::make_unique<TreeGrid>(sample::schema);
         Fill(*grid, Rows(folders));
     }
     return *grid;
@@ -119,7 +122,7 @@ void FillTheGrid(benchmark::State& state) {
     MailboxRows& rows = Rows(state.range(0));
     TreeGrid::Memory memory;
     Measure(
-        state, "fill", [] { return std::make_unique<TreeGrid>(folderSchema); },
+        state, "fill", [] { return std::make_unique<TreeGrid>(sample::schema); },
         [&](std::unique_ptr<TreeGrid>& grid) {
             Fill(*grid, rows);
             memory = grid->MemoryUse();
@@ -178,7 +181,7 @@ void PaintARow(benchmark::State& state) {
     int32_t row = 1;
     for (auto iteration : state) {
         static_cast<void>(iteration);
-        grid.SetCellFormat(CellSetting::BackColor, row, colName, row, colKey, colors::ticked);
+        grid.SetCellFormat(CellSetting::BackColor, row, colName, row, colKey, 0x0000FFFFu);
         grid.SetCellFormat(CellSetting::BackColor, row, colName, row, colKey, colors::window);
         row = row % 100 + 1;
     }
@@ -188,7 +191,7 @@ void FindTheFirstOfRowsThatShareOneKey(benchmark::State& state) {
     static std::map<int64_t, std::unique_ptr<TreeGrid>> made;
     std::unique_ptr<TreeGrid>& grid = made[state.range(0)];
     if (!grid) {
-        grid = std::make_unique<TreeGrid>(folderSchema);
+        grid = std::make_unique<TreeGrid>(sample::schema);
         for (int64_t row = 1; row <= state.range(0); ++row) {
             grid->SetRowCount(static_cast<int32_t>(row + 1));
             grid->SetCellText(static_cast<int32_t>(row), colKey, "Shared");
@@ -202,7 +205,7 @@ void FindTheFirstOfRowsThatShareOneKey(benchmark::State& state) {
 
 /// A window paints while a load goes on: 50 visible rows are looked at after each appended row.
 void LookAtAScreenWhileALoadAppends(benchmark::State& state) {
-    TreeGrid grid{folderSchema};
+    TreeGrid grid{sample::schema};
     Fill(grid, Rows(state.range(0)));
     grid.VisibleCount();
     for (auto iteration : state) {

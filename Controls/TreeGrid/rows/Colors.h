@@ -8,7 +8,6 @@ namespace foldertree {
 using OleColor = uint32_t;
 
 namespace colors {
-inline constexpr OleColor ticked = 0x0000FFFF;        // yellow: a ticked row
 inline constexpr OleColor window = 0x80000005;        // the back colour of a cell that was given none
 inline constexpr OleColor buttonFace = 0x8000000F;    // of what cannot be edited
 inline constexpr OleColor buttonShadow = 0x80000010;  // grey text

@@ -11,7 +11,6 @@
 #include "automation/Object.h"
 #include "rows/Colors.h"
 #include "rows/GridChanges.h"
-#include "rows/GridColumns.h"
 #include "rows/GridSchema.h"
 #include "rows/RowHandle.h"
 

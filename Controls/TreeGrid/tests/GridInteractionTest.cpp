@@ -7,9 +7,12 @@
 #include <functional>
 
 #include "interaction/RowActs.h"
+#include "tests/SampleSchema.h"
 
 namespace foldertree {
 namespace {
+
+using namespace sample;
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -62,7 +65,7 @@ class GridInteractionTest : public ::testing::Test {
         events_.meanwhile = [action = std::move(action)](bool&) { action(); };
     }
 
-    TreeGrid grid_{folderSchema};
+    TreeGrid grid_{sample::schema};
     Events events_{grid_};
     GridInteraction interaction_{grid_, events_};
 };
@@ -534,7 +537,7 @@ TEST_F(GestureTest, OnAnEmptyOrDisabledGridGesturesDoNothing) {
 }
 
 TEST(RowActs, ATickIsFlippedWithoutAQuestion) {
-    TreeGrid grid{folderSchema};
+    TreeGrid grid{sample::schema};
     grid.SetRowCount(2);
     FlipTick(grid, 1);
     EXPECT_EQ(grid.CellText(1, colSel), "-1");
@@ -561,7 +564,7 @@ TEST(RowActs, AGridWithoutBoxesOrNumbersTakesNeither) {
 }
 
 TEST(RowActs, ALeafTurnsAsWell) {
-    TreeGrid grid{folderSchema};
+    TreeGrid grid{sample::schema};
     grid.SetRowCount(2);
     Events events(grid);
     EXPECT_TRUE(TurnNode(grid, events, 1, OtherNodeState(grid, 1)));

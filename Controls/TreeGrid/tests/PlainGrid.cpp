@@ -9,6 +9,7 @@
 
 namespace foldertree::testing {
 
+using namespace sample;
 void PlainGrid::SetRowCount(int32_t count) {
     rows.resize(static_cast<size_t>(std::min(count, Count())));
     while (Count() < count) rows.emplace_back().id = ++lastId;

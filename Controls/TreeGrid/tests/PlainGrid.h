@@ -9,13 +9,14 @@
 #include <vector>
 
 #include "rows/TreeGrid.h"
+#include "tests/SampleSchema.h"
 
 namespace foldertree::testing {
 
 struct PlainRow {
     int64_t id = 0;  ///< of no other row of the grid, ever
-    std::array<std::string, gridColumnCount> cells;
-    std::array<CellLook, gridColumnCount> looks;
+    std::array<std::string, sample::columnCount> cells;
+    std::array<CellLook, sample::columnCount> looks;
     int32_t height = 0;
     int16_t level = 0;
     bool isNode = false;

@@ -11,6 +11,8 @@
 namespace foldertree::testing {
 namespace {
 
+using namespace sample;
+
 using automation::testing::FailEachAllocation;
 using automation::testing::FailingMemory;
 using automation::testing::MemoryPlan;
@@ -22,7 +24,7 @@ std::string Long(const std::string& text) {
 
 /// A grid and the plain one, changed alike.
 struct Pair {
-    TreeGrid grid{folderSchema};
+    TreeGrid grid{sample::schema};
     PlainGrid plain;
 
     void Write(int32_t row, int col, const std::string& text) {

@@ -9,6 +9,8 @@
 namespace foldertree::testing {
 namespace {
 
+using namespace sample;
+
 /// Keeps a copy of the rows' number by listening alone, as a window does.
 /// Keeps the row count by what it is told.
 class RowCounter : public TreeGridObserver {
@@ -89,7 +91,7 @@ class Player {
   private:
     int32_t Below(int32_t end) { return std::uniform_int_distribution<int32_t>(0, end - 1)(random_); }
     int32_t AnyRow() { return Below(plain_.Count()); }
-    int AnyCol() { return Below(gridColumnCount); }
+    int AnyCol() { return Below(columnCount); }
     bool HasDataRows() const { return plain_.Count() > PlainGrid::fixedRows; }
     int32_t AnyDataRow() { return PlainGrid::fixedRows + Below(plain_.Count() - PlainGrid::fixedRows); }
 
@@ -170,7 +172,7 @@ class Player {
 
     void WriteFromView(int32_t row, int col) {
         const int32_t source = AnyRow();
-        const int sourceCol = Below(gridColumnCount - 1);
+        const int sourceCol = Below(columnCount - 1);
         grid_.SetCellText(row, col, grid_.CellView(source, sourceCol));
         plain_.Row(row).cells[static_cast<size_t>(col)] = plain_.Row(source).cells[static_cast<size_t>(sourceCol)];
     }
@@ -216,8 +218,8 @@ class Player {
         const int32_t row1 = AnyRow();
         const int32_t row2 = std::min(row1 + (Below(4) == 0 ? Below(20) : 0), plain_.Count() - 1);
         const int col1 = AnyCol();
-        const int col2 = col1 + Below(gridColumnCount - col1);
-        const auto value = static_cast<uint32_t>(Below(4) == 0 ? Below(pictureCount) : Below(2));
+        const int col2 = col1 + Below(columnCount - col1);
+        const auto value = static_cast<uint32_t>(Below(4) == 0 ? Below(lastPicture + 1) : Below(2));
         grid_.SetCellFormat(setting, row1, col1, row2, col2, value);
         plain_.SetFormat(setting, row1, col1, row2, col2, value);
         if (Below(4) != 0) return;
@@ -271,7 +273,7 @@ class Player {
 
     std::mt19937 random_;
     int32_t mostRows_;
-    TreeGrid grid_{folderSchema};
+    TreeGrid grid_{sample::schema};
     PlainGrid plain_;
     std::vector<NamedRow> named_;
     RowCounter counter_{grid_};

@@ -1,5 +1,6 @@
 // TreeGridTest: the grid's operations one by one: ranges, texts, keys, looks, cursor, notifications, memory.
 #include "rows/TreeGrid.h"
+#include "tests/SampleSchema.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,6 +9,8 @@
 
 namespace foldertree {
 namespace {
+
+using namespace sample;
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -77,7 +80,7 @@ class TreeGridTest : public ::testing::Test {
         return grid_.RowCount() - 1;
     }
 
-    TreeGrid grid_{folderSchema};
+    TreeGrid grid_{sample::schema};
 };
 
 // Shape
@@ -380,32 +383,31 @@ TEST_F(TreeGridTest, AnUnsetColourReadsAsTheWindowsOwn) {
 
 TEST_F(TreeGridTest, ABlockOfCellsTakesAFormatAndTheOthersDoNot) {
     AddRows(3);
-    grid_.SetCellFormat(CellSetting::BackColor, 1, 2, 2, 13, colors::ticked);
+    grid_.SetCellFormat(CellSetting::BackColor, 1, 2, 2, 13, 0x0000FFFFu);
     for (int32_t row = 0; row <= 3; ++row)
         for (int col = 0; col < 14; ++col)
-            EXPECT_EQ(grid_.CellFormat(CellSetting::BackColor, row, col) == colors::ticked,
+            EXPECT_EQ(grid_.CellFormat(CellSetting::BackColor, row, col) == 0x0000FFFFu,
                       row >= 1 && row <= 2 && col >= 2)
                 << row << ", " << col;
 }
 
 TEST_F(TreeGridTest, FormatsReadBackAsTheyWereSet) {
     AddRows(1);
-    grid_.SetCellFormat(CellSetting::Picture, 1, colName, static_cast<uint32_t>(Picture::AdList));
+    grid_.SetCellFormat(CellSetting::Picture, 1, colName, uint32_t{lastPicture});
     grid_.SetCellFormat(CellSetting::PictureAlignment, 1, colName, 1);
     grid_.SetCellFormat(CellSetting::ForeColor, 1, colName, colors::buttonShadow);
     grid_.SetCellFormat(CellSetting::Bold, 1, colName, 0xFFFFFFFF);
-    EXPECT_EQ(grid_.CellFormat(CellSetting::Picture, 1, colName), static_cast<uint32_t>(Picture::AdList));
+    EXPECT_EQ(grid_.CellFormat(CellSetting::Picture, 1, colName), uint32_t{lastPicture});
     EXPECT_EQ(grid_.CellFormat(CellSetting::PictureAlignment, 1, colName), 1u);
     EXPECT_EQ(grid_.CellFormat(CellSetting::ForeColor, 1, colName), colors::buttonShadow);
     EXPECT_EQ(grid_.CellFormat(CellSetting::Bold, 1, colName), 1u);
-    EXPECT_EQ(grid_.Look(1, colName),
-              (CellLook{{}, colors::buttonShadow, true, static_cast<PictureNumber>(Picture::AdList), 1}));
+    EXPECT_EQ(grid_.Look(1, colName), (CellLook{{}, colors::buttonShadow, true, lastPicture, 1}));
 }
 
 TEST_F(TreeGridTest, ASettingOrPictureThatDoesNotExistIsError5) {
     EXPECT_EQ(ErrorOf([&] { grid_.SetCellFormat(static_cast<CellSetting>(99), 0, 0, 1); }), 5u);
     EXPECT_EQ(ErrorOf([&] { grid_.CellFormat(static_cast<CellSetting>(99), 0, 0); }), 5u);
-    EXPECT_EQ(ErrorOf([&] { grid_.SetCellFormat(CellSetting::Picture, 0, 0, pictureCount); }), 5u);
+    EXPECT_EQ(ErrorOf([&] { grid_.SetCellFormat(CellSetting::Picture, 0, 0, lastPicture + 1); }), 5u);
     EXPECT_EQ(ErrorOf([&] { grid_.SetCellFormat(CellSetting::PictureAlignment, 0, 0, 256); }), 5u);
 }
 

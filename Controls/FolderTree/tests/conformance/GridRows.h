@@ -6,9 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "common/GridColors.h"
+#include "common/GridColumns.h"
+#include "common/Pictures.h"
 #include "rows/Colors.h"
-#include "rows/GridColumns.h"
-#include "rows/Pictures.h"
 #include "support/ControlTest.h"
 
 namespace foldertree::testing {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "automation/Object.h"
-#include "rows/GridColumns.h"
+#include "common/GridColumns.h"
 
 namespace foldertree::reference {
 

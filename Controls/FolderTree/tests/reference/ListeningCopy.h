@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "common/GridColors.h"
+#include "common/GridColumns.h"
 #include "reference/ControlFace.h"
 #include "rows/TreeGrid.h"
 

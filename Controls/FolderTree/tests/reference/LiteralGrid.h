@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "common/GridColors.h"
+#include "common/GridColumns.h"
+#include "common/Pictures.h"
 #include "rows/Colors.h"
-#include "rows/GridColumns.h"
-#include "rows/Pictures.h"
 
 namespace foldertree::reference {
 

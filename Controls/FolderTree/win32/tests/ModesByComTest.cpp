@@ -9,7 +9,7 @@
 #include "automation/Collection.h"
 #include "automation_win32/ComObjectFactory.h"
 #include "automation_win32/Crossing.h"
-#include "rows/GridColumns.h"
+#include "common/GridColumns.h"
 #include "win32/com/ControlObject.h"
 
 namespace foldertree {

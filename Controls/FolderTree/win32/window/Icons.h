@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "rows/Pictures.h"
+#include "common/Pictures.h"
 #include "win32/GridPictures.h"
 
 namespace foldertree {

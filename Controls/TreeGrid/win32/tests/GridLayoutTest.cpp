@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include "rows/GridColumns.h"
+#include "tests/SampleSchema.h"
 #include "win32/FrameClock.h"
 
 namespace foldertree {
 namespace {
+
+using namespace sample;
 
 constexpr SIZE client{400, 300};
 

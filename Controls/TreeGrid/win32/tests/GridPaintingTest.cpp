@@ -1,11 +1,14 @@
 // GridPaintingTest: what the pixels of the grid show.
 #include "WindowFixture.h"
+#include "tests/SampleSchema.h"
 #include "win32/GridPainter.h"
 #include "win32/GridWindow.h"
 #include "win32/OffscreenBitmap.h"
 
 namespace foldertree {
 namespace {
+
+using namespace sample;
 
 constexpr SIZE area{400, 300};
 
@@ -39,7 +42,7 @@ class GridPaintingTest : public testing::Test {
     }
     RECT Box(int32_t row) const { return layout_.Box(Cell(row, colSel)); }
 
-    TreeGrid grid_{folderSchema};
+    TreeGrid grid_{sample::schema};
     GridFonts fonts_;
     GridLayout layout_;
     SquarePictures pictures_;
@@ -176,7 +179,7 @@ TEST_F(GridPaintingTest, BoldAndForeColourShow) {
 }
 
 TEST_F(GridPaintingTest, ADisabledGridIsPaintedInItsOwnColours) {
-    grid_.SetCellFormat(CellSetting::BackColor, 3, 0, 3, gridColumnCount - 1, colors::window);
+    grid_.SetCellFormat(CellSetting::BackColor, 3, 0, 3, columnCount - 1, colors::window);
     grid_.SetEnabled(false);
     grid_.SetBackColor(colors::buttonFace);
     grid_.SetTextColor(colors::buttonShadow);
@@ -220,7 +223,7 @@ TEST_F(GridPaintingTest, AnAreaWithoutRoomIsPainted) {
 }
 
 TEST_F(GridPaintingTest, AGridThatHoldsNothingYetIsPainted) {
-    const TreeGrid empty{folderSchema};
+    const TreeGrid empty{sample::schema};
     fonts_.Load(empty.Font(), 96);
     const GridLayout layout = MeasureGrid(empty, fonts_, 96, area, 0);
     const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
@@ -273,7 +276,7 @@ TEST_F(GridPaintingTest, AFontThatFailsLeavesTheDefaultOne) {
 
 TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     HostWindow host;
-    TreeGrid grid{folderSchema};
+    TreeGrid grid{sample::schema};
     SetUpGrid(grid);
     AddFolder(grid, 0, "Mailbox", rowKind::store);
     TickRow(grid, AddFolder(grid, 1, "Inbox"), "1");

@@ -2,9 +2,12 @@
 #include "win32/GridWindow.h"
 
 #include "WindowFixture.h"
+#include "tests/SampleSchema.h"
 
 namespace foldertree {
 namespace {
+
+using namespace sample;
 
 using Log = std::vector<std::string>;
 
@@ -67,7 +70,7 @@ class GridWindowTest : public testing::Test {
     }
 
     HostWindow host_;
-    TreeGrid grid_{folderSchema};
+    TreeGrid grid_{sample::schema};
     RecordingEvents events_{grid_};
     SquarePictures pictures_;
     TestKeeper keeper_;

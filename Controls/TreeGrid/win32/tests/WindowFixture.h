@@ -14,8 +14,8 @@
 
 #include "automation/Text.h"
 #include "interaction/GridInteraction.h"
-#include "rows/GridColumns.h"
 #include "rows/TreeGrid.h"
+#include "tests/SampleSchema.h"
 #include "win32/GridPictures.h"
 #include "win32/Window.h"
 
@@ -149,7 +149,7 @@ class HostWindow {
 
 /// An empty grid of the control's shape.
 inline void SetUpGrid(TreeGrid& grid) {
-    grid.SetColCount(gridColumnCount);
+    grid.SetColCount(sample::columnCount);
     grid.SetFixedColCount(0);
     grid.SetRowCount(1);
     grid.SetFixedRowCount(1);
@@ -157,7 +157,7 @@ inline void SetUpGrid(TreeGrid& grid) {
     grid.SetCellText(0, colIndex, "No.");
     grid.SetCellText(0, colName, "Folder");
     grid.SetColDataType(colSel, 11);
-    for (int col = colReserved; col < gridColumnCount; ++col) grid.SetColHidden(col, true);
+    for (int col = colReserved; col < sample::columnCount; ++col) grid.SetColHidden(col, true);
 }
 
 inline void FillRow(TreeGrid& grid, int32_t row, int16_t level, std::string_view name, std::string_view kind) {
@@ -168,8 +168,8 @@ inline void FillRow(TreeGrid& grid, int32_t row, int16_t level, std::string_view
     if (kind == rowKind::dummy) return;
     grid.SetCellFormat(CellSetting::Picture, row, colName, static_cast<uint32_t>(Picture::Mail));
     if (kind != rowKind::store) return;
-    grid.SetCellFormat(CellSetting::BackColor, row, 0, row, gridColumnCount - 1, colors::buttonFace);
-    grid.SetCellFormat(CellSetting::Bold, row, 0, row, gridColumnCount - 1, 1);
+    grid.SetCellFormat(CellSetting::BackColor, row, 0, row, sample::columnCount - 1, colors::buttonFace);
+    grid.SetCellFormat(CellSetting::Bold, row, 0, row, sample::columnCount - 1, 1);
 }
 
 inline int32_t AddFolder(TreeGrid& grid, int16_t level, std::string_view name,
@@ -183,7 +183,7 @@ inline int32_t AddFolder(TreeGrid& grid, int16_t level, std::string_view name,
 inline void TickRow(TreeGrid& grid, int32_t row, std::string_view number) {
     grid.SetCellText(row, colSel, "-1");
     grid.SetCellText(row, colIndex, number);
-    grid.SetCellFormat(CellSetting::BackColor, row, colName, row, gridColumnCount - 1, colors::ticked);
+    grid.SetCellFormat(CellSetting::BackColor, row, colName, row, sample::columnCount - 1, 0x0000FFFFu);
 }
 
 /// The pixels of a picture, 0x00RRGGBB.

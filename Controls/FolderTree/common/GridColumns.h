@@ -3,8 +3,8 @@
 
 #include <string_view>
 
+#include "common/Pictures.h"
 #include "rows/GridSchema.h"
-#include "rows/Pictures.h"
 
 namespace foldertree {
 

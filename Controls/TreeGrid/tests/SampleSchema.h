@@ -1,0 +1,39 @@
+// SampleSchema: the columns of the grids that the tests make.
+#pragma once
+
+#include "rows/GridSchema.h"
+
+namespace foldertree::sample {
+
+enum Column : int {
+    colSel = 0,
+    colIndex = 1,
+    colName = 2,
+    colReserved = 3,
+    colRowKind = 4,
+    colIncomplete = 5,
+    colItemType = 6,
+    colStoreID = 7,
+    colEntryID = 8,
+    colEntryIDShort = 9,
+    colFolderRecID = 10,
+    colAddressListID = 11,
+    colPath = 12,
+    colKey = 13,
+    columnCount = 14,
+};
+
+inline constexpr PictureNumber lastPicture = 15;
+
+inline constexpr GridSchema schema{
+    .columns = columnCount,
+    .box = colSel,
+    .number = colIndex,
+    .outline = colName,
+    .key = colKey,
+    .ownTexts = ColumnBits(colName, colEntryID, colEntryIDShort, colPath, colKey),
+    .keyParts = {.prefix = 'S', .start = colStoreID, .separator = '|', .end = colEntryID},
+    .pictures = lastPicture,
+};
+
+}  // namespace foldertree::sample
