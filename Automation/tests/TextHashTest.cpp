@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -13,7 +14,7 @@ namespace automation {
 namespace {
 
 TEST(TextHash, SeesEveryByteOfAShortOrLongText) {
-    for (const size_t length : {1, 3, 7, 8, 9, 15, 31, 32, 33, 63, 64, 100}) {
+    for (const size_t length : std::initializer_list<size_t>{1, 3, 7, 8, 9, 15, 31, 32, 33, 63, 64, 100}) {
         const std::string text(length, 'a');
         for (size_t at = 0; at < length; ++at) {
             std::string other = text;

@@ -21,7 +21,7 @@ constexpr const char* columnNames[foldertree::gridColumnCount] = {
     "colStoreID", "colEntryID", "colEntryIDShort", "colFolderRecID", "colAddressListID", "colPath",       "colKey"};
 
 automation::ObjectRef OpenSession(const std::vector<std::string>& stores) {
-    const automation::ObjectRef session = localstores::MakeRdoSession();
+    automation::ObjectRef session = localstores::MakeRdoSession();
     for (const std::string& store : stores) session->Get("Open", store);
     return session;
 }

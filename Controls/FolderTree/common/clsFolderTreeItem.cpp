@@ -65,6 +65,6 @@ std::string clsFolderTreeItem::KeyAlternate() const {
     return FolderKey(StoreID(), entryID_.starts_with("EF") ? "00" : "EF", rest);
 }
 
-void clsFolderTreeItem::SetEntryIDShort(std::string) {}
+void clsFolderTreeItem::SetEntryIDShort(const std::string&) {}
 
 }  // namespace foldertree

@@ -54,7 +54,7 @@ class clsFolderTreeItem : public automation::TabledObject<clsFolderTreeItem> {
     void SetAddressListID(std::string addressListID) { addressListID_ = std::move(addressListID); }
     /// Keeps the field's own value whatever is passed: an item has no short identifier, and the lookups by short key
     /// rely on that.
-    void SetEntryIDShort(std::string entryIDShort);
+    void SetEntryIDShort(const std::string& entryIDShort);
     void SetName(std::string name) { name_ = std::move(name); }
     void SetPath(std::string path) { path_ = std::move(path); }
     void SetItemType(enuFTIItemType itemType) { itemType_ = itemType; }

@@ -69,7 +69,7 @@ const SharedText& SelectionSet::SharedStoreID(std::string_view storeID) {
 }
 
 ItemRef SelectionSet::CreateSelItemFromRow(int32_t row) {
-    const ItemRef item = std::make_shared<clsFolderTreeItem>();
+    ItemRef item = std::make_shared<clsFolderTreeItem>();
     auto error = Attempt([&] {
         const TreeGrid& grid = context_.grid;
         const auto number = [&](int col) { return automation::RoundToLong(grid.CellValue(row, col)); };

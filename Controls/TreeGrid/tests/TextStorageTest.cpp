@@ -109,7 +109,7 @@ TEST(KeyHash, DoesNotSeeTheCaseOfAKey) {
 }
 
 TEST(KeyHash, IsTheSameForAKeyInTwoParts) {
-    for (const size_t length : {0, 1, 7, 8, 31, 32, 33, 127, 128, 129, 528}) {
+    for (const size_t length : std::initializer_list<size_t>{0, 1, 7, 8, 31, 32, 33, 127, 128, 129, 528}) {
         const std::string store = "S" + std::string(length, 'a');
         EXPECT_EQ(HashKey(store + "|0123456789", '|'),
                   JoinKeyHash(HashKeyStart(store), automation::HashText("0123456789")));

@@ -82,11 +82,11 @@ std::shared_ptr<Store> Session::Open(std::string_view path) {
 std::shared_ptr<Store> Session::Add(std::string_view path) {
     const StoreList opened = OpenStores(path);
     for (const auto& store : opened) {
-        const auto known = Find(store->Id());
+        auto known = Find(store->Id());
         if (known && SamePlace(known->Path(), store->Path())) return known;
         if (known) throw StoreCollision(path, "it is a copy of \"" + known->Path() + "\", which is open");
     }
-    const auto first = DefaultOf(opened) ? DefaultOf(opened) : opened.front();
+    auto first = DefaultOf(opened) ? DefaultOf(opened) : opened.front();
     const auto formerDefault = DefaultStore();
     stores_.insert(stores_.end(), opened.begin(), opened.end());
     SetDefault(formerDefault ? *formerDefault : *first);

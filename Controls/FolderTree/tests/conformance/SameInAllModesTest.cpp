@@ -118,7 +118,7 @@ TEST_F(SameInAllModes, ASelectionOfTheHostAppliedByTheRefresh) {
                         const auto items = ItemsOf(control->Selection());
                         ASSERT_EQ(items.size(), 3u);
                         size_t incomplete = 0;
-                        for (const ItemRef& item : items) incomplete += item->Incomplete() ? 1 : 0;
+                        for (const ItemRef& item : items) incomplete += item->Incomplete() ? 1u : 0u;
                         EXPECT_EQ(incomplete, 1u) << "the folder that is not in the tree";
                     },
                     {"Mailbox[Store]", "  Calendar", "  Inbox[0]", "    Projects[unread][closed]", "      [Dummy]",

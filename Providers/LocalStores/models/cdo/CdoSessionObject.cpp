@@ -101,7 +101,7 @@ Value CdoSessionObject::InfoStores(const Arguments& arguments) {
 
 std::shared_ptr<Store> CdoSessionObject::StoreOf(const Arguments& arguments, size_t index) {
     const bool isDefault = !arguments.Has(index) || arguments[index].ToText().empty();
-    const auto store = isDefault ? Stores().DefaultStore() : Stores().Find(IdOf(arguments[index]));
+    auto store = isDefault ? Stores().DefaultStore() : Stores().Find(IdOf(arguments[index]));
     if (!store) throw CdoNotFound();
     return store;
 }

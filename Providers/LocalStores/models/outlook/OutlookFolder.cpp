@@ -56,7 +56,7 @@ std::string OutlookFolder::FolderPath() const {
     std::string path = "\\" + Name();
     for (FolderInStore each = folder_; !IsTop(each);) {
         each = ParentOf(each);
-        path = "\\" + ShownName(each) + path;
+        path.insert(0, "\\" + ShownName(each));
     }
     return "\\" + path;
 }
