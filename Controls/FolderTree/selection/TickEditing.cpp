@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "automation/Text.h"
+#include "interaction/RowActs.h"
 
 namespace foldertree {
 
@@ -104,8 +105,12 @@ void TickEditing::MoveItemOf(CollectionPass& pass, int32_t row) {
     const SelItem old = selection_.RemoveSelItemByKey(key);
     auto error = Attempt([&] { AddByNumber(pass, item, key); });
     if (!error) return;
-    // The new item could not be made room for; the old one must not get lost with it.
-    if (old && error->Number() == automation::errors::outOfMemory) AddByNumber(pass, old, key);
+    // The new item could not be made room for; the old one must not get lost with it. Where there is no room for that
+    // either, the next reading of the selection makes it anew from the row's tick.
+    if (old && error->Number() == automation::errors::outOfMemory) {
+        selection_.dirty = true;
+        AddByNumber(pass, old, key);
+    }
     throw automation::Error(std::move(*error));
 }
 
@@ -136,24 +141,15 @@ void TickEditing::fgd_DblClick() {
         TreeGrid& grid = context_.grid;
         if (context_.state.gridBusy || grid.CurrentRow() < grid.FixedRowCount()) return;
         const RowHandle clicked = grid.HandleOf(grid.CurrentRow());
-        ToggleNode(clicked);
+        TurnNode(grid, events_, grid.CurrentRow(), OtherNodeState(grid, grid.CurrentRow()));
+        context_.ThrowIfClosed();
         const int32_t row = Require(clicked);
         // The last row of the grid is only opened and closed, never ticked.
         if (row >= grid.RowCount() - 1 || grid.RowOutlineLevel(row + 1) > grid.RowOutlineLevel(row)) return;
         // The box's before-edit check is not asked: a double click ticks a row whose box is painted as not editable.
-        grid.SetCellText(row, colSel, grid.CellValue(row, colSel) != 0 ? "0" : "-1");
+        FlipTick(grid, row);
         fgd_AfterEdit(row, colSel);
     });
-}
-
-void TickEditing::ToggleNode(RowHandle row) {
-    TreeGrid& grid = context_.grid;
-    const int32_t now = Require(row);
-    const int16_t state = grid.NodeState(now) == nodeCollapsed ? nodeExpanded : nodeCollapsed;
-    bool cancel = false;
-    events_.fgd_BeforeCollapse(now, state, cancel);
-    context_.ThrowIfClosed();
-    if (!cancel) grid.SetNodeState(Require(row), state);
 }
 
 }  // namespace foldertree

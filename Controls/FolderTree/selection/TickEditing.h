@@ -35,7 +35,6 @@ class TickEditing {
     void AddByNumber(CollectionPass& pass, const SelItem& item, const std::string& key);
     void TraceChange(int32_t row);
     int32_t Require(RowHandle row) const { return RequireRow(context_.grid, row); }
-    void ToggleNode(RowHandle row);
 
     ControlContext& context_;
     SelectionSet& selection_;

@@ -125,7 +125,7 @@ class TreeGrid {
     bool ColHidden(int col) const;
     void SetColHidden(int col, bool hidden);
     int32_t ColDataType(int col) const;
-    void SetColDataType(int col, int32_t type);  ///< 11 (Boolean) makes check boxes
+    void SetColDataType(int col, int32_t type);  ///< kept for whoever asks; the schema says which column has boxes
     void AutoSizeColumns(int firstCol, int lastCol);
 
     // Grid-wide

@@ -1,6 +1,8 @@
 // SampleSchema: the columns of the grids that the tests make.
 #pragma once
 
+#include <string_view>
+
 #include "rows/GridSchema.h"
 
 namespace foldertree::sample {
@@ -23,7 +25,15 @@ enum Column : int {
     columnCount = 14,
 };
 
+inline constexpr PictureNumber mailPicture = 4;
 inline constexpr PictureNumber lastPicture = 15;
+
+/// What colRowKind holds in the grids of the window tests.
+namespace rowKind {
+inline constexpr std::string_view store = "Store";
+inline constexpr std::string_view folder = "Folder";
+inline constexpr std::string_view dummy = "Dummy";
+}  // namespace rowKind
 
 inline constexpr GridSchema schema{
     .columns = columnCount,

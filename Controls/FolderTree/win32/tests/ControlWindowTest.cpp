@@ -6,6 +6,8 @@
 namespace foldertree {
 namespace {
 
+using namespace sample;
+
 LRESULT CALLBACK CountPaints(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const auto standard = reinterpret_cast<WNDPROC>(GetPropW(window, L"standard"));
     if (message == WM_PAINT)
@@ -73,7 +75,7 @@ class ControlWindowTest : public testing::Test {
     MSG KeyMessage(HWND window, WPARAM key) const { return {window, WM_KEYDOWN, key, 1, 0, {0, 0}}; }
 
     HostWindow host_;
-    TreeGrid grid_{folderSchema};
+    TreeGrid grid_{sample::schema};
     RecordingEvents events_{grid_};
     TestKeeper keeper_;
     std::function<void()> onCancel_;

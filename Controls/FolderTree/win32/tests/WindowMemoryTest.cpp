@@ -13,6 +13,8 @@
 namespace foldertree {
 namespace {
 
+using namespace sample;
+
 using automation::testing::FailEachAllocation;
 using automation::testing::FailingMemory;
 using automation::testing::MemoryPlan;
@@ -87,7 +89,7 @@ class Form {
         UpdateWindow(Grid());
     }
 
-    TreeGrid grid{folderSchema};
+    TreeGrid grid{sample::schema};
     CountingEvents events;
     TestKeeper keeper;
     int cancels = 0;

@@ -94,7 +94,7 @@ class SquarePictures : public GridPictures {
 
 /// Placeholders have no box.
 inline bool HasBox(const TreeGrid& grid, int32_t row) {
-    return !automation::EqualNoCase(grid.CellText(row, colRowKind), rowKind::dummy);
+    return !automation::EqualNoCase(grid.CellText(row, sample::colRowKind), sample::rowKind::dummy);
 }
 
 /// The program's one window on the screen. Without a window manager it takes Wine seconds to be rid of one.
@@ -153,27 +153,27 @@ inline void SetUpGrid(TreeGrid& grid) {
     grid.SetFixedColCount(0);
     grid.SetRowCount(1);
     grid.SetFixedRowCount(1);
-    grid.SetCellText(0, colSel, "Select");
-    grid.SetCellText(0, colIndex, "No.");
-    grid.SetCellText(0, colName, "Folder");
-    grid.SetColDataType(colSel, 11);
-    for (int col = colReserved; col < sample::columnCount; ++col) grid.SetColHidden(col, true);
+    grid.SetCellText(0, sample::colSel, "Select");
+    grid.SetCellText(0, sample::colIndex, "No.");
+    grid.SetCellText(0, sample::colName, "Folder");
+    grid.SetColDataType(sample::colSel, 11);
+    for (int col = sample::colReserved; col < sample::columnCount; ++col) grid.SetColHidden(col, true);
 }
 
 inline void FillRow(TreeGrid& grid, int32_t row, int16_t level, std::string_view name, std::string_view kind) {
-    grid.SetCellText(row, colRowKind, kind);
-    grid.SetCellText(row, colName, name);
+    grid.SetCellText(row, sample::colRowKind, kind);
+    grid.SetCellText(row, sample::colName, name);
     grid.SetRowOutlineLevel(row, level);
-    grid.SetIsNode(row, kind != rowKind::dummy);
-    if (kind == rowKind::dummy) return;
-    grid.SetCellFormat(CellSetting::Picture, row, colName, static_cast<uint32_t>(Picture::Mail));
-    if (kind != rowKind::store) return;
+    grid.SetIsNode(row, kind != sample::rowKind::dummy);
+    if (kind == sample::rowKind::dummy) return;
+    grid.SetCellFormat(CellSetting::Picture, row, sample::colName, sample::mailPicture);
+    if (kind != sample::rowKind::store) return;
     grid.SetCellFormat(CellSetting::BackColor, row, 0, row, sample::columnCount - 1, colors::buttonFace);
     grid.SetCellFormat(CellSetting::Bold, row, 0, row, sample::columnCount - 1, 1);
 }
 
 inline int32_t AddFolder(TreeGrid& grid, int16_t level, std::string_view name,
-                         std::string_view kind = rowKind::folder) {
+                         std::string_view kind = sample::rowKind::folder) {
     const int32_t row = grid.RowCount();
     grid.SetRowCount(row + 1);
     FillRow(grid, row, level, name, kind);
@@ -181,9 +181,9 @@ inline int32_t AddFolder(TreeGrid& grid, int16_t level, std::string_view name,
 }
 
 inline void TickRow(TreeGrid& grid, int32_t row, std::string_view number) {
-    grid.SetCellText(row, colSel, "-1");
-    grid.SetCellText(row, colIndex, number);
-    grid.SetCellFormat(CellSetting::BackColor, row, colName, row, sample::columnCount - 1, 0x0000FFFFu);
+    grid.SetCellText(row, sample::colSel, "-1");
+    grid.SetCellText(row, sample::colIndex, number);
+    grid.SetCellFormat(CellSetting::BackColor, row, sample::colName, row, sample::columnCount - 1, 0x0000FFFFu);
 }
 
 /// The pixels of a picture, 0x00RRGGBB.
