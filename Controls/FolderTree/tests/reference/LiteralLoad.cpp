@@ -456,6 +456,8 @@ void LiteralControl::RunExpansion(int32_t row, const std::string& opening, Detai
 
 void LiteralControl::RemovePlaceholder(Expansion& expansion) {
     const int32_t below = expansion.node + 1;
+    // The host has emptied the tree in a call: there is no node any more whose children could be read.
+    if (expansion.node >= grid.RowCount()) throw VbError(automation::errors::subscript);
     if (below >= grid.RowCount() || Lower(grid.CellText(below, colRowKind)) != "dummy") return;
     grid.RemoveRow(below);
     expansion.placeholderRemoved = true;

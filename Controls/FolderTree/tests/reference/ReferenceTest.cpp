@@ -104,6 +104,8 @@ struct Kept {
 constexpr Kept kept[] = {
     {"AnItemFiledTwiceIsTakenOutOnce",
      "LoadSettings 0 0 3; Refresh; Tick 1; ReadSelection; AddToCollection 0 0 1; SelectByType 1"},
+    {"AnExpansionEndsWhereTheHostHasEmptiedTheTree",
+     "SetApplication 1; LoadSettings 0 1 2; RemoveFolder; Refresh; SetShowAddressBook@call1 5; DoubleClick 7"},
 };
 
 class KeptSequence : public ::testing::TestWithParam<Kept> {};
