@@ -20,8 +20,6 @@ class ControlOleObject final : public ComPart<IOleObject> {
   public:
     explicit ControlOleObject(ControlObject& object);
 
-    /// In HIMETRIC units, as the container last set it.
-
     STDMETHOD(SetClientSite)(IOleClientSite* site) override;
     STDMETHOD(GetClientSite)(IOleClientSite** site) override;
     STDMETHOD(SetHostNames)(LPCOLESTR application, LPCOLESTR document) override;
