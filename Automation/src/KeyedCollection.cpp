@@ -1,4 +1,4 @@
-// KeyedCollection: entries in the order of a tree, and an index over the keys.
+// KeyedCollection: entries by id, their order, and an index over the keys.
 #include "automation/KeyedCollection.h"
 
 #include <utility>
@@ -17,7 +17,7 @@ class CollectionWalk : public Enumerator {
 
     bool Next(Value& item) override {
         if (position_ >= collection_->Count()) return false;
-        Value next = collection_->Item(position_ + 1);
+        Value next = collection_->ItemAt(position_ + 1);
         ++position_;
         item = std::move(next);  // what it held may end, and its end may do anything to the collection and this walk
         return true;
@@ -57,15 +57,16 @@ std::unique_ptr<Enumerator> KeyedCollection::NewEnum() {
 }
 
 KeyedCollection::~KeyedCollection() {
-    byKey_.clear();
-    for (OrderLink* link = order_.TakeAll(); link != nullptr;) {
-        const std::unique_ptr<Entry> entry(static_cast<Entry*>(link));
-        link = link->right;
-    }
+    // In their order, as a host's own collection lets them go.
+    for (int32_t place = 0; place < Count(); ++place) entries_[order_.At(place)].item = Value();
+}
+
+const Value& KeyedCollection::ItemAt(int32_t position) const {
+    return entries_[order_.At(position - 1)].item;
 }
 
 Value KeyedCollection::Item(const Value& index) const {
-    return Find(index).item;
+    return entries_[Find(index)].item;
 }
 
 void KeyedCollection::Add(Value item, const Value& key, const Value& before, const Value& after) {
@@ -78,34 +79,57 @@ void KeyedCollection::Add(Value item, const Value& key, const Value& before, con
     else if (!IsLeftOut(after))
         place = order_.PositionOf(Find(after)) + 1;
 
-    auto entry = std::make_unique<Entry>();
-    entry->item = std::move(item);
-    if (const std::string* text = key.AsText()) entry->key = *text;
-    const bool keyed = !entry->key.empty();
-    if (keyed && !byKey_.insert(entry.get()).second) throw VbError(errors::duplicateKey);
-    order_.Insert(place, *entry.release());  // nothing from here on can fail
+    std::string text = key.IsText() ? *key.AsText() : std::string();
+    const bool keyed = !text.empty();
+    const uint32_t hash = HashOf(text);
+    if (keyed) {
+        if (FindKey(hash, text)) throw VbError(errors::duplicateKey);
+        byKey_.Reserve();
+    }
+    const Id id = NextEntry();
+    order_.Insert(place, id);
+    // Nothing from here on can fail.
+    Entry& entry = entries_[id];
+    firstFree_ = entry.keyHash;
+    entry = {std::move(item), std::move(text), hash};
+    if (keyed) byKey_.Add(hash, id);
+}
+
+/// The entry that the next item will have; it stays the first free one until then.
+KeyedCollection::Id KeyedCollection::NextEntry() {
+    if (firstFree_ == noEntry) {
+        const auto id = static_cast<Id>(entries_.size());
+        entries_.emplace_back().keyHash = noEntry;
+        firstFree_ = id;
+    }
+    return firstFree_;
 }
 
 void KeyedCollection::Remove(const Value& index) {
-    Entry& entry = Find(index);
-    if (!entry.key.empty()) byKey_.erase(byKey_.find(&entry));  // only the search can fail
-    order_.Remove(entry);
+    const Id id = Find(index);
+    order_.Remove(order_.PositionOf(id));
+    Entry& entry = entries_[id];
+    if (!entry.key.empty()) byKey_.Remove(byKey_.Find(entry.keyHash, [id](Id each) { return each == id; }));
     // The item may be the last reference to an object whose end calls back into this collection: it goes last.
-    delete &entry;
+    const Entry removed = std::exchange(entry, Entry{{}, {}, firstFree_});
+    firstFree_ = id;
 }
 
-KeyedCollection::Entry& KeyedCollection::FindKey(std::string_view key) const {
-    const auto found = byKey_.find(key);
-    if (found == byKey_.end()) throw VbError(errors::invalidCall);
-    return **found;
+std::optional<KeyedCollection::Id> KeyedCollection::FindKey(uint32_t hash, std::string_view key) const {
+    const Id* const found = byKey_.Find(hash, [&](Id id) { return EqualNoCase(entries_[id].key, key); });
+    return found == nullptr ? std::nullopt : std::optional(*found);
 }
 
-KeyedCollection::Entry& KeyedCollection::Find(const Value& index) const {
-    if (const std::string* key = index.AsText()) return FindKey(*key);
+KeyedCollection::Id KeyedCollection::Find(const Value& index) const {
+    if (const std::string* key = index.AsText()) {
+        const std::optional<Id> found = FindKey(HashOf(*key), *key);
+        if (!found) throw VbError(errors::invalidCall);
+        return *found;
+    }
     if (IsLeftOut(index)) throw VbError(errors::typeMismatch);
     const int32_t position = index.ToLong();
     if (position < 1 || position > Count()) throw VbError(errors::subscript);
-    return static_cast<Entry&>(*order_.At(position - 1));
+    return order_.At(position - 1);
 }
 
 }  // namespace automation

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <optional>
 #include <type_traits>
+#include <utility>
 
 #include "Number.h"
 #include "automation/Error.h"
@@ -161,10 +162,16 @@ ObjectRef Value::ToObject() const {
     throw VbError(errors::typeMismatch);
 }
 
-ObjectRef Value::RequireObject() const {
+ObjectRef Value::RequireObject() const& {
     ObjectRef object = ToObject();
     if (!object) throw VbError(errors::objectNotSet);
     return object;
+}
+
+ObjectRef Value::RequireObject() && {
+    auto* const held = std::get_if<ObjectRef>(&data_);
+    if (held != nullptr && *held != nullptr) return std::move(*held);
+    return std::as_const(*this).RequireObject();
 }
 
 }  // namespace automation

@@ -2,20 +2,20 @@
 // again.
 #include <gtest/gtest.h>
 
-#include <new>
 #include <optional>
 #include <vector>
 
 #include "CollectionText.h"
 #include "automation/KeyedCollection.h"
 #include "automation_testing/FailingMemory.h"
+#include "automation_testing/RunsOut.h"
 
 namespace automation {
 namespace {
 
 using testing::FailEachAllocation;
-using testing::FailingMemory;
 using testing::MemoryPlan;
+using testing::RunsOut;
 
 struct Entry {
     std::string key;
@@ -92,25 +92,14 @@ int64_t TryWithoutMemory(const Operation& operation, size_t size, bool andAllAft
     return FailEachAllocation(andAllAfter, [&](const MemoryPlan& plan) {
         Entries entries = SomeEntries(size);
         const auto collection = Filled(entries);
-        bool threw = false;
-        int64_t refused = 0;
-        {
-            const FailingMemory memory(plan);
-            try {
-                operation.act(*collection);
-            } catch (const std::bad_alloc&) {
-                threw = true;
-            }
-            refused = memory.Refused();
-        }
-        EXPECT_EQ(threw, refused > 0);
-        if (threw) {
+        const bool failed = RunsOut(plan, [&] { operation.act(*collection); });
+        if (failed) {
             ExpectEntries(collection, entries, operation.absentBefore);
             operation.act(*collection);
         }
         operation.effect(entries);
         ExpectEntries(collection, entries, operation.absentAfter);
-        return refused > 0;
+        return failed;
     });
 }
 
@@ -188,19 +177,11 @@ TEST(KeyedCollectionWithoutMemory, AWalkThatFailsGoesOnWhereItStood) {
             const auto walk = Filled(entries)->NewEnum();
             Value item;
             EXPECT_TRUE(walk->Next(item));
-            bool threw = false;
-            {
-                const FailingMemory memory(plan);
-                try {
-                    walk->Next(item);
-                } catch (const std::bad_alloc&) {
-                    threw = true;
-                }
-            }
-            EXPECT_EQ(item.ToText(), entries[threw ? 0 : 1].item);
+            const bool failed = RunsOut(plan, [&] { walk->Next(item); });
+            EXPECT_EQ(item.ToText(), entries[failed ? 0 : 1].item);
             EXPECT_TRUE(walk->Next(item));
-            EXPECT_EQ(item.ToText(), entries[threw ? 1 : 2].item);
-            return threw;
+            EXPECT_EQ(item.ToText(), entries[failed ? 1 : 2].item);
+            return failed;
         });
         EXPECT_GT(failures, 0);
     }

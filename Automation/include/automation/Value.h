@@ -115,7 +115,8 @@ class Value {
     /// The object, or null for Nothing, Empty and Missing. Throws 13 for any other type.
     ObjectRef ToObject() const;
     /// The object. Throws 91 for Nothing and Empty, 13 for any other type.
-    ObjectRef RequireObject() const;
+    ObjectRef RequireObject() const&;
+    ObjectRef RequireObject() &&;  ///< the same, and leaves an object value as Nothing
 
     /// The raw storage, for adapters that translate every type.
     using Storage = std::variant<std::monostate, Null, Missing, bool, uint8_t, int16_t, int32_t, int64_t, float, double,

@@ -10,9 +10,10 @@
 
 namespace foldertree {
 
-/// The row's number now. Throws automation::Error 9, like a number that is out of range, when it has gone.
-inline int32_t RequireRow(const TreeGrid& grid, RowHandle handle) {
-    const std::optional<int32_t> row = grid.RowOf(handle);
+/// The row's number now; for who knows the number that it had, looked for there first. Throws automation::Error 9, like
+/// a number that is out of range, when it has gone.
+inline int32_t RequireRow(const TreeGrid& grid, RowHandle handle, int32_t lastSeenAt = -1) {
+    const std::optional<int32_t> row = grid.RowOf(handle, lastSeenAt);
     if (!row) throw automation::VbError(automation::errors::subscript);
     return *row;
 }
@@ -24,9 +25,7 @@ void ForEachRow(const TreeGrid& grid, Visit&& visit) {
     for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
         const RowHandle place = grid.HandleOf(row);
         visit(std::as_const(row));
-        // Mostly no row has moved, and looking there first costs less than asking where it is.
-        if (row < grid.RowCount() && grid.HandleOf(row) == place) continue;
-        const std::optional<int32_t> now = grid.RowOf(place);
+        const std::optional<int32_t> now = grid.RowOf(place, row);
         if (!now) return;
         row = *now;
     }

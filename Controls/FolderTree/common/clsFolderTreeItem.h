@@ -17,7 +17,7 @@ using SharedText = std::shared_ptr<const std::string>;
 
 /// To hosts (through automation) every member but Index is read-only; the setters are for the component's own code.
 /// Identifiers are upper-case hexadecimal text. Texts are UTF-8.
-class clsFolderTreeItem : public automation::TabledObject<clsFolderTreeItem> {
+class clsFolderTreeItem final : public automation::TabledObject<clsFolderTreeItem> {
   public:
     static std::span<const automation::MemberEntry<clsFolderTreeItem>> Members();
 

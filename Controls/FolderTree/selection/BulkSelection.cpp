@@ -121,7 +121,7 @@ void BulkSelection::UntickRowsWithoutItem(const SelectionIndex& index, const Sel
     // From here on no code of the host runs, so numbers will do.
     std::vector<bool> hasItem(static_cast<size_t>(context_.grid.RowCount()));
     for (const auto& each : found)
-        if (const auto row = context_.grid.RowOf(each.row)) hasItem[static_cast<size_t>(*row)] = true;
+        if (const auto row = context_.grid.RowOf(each.row, each.number)) hasItem[static_cast<size_t>(*row)] = true;
     ForEachPickRow([&](int32_t row) {
         if (hasItem[static_cast<size_t>(row)] || !IsTicked(row) || !MayBePicked(row)) return;
         if (!index.Find(context_.grid.CellText(row, colKey))) Untick(row);

@@ -1,12 +1,12 @@
 // CollectionPass: one run over the selection collection, which ends where the host assigns another one.
 #include "selection/CollectionPass.h"
 
-#include "automation/Text.h"
 #include "selection/KeyedItems.h"
 
 namespace foldertree {
 
 using automation::Collection;
+using automation::KeyedCollection;
 using automation::Value;
 
 namespace {
@@ -19,10 +19,29 @@ bool MayBeSame(const SelItem& a, const SelItem& b) {
 
 }  // namespace
 
+void CollectionPass::Hold(const automation::ObjectRef& collection) {
+    collection_ = collection;
+    ours_ = dynamic_cast<KeyedCollection*>(collection.get());
+}
+
+CollectionPass::Walk::Walk(const CollectionPass& pass) : pass_(pass) {
+    if (pass.ours_ == nullptr) walk_ = Collection(pass.collection_).Walk();
+}
+
+bool CollectionPass::Walk::NextOfOurs(SelItem& item) {
+    const KeyedCollection& ours = *pass_.ours_;
+    const bool more = position_ < ours.Count();
+    // Counted first: what `item` held may end here, and its end may run the host's code.
+    item = more ? SelItem(ours.ItemAt(++position_)) : SelItem();
+    pass_.ThrowIfEnded();
+    return more;
+}
+
 bool CollectionPass::Walk::Next(SelItem& item) {
+    if (walk_ == nullptr) return NextOfOurs(item);
     Value value;
     const bool more = walk_->Next(value);
-    item = more ? SelItem(value) : SelItem();
+    item = more ? SelItem(std::move(value)) : SelItem();
     pass_.ThrowIfEnded();
     if (more) ++position_;
     return more;
@@ -30,7 +49,7 @@ bool CollectionPass::Walk::Next(SelItem& item) {
 
 void CollectionPass::Add(const SelItem& item, std::string key, std::optional<int32_t> before) {
     ThrowIfEnded();
-    collection_ = selection_.EnsureCollection();
+    if (collection_ == nullptr) Hold(selection_.EnsureCollection());
     Collection(collection_).Add(item.Ref(), std::move(key), before);
     ThrowIfEnded();
 }
@@ -41,19 +60,28 @@ void CollectionPass::TakeOut(Places places) {
         if (!IsThere(places.back())) places = PlacesNow(places);
         ThrowIfEnded();
         if (places.empty()) return;
-        Collection(collection_).Remove(places.back().position);
+        RemoveAt(places.back().position);
         places.pop_back();
         ThrowIfEnded();
     }
+}
+
+SelItem CollectionPass::ItemAt(int32_t position) const {
+    if (ours_ == nullptr) return SelItem(Collection(collection_).Item(position));
+    return position <= ours_->Count() ? SelItem(ours_->ItemAt(position)) : SelItem();
+}
+
+void CollectionPass::RemoveAt(int32_t position) {
+    if (ours_ == nullptr) return Collection(collection_).Remove(position);
+    ours_->Remove(position);
 }
 
 bool CollectionPass::IsThere(const Place& place) const {
     bool there = false;
     // A position that is not there any more is an answer, not an error.
     auto error = Attempt([&] {
-        const SelItem now(Collection(collection_).Item(place.position));
-        there = now.Ref() == place.item.Ref() ||
-                (MayBeSame(now, place.item) && automation::EqualNoCase(now.Key(), place.item.Key()));
+        const SelItem now = ItemAt(place.position);
+        there = now && (now.Ref() == place.item.Ref() || (MayBeSame(now, place.item) && now.HasKey(place.item.Key())));
     });
     ThrowIfOutOfMemory(error);
     return there;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation/Collection.h"
+#include "automation/KeyedCollection.h"
 #include "selection/SelectionSet.h"
 
 namespace foldertree {
@@ -29,7 +30,7 @@ class CollectionPass {
     };
     using Places = std::vector<Place>;
 
-    explicit CollectionPass(SelectionSet& selection) : selection_(selection), collection_(selection.collection) {}
+    explicit CollectionPass(SelectionSet& selection) : selection_(selection) { Hold(selection.collection); }
     CollectionPass(const CollectionPass&) = delete;
     CollectionPass& operator=(const CollectionPass&) = delete;
 
@@ -42,15 +43,16 @@ class CollectionPass {
     /// The items in their order, one by one.
     class Walk {
       public:
-        explicit Walk(const CollectionPass& pass)
-            : pass_(pass), walk_(automation::Collection(pass.collection_).Walk()) {}
+        explicit Walk(const CollectionPass& pass);
         /// Stores the next item and returns true, or returns false at the end.
         bool Next(SelItem& item);
         int32_t Position() const { return position_; }  ///< of the item last stored, from 1
 
       private:
+        bool NextOfOurs(SelItem& item);
+
         const CollectionPass& pass_;
-        std::unique_ptr<automation::Enumerator> walk_;
+        std::unique_ptr<automation::Enumerator> walk_;  ///< null over a collection of ours
         int32_t position_ = 0;
     };
 
@@ -61,11 +63,15 @@ class CollectionPass {
     void TakeOut(Places places);
 
   private:
+    void Hold(const automation::ObjectRef& collection);
+    SelItem ItemAt(int32_t position) const;
+    void RemoveAt(int32_t position);
     bool IsThere(const Place& place) const;
     Places PlacesNow(const Places& places) const;
 
     SelectionSet& selection_;
     automation::ObjectRef collection_;
+    automation::KeyedCollection* ours_ = nullptr;  ///< the collection, where it is of our own class: read directly
 };
 
 /// Runs the body over the control's collection. False when it ended early because another one was assigned.

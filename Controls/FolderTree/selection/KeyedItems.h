@@ -23,9 +23,11 @@ class KeyedItems {
         places_.Reserve();
         entries_.push_back({item, item.Own() != nullptr ? std::string() : std::move(key)});
         places_.Add(hash, Count() - 1);
+        keysMayChange_ |= item.Own() != nullptr && item.Own()->Incomplete();
     }
     /// Finds each item by the key that it has now: one that was completed from a row has the row's.
     void FollowKeys() {
+        if (!keysMayChange_) return;
         automation::HashPlaces places;
         for (uint32_t number = 0; number < Count(); ++number) places.Add(HashOf(entries_[number].Key()), number);
         places_ = std::move(places);
@@ -57,6 +59,7 @@ class KeyedItems {
 
     std::vector<Entry> entries_;
     automation::HashPlaces places_;
+    bool keysMayChange_ = false;  ///< an item waits to be completed
 };
 
 }  // namespace foldertree

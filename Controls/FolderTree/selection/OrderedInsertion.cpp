@@ -30,12 +30,12 @@ void OrderedInsertion::ReadIndexes() {
 void OrderedInsertion::InsertRow(int32_t row, const TreeGrid& grid) {
     const RowHandle handle = grid.HandleOf(row);
     const double number = grid.CellValue(row, colIndex);
-    const std::string key = grid.CellText(row, colKey);
     // An item made from a row with a number beyond all items has no key, and would not show that the row's is taken.
     const bool lookFirst = incompleteLeft_ || std::abs(number) > std::numeric_limits<int32_t>::max();
+    const std::string key = lookFirst ? grid.CellText(row, colKey) : std::string();
     SelItem item = lookFirst ? selection_.GetSelItemByKey(key) : SelItem();
     const bool incomplete = item && item.Incomplete();
-    if (!item) item = SelItem(selection_.CreateSelItemFromRow(RequireRow(grid, handle)));
+    if (!item) item = SelItem(selection_.CreateSelItemFromRow(RequireRow(grid, handle, row)));
     const int32_t index = item.Index();
     // An item that stayed is moved. One that another row put here keeps the key, and adding it again fails.
     if (incomplete) RemoveByKey(key);

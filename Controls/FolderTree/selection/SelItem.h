@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "automation/Object.h"
 #include "common/clsFolderTreeItem.h"
@@ -17,6 +19,7 @@ class SelItem {
     explicit SelItem(automation::ObjectRef object);
     explicit SelItem(ItemRef item) : SelItem(automation::ObjectRef(std::move(item))) {}
     explicit SelItem(const automation::Value& value) : SelItem(value.RequireObject()) {}
+    explicit SelItem(automation::Value&& value) : SelItem(std::move(value).RequireObject()) {}
 
     explicit operator bool() const { return object_ != nullptr; }
     const automation::ObjectRef& Ref() const { return object_; }
@@ -25,6 +28,8 @@ class SelItem {
     clsFolderTreeItem* Own() const { return own_; }
 
     std::string Key() const;
+    /// Whether the key is that one, without regard to case.
+    bool HasKey(std::string_view key) const;
     std::string KeyShortEntryID() const;
     std::string KeyAlternate() const;
     int32_t Index() const;

@@ -6,7 +6,6 @@
 
 #include "automation/Collection.h"
 #include "automation/KeyedCollection.h"
-#include "automation/Text.h"
 #include "selection/CollectionPass.h"
 
 namespace foldertree {
@@ -36,7 +35,7 @@ SelItem SelectionSet::RemoveSelItemByKey(std::string_view key) {
         CollectionPass::Walk walk(pass);
         SelItem item;
         while (!removed && walk.Next(item)) {
-            if (!automation::EqualNoCase(item.Key(), key)) continue;
+            if (!item.HasKey(key)) continue;
             pass.TakeOut({{walk.Position(), item}});
             removed = item;
         }

@@ -27,13 +27,21 @@ void SelectionView::ApplyCollection(CollectionPass& pass, const FoundRows& found
         const int32_t row = RowOfItem(item, position < found.size() ? &found[position] : nullptr);
         pass.ThrowIfEnded();
         if (row <= 0) continue;  // not in the tree, or the header row matched
-        // A stranger keeps what its host gave it; only our own items are completed.
-        if (clsFolderTreeItem* own = item.Own(); own != nullptr && own->Incomplete()) CompleteFromRow(*own, row);
-        const RowHandle handle = context_.grid.HandleOf(row);
-        const int32_t index = item.Index();
-        pass.ThrowIfEnded();
-        ShowTicked(RequireRow(context_.grid, handle), index);
+        if (clsFolderTreeItem* const own = item.Own()) {
+            if (own->Incomplete()) CompleteFromRow(*own, row);
+            ShowTicked(row, own->Index());
+        } else {
+            ShowStranger(pass, item, row);
+        }
     }
+}
+
+/// A stranger keeps what its host gave it; only our own items are completed.
+void SelectionView::ShowStranger(CollectionPass& pass, const SelItem& stranger, int32_t row) {
+    const RowHandle handle = context_.grid.HandleOf(row);
+    const int32_t index = stranger.Index();
+    pass.ThrowIfEnded();
+    ShowTicked(RequireRow(context_.grid, handle, row), index);
 }
 
 void SelectionView::ShowTicked(int32_t row, int32_t index) {
@@ -42,8 +50,8 @@ void SelectionView::ShowTicked(int32_t row, int32_t index) {
 }
 
 int32_t SelectionView::RowOfItem(const SelItem& item, const FoundRow* found) {
-    const bool known = found != nullptr && found->item != nullptr && found->item.get() == item.Own();
-    const std::optional<int32_t> row = known ? context_.grid.RowOf(found->row) : std::nullopt;
+    const bool known = found != nullptr && item.Own() != nullptr && found->item == item.Ref();
+    const std::optional<int32_t> row = known ? context_.grid.RowOf(found->row, found->number) : std::nullopt;
     return row ? *row : FindRowOf(item);
 }
 
@@ -137,7 +145,7 @@ void SelectionView::NumberItems(CollectionPass& pass, FoundRows& found) {
         pass.ThrowIfEnded();
         if (row != -1) {
             context_.grid.SetCellText(row, colIndex, std::to_string(n));
-            found.back() = {std::dynamic_pointer_cast<clsFolderTreeItem>(item.Ref()), context_.grid.HandleOf(row)};
+            found.back() = {item.Own() != nullptr ? item.Ref() : nullptr, context_.grid.HandleOf(row), row};
         }
         ++n;
     }

@@ -16,8 +16,9 @@ class SelectionView {
 
     /// The row that an item was found in a moment ago; saves looking for each item again when all are renumbered.
     struct FoundRow {
-        ItemRef item;  ///< null for a stranger, and for an item that has no row
+        automation::ObjectRef item;  ///< null for a stranger, and for an item that has no row
         RowHandle row;
+        int32_t number = -1;  ///< the row's, then
     };
     using FoundRows = std::vector<FoundRow>;  ///< in the order of the collection; may be shorter
 
@@ -36,6 +37,7 @@ class SelectionView {
 
   private:
     void ApplyCollection(CollectionPass& pass, const FoundRows& found);
+    void ShowStranger(CollectionPass& pass, const SelItem& stranger, int32_t row);
     void ShowTicked(int32_t row, int32_t index);
     void NumberItems(CollectionPass& pass, FoundRows& found);
     void ReadTicks(CollectionPass& pass);

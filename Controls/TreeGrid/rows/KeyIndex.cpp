@@ -1,7 +1,7 @@
 // KeyIndex: a table of rows by hash, with ordered groups for shared keys.
 #include "rows/KeyIndex.h"
 
-#include "rows/ReserveOne.h"
+#include "automation/ReserveOne.h"
 
 namespace foldertree {
 
@@ -36,7 +36,7 @@ uint32_t KeyIndex::MakeGroup(RowId one, RowId other) {
     group->insert(other);
     uint32_t number;
     if (freeGroups_.empty()) {
-        ReserveOne(groups_);
+        automation::ReserveOne(groups_);
         freeGroups_.reserve(groups_.capacity());  // so that a group can be given up without asking for memory
         number = static_cast<uint32_t>(groups_.size());
         groups_.push_back(std::move(group));

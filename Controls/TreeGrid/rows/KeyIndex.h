@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "automation/HashPlaces.h"
-#include "rows/RowSequence.h"
+#include "rows/RowId.h"
 
 namespace foldertree {
 
@@ -19,7 +19,7 @@ namespace foldertree {
 class KeyIndex {
   public:
     /// The sequence must outlive the index. A row is in the sequence as long as it is in the index.
-    explicit KeyIndex(const RowSequence& order) : order_(order) {}
+    explicit KeyIndex(const automation::IdSequence& order) : order_(order) {}
 
     /// Enters a row. `same(other)` tells whether a row in the index has the same key.
     template <class Same>
@@ -48,7 +48,7 @@ class KeyIndex {
     static constexpr uint32_t groupFlag = 0x80000000;  ///< the content is a group's number, not a row
 
     struct ByPosition {
-        const RowSequence* order;
+        const automation::IdSequence* order;
         bool operator()(RowId a, RowId b) const { return order->Precedes(a, b); }
     };
     using Group = std::set<RowId, ByPosition>;
@@ -76,7 +76,7 @@ class KeyIndex {
     void TakeOut(uint32_t hash, RowId row, const uint32_t* notThere) noexcept;
     void RemoveFromGroup(uint32_t& content, RowId row) noexcept;
 
-    const RowSequence& order_;
+    const automation::IdSequence& order_;
     automation::HashPlaces places_;               ///< a row or a group for each key
     std::vector<std::unique_ptr<Group>> groups_;  ///< of the keys that several rows share
     std::vector<uint32_t> freeGroups_;            ///< has room for every group's number

@@ -12,7 +12,7 @@
 #include "rows/GridSchema.h"
 #include "rows/KeyIndex.h"
 #include "rows/RowHandle.h"
-#include "rows/RowSequence.h"
+#include "rows/RowId.h"
 #include "rows/RowStyles.h"
 #include "rows/TextArena.h"
 #include "rows/TextPool.h"
@@ -35,7 +35,7 @@ class RowStore {
 
     int32_t Count() const { return order_.Count(); }
     RowId At(int32_t number) const { return order_.At(number); }
-    int32_t NumberOf(RowId row) const { return order_.NumberOf(row); }
+    int32_t NumberOf(RowId row) const { return order_.PositionOf(row); }
     uint32_t Number() const { return number_; }
 
     RowHandle HandleOf(RowId row) const { return {number_, row, Generation(Record(row))}; }
@@ -135,7 +135,7 @@ class RowStore {
     std::vector<std::unique_ptr<RowRecord[]>> blocks_;
     RowId freeRow_ = noRow;  ///< the first record to use again; the style of each names the next
     RowId nextRow_ = 0;
-    RowSequence order_;
+    automation::IdSequence order_;
     TextArena ownTexts_;
     size_t nextCompaction_ = 0;  ///< so many dropped bytes must there be before compacting is tried again
     TextPool pool_;

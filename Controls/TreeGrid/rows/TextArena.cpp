@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "automation/Error.h"
-#include "rows/ReserveOne.h"
+#include "automation/ReserveOne.h"
 
 namespace foldertree {
 
@@ -26,7 +26,7 @@ void TextArena::AddBlocks(size_t blocks) {
     if (uint64_t{blocks_.size() + blocks} * (blockSize / unit) > std::numeric_limits<Ref>::max())
         throw automation::VbError(automation::errors::outOfMemory);
     auto bytes = std::make_unique_for_overwrite<char[]>(blocks * blockSize);
-    ReserveOne(memory_);
+    automation::ReserveOne(memory_);
     char* const start = bytes.get();
     const size_t before = blocks_.size();
     blocks_.resize(before + blocks);

@@ -229,6 +229,11 @@ std::optional<int32_t> TreeGrid::RowOf(RowHandle handle) const {
     return impl_->RowOf(handle);
 }
 
+std::optional<int32_t> TreeGrid::RowOf(RowHandle handle, int32_t lastSeenAt) const {
+    if (lastSeenAt >= 0 && lastSeenAt < RowCount() && HandleOf(lastSeenAt) == handle) return lastSeenAt;
+    return impl_->RowOf(handle);
+}
+
 // Cells
 
 std::string TreeGrid::CellText(int32_t row, int col) const {

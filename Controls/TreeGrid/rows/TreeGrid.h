@@ -73,6 +73,8 @@ class TreeGrid {
     RowHandle HandleOf(int32_t row) const;
     /// The row's number now; nothing once it has gone. Handles of fixed rows end when the tree is emptied.
     std::optional<int32_t> RowOf(RowHandle handle) const;
+    /// The same, for who knows the number that it had: mostly no row has moved, and looking there first costs less.
+    std::optional<int32_t> RowOf(RowHandle handle, int32_t lastSeenAt) const;
 
     // Cells
     std::string CellText(int32_t row, int col) const;

@@ -30,7 +30,7 @@ class KeyedRows {
         const auto from = start == 0 ? std::nullopt : std::optional(order_.At(start));
         const auto row = index_.First(
             Hash(key), [&](RowId other) { return keys_.at(other) == key; }, from);
-        return row ? order_.NumberOf(*row) : -1;
+        return row ? order_.PositionOf(*row) : -1;
     }
     int32_t FirstByScan(int key, int32_t start) const {
         for (int32_t number = start; number < order_.Count(); ++number)
@@ -43,7 +43,7 @@ class KeyedRows {
     uint32_t Hash(int key) const { return static_cast<uint32_t>(key) % hashes_; }
 
     uint32_t hashes_;
-    RowSequence order_;
+    automation::IdSequence order_;
     KeyIndex index_{order_};
     std::map<RowId, int> keys_;
 };
@@ -53,7 +53,7 @@ TEST(KeyIndex, FindsNothingWhenEmpty) {
 }
 
 TEST(KeyIndex, PassesOverARowThatItDoesNotHave) {
-    RowSequence order;
+    automation::IdSequence order;
     order.Insert(0, 0);
     order.Insert(1, 1);
     KeyIndex index(order);

@@ -3,13 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <new>
 #include <optional>
 
 #include "automation_testing/FailingMemory.h"
+#include "automation_testing/RunsOut.h"
 #include "rows/KeyIndex.h"
 #include "rows/Outline.h"
-#include "rows/RowSequence.h"
 #include "rows/TextArena.h"
 #include "rows/TextPool.h"
 
@@ -19,70 +18,7 @@ namespace {
 using automation::testing::FailEachAllocation;
 using automation::testing::FailingMemory;
 using automation::testing::MemoryPlan;
-
-/// Whether the action threw std::bad_alloc; it must exactly when memory was refused.
-template <class Action>
-bool RunsOut(const MemoryPlan& plan, Action&& action) {
-    bool threw = false;
-    int64_t refused = 0;
-    {
-        const FailingMemory memory(plan);
-        try {
-            action();
-        } catch (const std::bad_alloc&) {
-            threw = true;
-        }
-        refused = memory.Refused();
-    }
-    EXPECT_EQ(threw, refused > 0);
-    return threw;
-}
-
-// RowSequence
-
-std::vector<RowId> RowsOf(const RowSequence& sequence) {
-    std::vector<RowId> rows;
-    for (int32_t number = 0; number < sequence.Count(); ++number) {
-        rows.push_back(sequence.At(number));
-        EXPECT_EQ(sequence.NumberOf(rows.back()), number);
-    }
-    return rows;
-}
-
-TEST(RowSequenceWithoutMemory, AnInsertionThatFailsChangesNothing) {
-    for (const int32_t size : {0, 1, 8, 255, 256, 257, 512, 2048}) {
-        for (const int32_t place : {0, size / 2, size}) {
-            for (const bool andAllAfter : {false, true}) {
-                SCOPED_TRACE(std::to_string(size) + " rows, at " + std::to_string(place));
-                FailEachAllocation(andAllAfter, [&](const MemoryPlan& plan) {
-                    RowSequence sequence;
-                    for (int32_t row = 0; row < size; ++row) sequence.Insert(row, static_cast<RowId>(row));
-                    std::vector<RowId> expected = RowsOf(sequence);
-                    const auto fresh = static_cast<RowId>(size);
-                    const bool failed = RunsOut(plan, [&] { sequence.Insert(place, fresh); });
-                    if (failed) {
-                        EXPECT_EQ(RowsOf(sequence), expected);
-                        sequence.Insert(place, fresh);
-                    }
-                    expected.insert(expected.begin() + place, fresh);
-                    EXPECT_EQ(RowsOf(sequence), expected);
-                    return failed;
-                });
-            }
-        }
-    }
-}
-
-TEST(RowSequenceWithoutMemory, RowsAreTakenOutWithoutMemory) {
-    for (const int32_t step : {1, 3, 200}) {
-        RowSequence sequence;
-        for (RowId row = 0; row < 3000; ++row) sequence.Insert(step % 2 == 0 ? 0 : sequence.Count(), row);
-        const FailingMemory memory({1, true});
-        for (int32_t number = 0; sequence.Count() > 0; number = (number + step) % std::max(1, sequence.Count()))
-            sequence.Remove(number);
-        EXPECT_EQ(memory.Asked(), 0);
-    }
-}
+using automation::testing::RunsOut;
 
 // TextArena
 
@@ -147,7 +83,7 @@ TEST(TextPoolWithoutMemory, AnAcquisitionThatFailsChangesNothing) {
 
 /// Rows with numbers as keys; hashes are the keys' remainders.
 struct NumberKeys {
-    RowSequence order;
+    automation::IdSequence order;
     KeyIndex index{order};
     std::map<RowId, int> keys;
 
@@ -166,7 +102,7 @@ struct NumberKeys {
         std::vector<RowId> found;
         for (std::optional<RowId> row = index.First(Hash(key), Has(key)); row;) {
             found.push_back(*row);
-            const int32_t next = order.NumberOf(*row) + 1;
+            const int32_t next = order.PositionOf(*row) + 1;
             if (next == order.Count()) break;
             row = index.First(Hash(key), Has(key), order.At(next));
         }

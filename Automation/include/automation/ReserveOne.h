@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace foldertree {
+namespace automation {
 
 /// Makes room for one more element, growing as push_back does: the next one then cannot fail.
 template <class Element>
@@ -12,4 +12,4 @@ void ReserveOne(std::vector<Element>& vector) {
     if (vector.size() == vector.capacity()) vector.reserve(std::max<size_t>(8, vector.capacity() * 2));
 }
 
-}  // namespace foldertree
+}  // namespace automation
