@@ -38,10 +38,12 @@ bool CollectionPass::Walk::NextOfOurs(SelItem& item) {
 }
 
 bool CollectionPass::Walk::Next(SelItem& item) {
-    if (walk_ == nullptr) return NextOfOurs(item);
+    if (pass_.ours_ != nullptr) return NextOfOurs(item);
     Value value;
-    const bool more = walk_->Next(value);
+    const bool more = walk_ != nullptr && walk_->Next(value);
     item = more ? SelItem(std::move(value)) : SelItem();
+    // The end of the enumerator is the host's code, too, and nobody asks after this walk's own end.
+    if (!more) walk_ = nullptr;
     pass_.ThrowIfEnded();
     if (more) ++position_;
     return more;

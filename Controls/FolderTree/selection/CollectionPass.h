@@ -52,7 +52,7 @@ class CollectionPass {
         bool NextOfOurs(SelItem& item);
 
         const CollectionPass& pass_;
-        std::unique_ptr<automation::Enumerator> walk_;  ///< null over a collection of ours
+        std::unique_ptr<automation::Enumerator> walk_;  ///< null over a collection of ours, and at the end
         int32_t position_ = 0;
     };
 

@@ -40,6 +40,33 @@ class HostsItem : public automation::Object {
     bool incomplete_;
 };
 
+/// A collection of the host's own, whose code runs once at the n-th end of a walk over it.
+class HostsCollection : public automation::Object {
+  public:
+    const std::shared_ptr<KeyedCollection> items = std::make_shared<KeyedCollection>();
+    std::function<void()> onWalkEnd;
+    int endsBefore = 0;
+
+    Value Invoke(const Invocation& call) override { return items->Invoke(call); }
+    bool HasMember(std::string_view member) const override { return items->HasMember(member); }
+    std::unique_ptr<automation::Enumerator> NewEnum() override { return std::make_unique<Walk>(*this); }
+
+  private:
+    class Walk : public automation::Enumerator {
+      public:
+        explicit Walk(HostsCollection& collection) : collection_(collection), walk_(collection.items->NewEnum()) {}
+        ~Walk() override {
+            if (collection_.endsBefore-- > 0) return;
+            if (const auto run = std::exchange(collection_.onWalkEnd, nullptr)) run();
+        }
+        bool Next(Value& item) override { return walk_->Next(item); }
+
+      private:
+        HostsCollection& collection_;
+        const std::unique_ptr<Enumerator> walk_;
+    };
+};
+
 /// A control over a mailbox that shows a collection of three own items and one of the host's.
 class SelectionPass : public ControlTest {
   protected:
@@ -117,6 +144,28 @@ TEST_F(SelectionPass, EndsWhereTheHostAssignsAnotherCollectionAndLeavesThatOneAl
             while (first->Count() > 0) first->Remove(Value(int32_t{1}));
             for (const char* entryID : {"0001", "0002", "0003"}) AddItem(*first, HostItem("B2", entryID));
             AddHosts(*first);
+        }
+    }
+}
+
+TEST_F(SelectionPass, EndsWhereTheEndOfAWalkAssignsAnotherCollection) {
+    for (const Running& member : MembersOverTheSelection()) {
+        for (int at = 0; at < 6; ++at) {
+            SCOPED_TRACE(std::string(member.name) + ", end " + std::to_string(at));
+            const auto walked = std::make_shared<HostsCollection>();
+            for (const char* entryID : {"0001", "0002", "0003"}) AddItem(*walked->items, HostItem("B2", entryID));
+            const auto assigned = NewCollection();
+            for (const char* entryID : {"000200", "keep"}) AddItem(*assigned, HostItem("B2", entryID));
+            control->SetSelection(nullptr);
+            control->RefreshList();
+            control->SetSelection(walked);
+            walked->endsBefore = at;
+            walked->onWalkEnd = [&] { control->SetSelection(assigned); };
+            member.run(*control);
+            if (std::exchange(walked->onWalkEnd, nullptr) != nullptr) break;
+            EXPECT_EQ(KeysOf(assigned), (Lines{"SB2|000200", "SB2|keep"}));
+            EXPECT_TRUE(IsTicked(Grid(), Row("F0")));
+            EXPECT_EQ(control->Selection(), assigned);
         }
     }
 }
