@@ -155,7 +155,7 @@ TEST(KeyedCollectionWithoutMemory, AnAdditionAfterAKeyHappensWhollyOrNotAtAll) {
 }
 
 TEST(KeyedCollectionWithoutMemory, ARemovalHappensWhollyOrNotAtAll) {
-    for (const size_t place : {0, 1, 2, 3}) {
+    for (size_t place = 0; place < 4; ++place) {
         const std::string key = KeyOf(place);
         Operation operation{"Remove by position",
                             [=](KeyedCollection& collection) { collection.Remove(static_cast<int32_t>(place) + 1); },

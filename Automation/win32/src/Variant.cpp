@@ -129,7 +129,7 @@ Value FromReference(VARTYPE type, const void* target, int depth) {
 
 Value FromVariantAt(const VARIANT& variant, int depth) {
     const VARTYPE type = V_VT(&variant);
-    if (type & VT_BYREF) return FromReference(type & ~VT_BYREF, V_BYREF(&variant), depth);
+    if (type & VT_BYREF) return FromReference(type ^ VT_BYREF, V_BYREF(&variant), depth);
     if (type == VT_DECIMAL) return FromDecimal(V_DECIMAL(&variant));  // lies over the whole variant
     return FromTyped(type, &V_BYREF(&variant), depth);
 }

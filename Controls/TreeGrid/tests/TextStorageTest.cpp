@@ -117,7 +117,7 @@ TEST(KeyHash, IsTheSameForAKeyInTwoParts) {
 }
 
 TEST(KeyHash, OfAStartIsKnownToItsSharedText) {
-    for (const size_t length : {0, 1, 126, 127, 128, 129, 528}) {
+    for (const size_t length : std::initializer_list<size_t>{0, 1, 126, 127, 128, 129, 528}) {
         const std::string text = std::string(length, 'a') + std::to_string(length);
         EXPECT_EQ(PooledText(text).KeyPartHash('S', '|'), HashKeyStart("S" + text)) << length;
     }

@@ -67,7 +67,7 @@ int32_t GridLayout::ShownRows() const {
 }
 
 RECT GridLayout::HeaderCell(int col) const {
-    return {edges_[col], 0, edges_[col + 1], metrics_.headerHeight};
+    return {Edge(col), 0, Edge(col + 1), metrics_.headerHeight};
 }
 
 RECT GridLayout::Row(int32_t position) const {
@@ -77,8 +77,8 @@ RECT GridLayout::Row(int32_t position) const {
 
 RECT GridLayout::Cell(int32_t position, int col) const {
     RECT cell = Row(position);
-    cell.left = edges_[col];
-    cell.right = edges_[col + 1];
+    cell.left = Edge(col);
+    cell.right = Edge(col + 1);
     return cell;
 }
 

@@ -71,6 +71,9 @@ class GridLayout {
     GridPart PartAt(POINT point, int level) const;
 
   private:
+    /// The left edge of a column, or the right edge of the last one.
+    int Edge(int col) const { return edges_[static_cast<size_t>(col)]; }
+
     GridMetrics metrics_;
     SIZE client_{0, 0};
     std::array<int, 4> edges_{};  ///< left edges of the three columns, then the right edge

@@ -25,7 +25,7 @@ namespace {
 
 using ErrorOut = libpff_error_t**;
 
-PffInput& InputOf(intptr_t* handle) {
+PffInput& InputOf(intptr_t* handle) {  // NOLINT(readability-non-const-parameter): libpff's signature
     return *reinterpret_cast<PffInput*>(handle);
 }
 

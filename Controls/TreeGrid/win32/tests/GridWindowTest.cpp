@@ -10,6 +10,7 @@ namespace {
 using namespace sample;
 
 using Log = std::vector<std::string>;
+using Keys = std::initializer_list<WPARAM>;
 
 class GridWindowTest : public testing::Test {
   protected:
@@ -265,7 +266,7 @@ TEST_F(GridWindowTest, RightOpensANodeThenGoesToItsFirstChild) {
 
 TEST_F(GridWindowTest, KeysOnAnEmptyTreeDoNothing) {
     grid_.SetRowCount(1);
-    for (WPARAM key : {VK_UP, VK_DOWN, VK_HOME, VK_END, VK_LEFT, VK_RIGHT, VK_SPACE, VK_F2, VK_NEXT}) Press(key);
+    for (WPARAM key : Keys{VK_UP, VK_DOWN, VK_HOME, VK_END, VK_LEFT, VK_RIGHT, VK_SPACE, VK_F2, VK_NEXT}) Press(key);
     Type(L'+');
     EXPECT_EQ(events_.log, Log{});
 }
@@ -669,7 +670,7 @@ TEST_F(BlockedInput, IsNotPlayedBack) {
     Block([&] {
         PostClick(box);
         Post(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(box.x, box.y));
-        for (WPARAM key : {VK_SPACE, VK_DOWN, VK_F2, VK_LEFT, VK_SUBTRACT}) Post(WM_KEYDOWN, key);
+        for (WPARAM key : Keys{VK_SPACE, VK_DOWN, VK_F2, VK_LEFT, VK_SUBTRACT}) Post(WM_KEYDOWN, key);
         Post(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)));
     });
     HostWindow::Pump();
@@ -715,7 +716,7 @@ class RealInput : public GridWindowTest {
         SetCursorPos(point.x, point.y);
         std::vector<INPUT> inputs;
         for (int i = 0; i < clicks; ++i) {
-            for (DWORD flag : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+            for (DWORD flag : std::initializer_list<DWORD>{MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
                 INPUT input{};
                 input.type = INPUT_MOUSE;
                 input.mi.dwFlags = flag;
@@ -763,7 +764,7 @@ TEST_F(RealInput, TypingANumberAfterAClickChangesIt) {
 
 TEST_F(RealInput, TheKeyboardOpensAndTicks) {
     SetFocus(window_->Handle());
-    for (WORD key : {VK_DOWN, VK_DOWN, VK_DOWN, VK_SUBTRACT, VK_SPACE}) PressKey(key);
+    for (WORD key : std::initializer_list<WORD>{VK_DOWN, VK_DOWN, VK_DOWN, VK_SUBTRACT, VK_SPACE}) PressKey(key);
     ASSERT_TRUE(Notified(3));
     EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2", "before-edit 3,0 cell=", "after-edit 3,0 cell=-1"}));
 }
