@@ -92,7 +92,9 @@ ControlWindow::~ControlWindow() {
 HWND ControlWindow::Create(HWND parent, const RECT& place) {
     if (Handle() != nullptr) return Handle();
     timerRuns_ = false;
-    if (CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS) == nullptr)
+    // Tab finds what is inside: a host that is a dialog asks this window for what it has to stop at.
+    if (CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT) ==
+        nullptr)
         return nullptr;
     HalfMade half(*this);
     RECT inner{};

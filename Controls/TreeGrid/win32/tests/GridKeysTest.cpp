@@ -1,4 +1,7 @@
 // GridKeysTest: what each key and the other mouse button do, whom they notify, and what is left to the container.
+#include <windows.h>
+#include <windowsx.h>
+
 #include <thread>
 
 #include "GridWindowFixture.h"
@@ -9,24 +12,6 @@ namespace foldertree {
 namespace {
 
 using namespace sample;
-
-/// Holds keys down for a scope.
-class HeldKeys {
-  public:
-    HeldKeys(std::initializer_list<int> keys) {
-        GetKeyboardState(before_);
-        BYTE state[256];
-        std::copy(std::begin(before_), std::end(before_), state);
-        for (const int key : keys) state[key] = 0x80;
-        SetKeyboardState(state);
-    }
-    ~HeldKeys() { SetKeyboardState(before_); }
-    HeldKeys(const HeldKeys&) = delete;
-    HeldKeys& operator=(const HeldKeys&) = delete;
-
-  private:
-    BYTE before_[256];
-};
 
 class GridKeysTest : public GridWindowTest {
   protected:
@@ -217,42 +202,6 @@ TEST_F(GridKeysTest, AClipboardThatAnotherProgramKeepsOpenStaysAsItIs) {
 
 // ---- The container's menu
 
-/// Writes down the requests for a menu that reach the host's window.
-class MenuRequests {
-  public:
-    explicit MenuRequests(HWND window) : window_(window) {
-        current = this;
-        standard_ =
-            reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
-    }
-    ~MenuRequests() {
-        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(standard_));
-        current = nullptr;
-    }
-    MenuRequests(const MenuRequests&) = delete;
-    MenuRequests& operator=(const MenuRequests&) = delete;
-
-    int count = 0;
-    HWND from = nullptr;
-    POINT place{};  ///< on the screen
-    std::function<void()> onRequest;
-
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        MenuRequests& self = *current;
-        if (message != WM_CONTEXTMENU) return CallWindowProcW(self.standard_, window, message, wParam, lParam);
-        ++self.count;
-        self.from = reinterpret_cast<HWND>(wParam);
-        self.place = {static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))};
-        if (self.onRequest) self.onRequest();
-        return 0;
-    }
-    static inline MenuRequests* current = nullptr;
-
-    HWND window_;
-    WNDPROC standard_ = nullptr;
-};
-
 class GridMenuTest : public GridKeysTest {
   protected:
     void RightClick(POINT point) {
@@ -261,7 +210,7 @@ class GridMenuTest : public GridKeysTest {
     }
     /// The row of the outline at the place of the last request.
     int32_t RequestedRow() const {
-        POINT point = requests_.place;
+        POINT point = place_;
         ScreenToClient(window_->Handle(), &point);
         const auto position = window_->Layout().PositionAt(point.y);
         const SIZE client = window_->Layout().Client();
@@ -269,7 +218,14 @@ class GridMenuTest : public GridKeysTest {
         return inside && position && *position < grid_.VisibleCount() ? grid_.VisibleRow(*position) : 0;
     }
 
-    MenuRequests requests_{host_.Handle()};
+    int requests_ = 0;
+    POINT place_{};  ///< of the last one, on the screen
+    std::function<void()> onRequest_;
+    MessageSpy spy_{host_.Handle(), WM_CONTEXTMENU, [this](WPARAM, LPARAM place) {
+                        ++requests_;
+                        place_ = {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+                        if (onRequest_) onRequest_();
+                    }};
 };
 
 TEST_F(GridMenuTest, ARightClickMovesTheCursorAndAsksTheContainerForItsMenuThere) {
@@ -277,14 +233,14 @@ TEST_F(GridMenuTest, ARightClickMovesTheCursorAndAsksTheContainerForItsMenuThere
     RightClick(point);
     EXPECT_EQ(grid_.CurrentRow(), 3);
     EXPECT_EQ(GetFocus(), window_->Handle());
-    ASSERT_EQ(requests_.count, 1);
+    ASSERT_EQ(requests_, 1);
     ClientToScreen(window_->Handle(), &point);
-    EXPECT_EQ(requests_.place.x, point.x);
-    EXPECT_EQ(requests_.place.y, point.y);
+    EXPECT_EQ(place_.x, point.x);
+    EXPECT_EQ(place_.y, point.y);
     EXPECT_EQ(events_.log, Log{}) << "it ticks nothing";
     RightClick(SignOfRow(5));
     EXPECT_EQ(grid_.CurrentRow(), 5);
-    EXPECT_EQ(requests_.count, 2);
+    EXPECT_EQ(requests_, 2);
     EXPECT_EQ(events_.log, Log{}) << "it opens nothing";
 }
 
@@ -292,7 +248,7 @@ TEST_F(GridMenuTest, ARightClickBelowTheRowsLeavesTheCursorAndAsksAllTheSame) {
     grid_.SetCurrentRow(3);
     RightClick({200, 290});
     EXPECT_EQ(grid_.CurrentRow(), 3);
-    EXPECT_EQ(requests_.count, 1);
+    EXPECT_EQ(requests_, 1);
 }
 
 TEST_F(GridMenuTest, ARightClickEndsTheEditOfANumberFirst) {
@@ -303,13 +259,13 @@ TEST_F(GridMenuTest, ARightClickEndsTheEditOfANumberFirst) {
     EXPECT_EQ(events_.log.back(), "after-edit 3,1 cell=7");
     EXPECT_EQ(window_->Editor(), nullptr);
     EXPECT_EQ(grid_.CurrentRow(), 4);
-    EXPECT_EQ(requests_.count, 1);
+    EXPECT_EQ(requests_, 1);
 }
 
 TEST_F(GridMenuTest, TheMenuKeyAsksAtTheCursorsRow) {
     grid_.SetCurrentRow(4);
     PostKey(VK_APPS);
-    EXPECT_EQ(requests_.count, 1);
+    EXPECT_EQ(requests_, 1);
     EXPECT_EQ(RequestedRow(), 4);
     EXPECT_EQ(events_.log, Log{});
 }
@@ -321,7 +277,7 @@ TEST_F(GridMenuTest, ShiftAndF10AskAtTheCursorsRowWhichComesIntoView) {
     ASSERT_EQ(Top(), 0);
     const HeldKeys held{VK_SHIFT};
     Send(WM_SYSKEYDOWN, VK_F10, 1);
-    EXPECT_EQ(requests_.count, 1);
+    EXPECT_EQ(requests_, 1);
     EXPECT_EQ(RequestedRow(), 150);
     EXPECT_GT(Top(), 0);
     EXPECT_EQ(events_.log, Log{});
@@ -329,9 +285,9 @@ TEST_F(GridMenuTest, ShiftAndF10AskAtTheCursorsRowWhichComesIntoView) {
 
 TEST_F(GridMenuTest, WithoutACursorTheContainerChoosesThePlace) {
     PostKey(VK_APPS);
-    EXPECT_EQ(requests_.count, 1);
-    EXPECT_EQ(requests_.place.x, -1);
-    EXPECT_EQ(requests_.place.y, -1);
+    EXPECT_EQ(requests_, 1);
+    EXPECT_EQ(place_.x, -1);
+    EXPECT_EQ(place_.y, -1);
 }
 
 TEST_F(GridMenuTest, ARightClickThatWaitedWhileNobodyAnsweredIsDropped) {
@@ -344,13 +300,13 @@ TEST_F(GridMenuTest, ARightClickThatWaitedWhileNobodyAnsweredIsDropped) {
     Sleep(40);
     window_->DropInput(from, GetTickCount());
     HostWindow::Pump();
-    EXPECT_EQ(requests_.count, 0);
+    EXPECT_EQ(requests_, 0);
     EXPECT_EQ(grid_.CurrentRow(), 0);
 }
 
 TEST_F(GridMenuTest, TheControlMayEndWhenTheContainerIsAsked) {
     grid_.SetCurrentRow(3);
-    requests_.onRequest = [this] { EndEverything(); };
+    onRequest_ = [this] { EndEverything(); };
     SendMessageW(window_->Handle(), WM_KEYUP, VK_APPS, static_cast<LPARAM>(0xC0000001));
     EXPECT_EQ(window_, nullptr);
 }

@@ -477,18 +477,13 @@ TEST_F(WideGrid, ShiftAndTheWheelScrollSidewaysAndNotDown) {
 
 TEST_F(WideGrid, ControlWithLeftAndRightScrollsAndLeavesTheOutlineAlone) {
     grid_.SetCurrentRow(3);
-    BYTE keys[256] = {};
-    GetKeyboardState(keys);
-    const auto setControl = [&](BYTE state) {
-        keys[VK_CONTROL] = state;
-        SetKeyboardState(keys);
-    };
-    setControl(0x80);
-    Press(VK_RIGHT);
-    EXPECT_EQ(Left(), window_->Layout().Metrics().indent);
-    Press(VK_LEFT);
-    EXPECT_EQ(Left(), 0);
-    setControl(0);
+    {
+        const HeldKeys held{VK_CONTROL};
+        Press(VK_RIGHT);
+        EXPECT_EQ(Left(), window_->Layout().Metrics().indent);
+        Press(VK_LEFT);
+        EXPECT_EQ(Left(), 0);
+    }
     EXPECT_EQ(events_.log, Log{});
     EXPECT_EQ(grid_.CurrentRow(), 3);
     Press(VK_LEFT);
