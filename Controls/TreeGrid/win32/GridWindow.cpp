@@ -48,7 +48,8 @@ GridWindow::GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::functio
       hasBox_(std::move(parts.hasBox)),
       pictures_(parts.pictures),
       interaction_(grid_, parts.events, *this, hasBox_, std::move(parts.isRead)),
-      stale_(std::move(stale)) {
+      stale_(std::move(stale)),
+      highContrast_(std::move(parts.highContrast)) {
     grid_.AddObserver(this);
 }
 
@@ -188,7 +189,7 @@ void GridWindow::OnPaint() {
 }
 
 GridPicture GridWindow::Picture(const GridLayout& layout, bool focused) const {
-    return {grid_, layout, fonts_, pictures_, hasBox_, focused};
+    return {grid_, layout, fonts_, pictures_, hasBox_, focused, highContrast_()};
 }
 
 void GridWindow::NoteShownRows() {

@@ -10,6 +10,7 @@
 #include "win32/GridLayout.h"
 #include "win32/GridPainter.h"
 #include "win32/GridPictures.h"
+#include "win32/HighContrast.h"
 #include "win32/NumberEditor.h"
 #include "win32/Window.h"
 
@@ -23,6 +24,7 @@ struct GridWindowParts {
     RowHasBox hasBox;
     const wchar_t* className;  ///< of the window, a literal
     NodeIsRead isRead = nullptr;
+    std::function<bool()> highContrast = IsHighContrast;
 };
 
 /// Holds no folder logic and no row: what is seen comes from the grid when it is painted, and every gesture goes
@@ -113,6 +115,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     GridInteraction interaction_;
     std::function<void()> stale_;
     std::function<void()> focusHandler_;
+    std::function<bool()> highContrast_;
 
     GridFonts fonts_;
     bool fontLoaded_ = false;
