@@ -6,6 +6,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "AccentRanges.h"
 #include "FoldRanges.h"
 
 namespace automation {
@@ -85,6 +86,18 @@ bool SameCharacter(std::string_view a, size_t atA, const Decoded& inA, std::stri
     if (inA.wellFormed != inB.wellFormed) return false;
     if (!inA.wellFormed) return a[atA] == b[atB];
     return FoldCharacter(inA.character) == FoldCharacter(inB.character);
+}
+
+/// An accent that follows its letter, as some systems write names.
+bool IsCombiningAccent(char32_t c) {
+    return c >= 0x0300 && c <= 0x036F;
+}
+
+/// The next letter, past accents that stand alone; 0 at the end of the text.
+char32_t NextBaseLetter(std::string_view text, size_t& position) {
+    while (position < text.size())
+        if (const char32_t letter = BaseLetter(NextCharacter(text, position))) return letter;
+    return 0;
 }
 
 }  // namespace
@@ -179,6 +192,23 @@ bool EqualNoCase(std::string_view a, std::string_view b) {
         atB += inB.length;
     }
     return atA == a.size() && atB == b.size();
+}
+
+char32_t BaseLetter(char32_t character) {
+    const char32_t folded = FoldCharacter(character);
+    if (folded < 0x80) return folded;
+    if (IsCombiningAccent(folded)) return 0;
+    const AccentRange* range =
+        std::lower_bound(std::begin(accentRanges), std::end(accentRanges), folded,
+                         [](const AccentRange& candidate, char32_t wanted) { return candidate.last < wanted; });
+    return range == std::end(accentRanges) || folded < range->first ? folded : range->base;
+}
+
+bool StartsWithBaseLetters(std::string_view text, std::string_view start) {
+    size_t atText = 0;
+    for (size_t atStart = 0; const char32_t letter = NextBaseLetter(start, atStart);)
+        if (NextBaseLetter(text, atText) != letter) return false;
+    return true;
 }
 
 std::u16string ToUtf16(std::string_view text) {

@@ -98,6 +98,46 @@ TEST(Text, FoldingTwiceChangesNothingMoreAndJoinsNoTwoCapitals) {
     }
 }
 
+std::string BaseLetters(std::string_view text) {
+    std::string letters;
+    for (size_t position = 0; position < text.size();)
+        if (const char32_t letter = BaseLetter(NextCharacter(text, position))) AppendCharacter(letters, letter);
+    return letters;
+}
+
+TEST(Text, ALetterWithoutItsAccentIsTheOneThatCarriesIt) {
+    EXPECT_EQ(BaseLetters("ÀÉÎÕÜŸŠŽĞŁØĐ çñåőțấằ"), "aeiouyszglod cnaotaa");
+    EXPECT_EQ(BaseLetters("ΆΈΐΰς ᾳἈὖ"), "αειυσ ααυ");
+    EXPECT_EQ(BaseLetters("ЁЙЇЎ"), "еиіу");
+    EXPECT_EQ(BaseLetters("İıI"), "iii");
+    EXPECT_EQ(BaseLetters("e\xCC\x81x"), "ex") << "an accent that follows its letter";
+}
+
+TEST(Text, CharactersThatCarryNoAccentAreTheirSmallLetters) {
+    const std::string others = "ßæœþð 日本がא" + smiley + loneHigh;
+    EXPECT_EQ(BaseLetters(others), others);
+    EXPECT_EQ(BaseLetters("AZ az 09_[#"), "az az 09_[#");
+}
+
+TEST(Text, ABaseLetterHasNoFurtherOne) {
+    for (char32_t c = 1; c < 0x10000; ++c) {
+        const char32_t letter = BaseLetter(c);
+        ASSERT_EQ(BaseLetter(letter), letter) << std::hex << static_cast<uint32_t>(c);
+        ASSERT_EQ(BaseLetter(FoldCharacter(c)), letter) << std::hex << static_cast<uint32_t>(c);
+    }
+}
+
+TEST(Text, AStartIsFoundWithoutRegardToCaseAndAccents) {
+    EXPECT_TRUE(StartsWithBaseLetters("Élèves", "ele"));
+    EXPECT_TRUE(StartsWithBaseLetters("eleves", "ÉLÈ"));
+    EXPECT_TRUE(StartsWithBaseLetters("E\xCC\x81lan", "él"));
+    EXPECT_TRUE(StartsWithBaseLetters("Inbox", "inbox"));
+    EXPECT_TRUE(StartsWithBaseLetters("Inbox", ""));
+    EXPECT_FALSE(StartsWithBaseLetters("Inbo", "inbox"));
+    EXPECT_FALSE(StartsWithBaseLetters("", "i"));
+    EXPECT_FALSE(StartsWithBaseLetters("An Inbox", "inbox"));
+}
+
 TEST(Text, CaseIsPassedOverWhenTextsAreCompared) {
     EXPECT_TRUE(EqualNoCase("", ""));
     EXPECT_TRUE(EqualNoCase("Straße ÄÖ", "sTRAßE äö"));

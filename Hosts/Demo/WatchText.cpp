@@ -37,6 +37,16 @@ void AppendButton(HWND button, std::string& text) {
                             Text((place.top + place.bottom) / 2)});
 }
 
+/// Where keys go.
+std::string FocusLine() {
+    const HWND focus = GetFocus();
+    wchar_t name[64] = L"";
+    GetClassNameW(focus, name, static_cast<int>(std::size(name)));
+    RECT place = {};
+    GetWindowRect(focus, &place);
+    return Line("focus", {name, focus != nullptr ? WindowText(focus) : L"", Text(place.left), Text(place.top)});
+}
+
 }  // namespace
 
 std::string WatchText(HWND form, HWND control, const TracedTree& tree, const std::vector<SelectedFolder>& selection) {
@@ -58,7 +68,7 @@ std::string WatchText(HWND form, HWND control, const TracedTree& tree, const std
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&text));
-    return text;
+    return text + FocusLine();
 }
 
 }  // namespace demo

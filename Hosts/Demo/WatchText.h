@@ -16,6 +16,7 @@ namespace demo {
 ///   row       level itemType unread name               (top to bottom, without placeholders)
 ///   selected  index path type incomplete
 ///   button    caption checked x y                      (visible push buttons and check boxes, the control's too)
+///   focus     class text left top                      (the window that gets the keys)
 std::string WatchText(HWND form, HWND control, const TracedTree& tree, const std::vector<SelectedFolder>& selection);
 
 }  // namespace demo

@@ -30,6 +30,13 @@ std::string FoldCase(std::string_view text);
 /// Equal without regard to case, in the sense of FoldCase.
 bool EqualNoCase(std::string_view a, std::string_view b);
 
+/// The small letter without its accents: what FoldCharacter gives, and of the Latin, Greek and Cyrillic letters the one
+/// that carries the accents or the stroke. 0 for an accent that is a character of its own.
+char32_t BaseLetter(char32_t character);
+/// Whether the text begins with the letters of `start`, without regard to case and accents. Reads no further than to
+/// the first letter that differs.
+bool StartsWithBaseLetters(std::string_view text, std::string_view start);
+
 /// UTF-16 and back. Lone surrogates survive both ways.
 std::u16string ToUtf16(std::string_view text);
 std::string FromUtf16(std::u16string_view text);

@@ -33,6 +33,7 @@ inline constexpr GridSchema folderSchema{
     .number = colIndex,
     .outline = colName,
     .key = colKey,
+    .path = colPath,
     .ownTexts = ColumnBits(colName, colEntryID, colEntryIDShort, colPath, colKey),
     .keyParts = {.prefix = 'S', .start = colStoreID, .separator = '|', .end = colEntryID},
     .pictures = pictureCount - 1,

@@ -1,4 +1,4 @@
-// GridBench: what the bare grid costs: filling, inserting, finding and changing rows.
+// GridBench: what the bare grid costs: filling, inserting, finding and changing rows, and its dearest keys.
 #include <benchmark/benchmark.h>
 
 #include <cstring>
@@ -10,6 +10,7 @@
 
 #include "Figures.h"
 #include "MailboxRows.h"
+#include "interaction/GridInteraction.h"
 #include "rows/TreeGrid.h"
 #include "tests/SampleSchema.h"
 
@@ -229,6 +230,61 @@ void WorkOutAllVisibleRows(benchmark::State& state) {
         [&](int32_t& count) { count = grid.VisibleCount(); });
 }
 
+// ---- Keys
+
+class NoEvents : public GridEvents {
+  public:
+    void fgd_BeforeEdit(int32_t, int32_t, bool&) override {}
+    void fgd_ValidateEdit(int32_t, int32_t, bool&) override {}
+    void fgd_AfterEdit(int32_t, int32_t) override {}
+    void fgd_BeforeCollapse(int32_t, int16_t, bool&) override {}
+    void fgd_DblClick() override {}
+};
+
+/// The dearest character: all names begin like the word, and none goes on like it.
+void TypeACharacterThatNoNameGoesOnWith(benchmark::State& state) {
+    TreeGrid& grid = FilledGrid(state.range(0));
+    Measure(
+        state, "type",
+        [&] {
+            TypeAhead typeAhead;
+            for (const char32_t letter : std::u32string_view(U"folder ")) typeAhead.Add(grid, letter);
+            return typeAhead;
+        },
+        [&](TypeAhead& typeAhead) {
+            if (typeAhead.Add(grid, U'~') != 0) state.SkipWithError("a name goes on with it");
+        });
+}
+
+/// A tenth of all rows, every hundredth of them a node, with the rows that are then shown.
+void CloseAndOpenABranch(benchmark::State& state) {
+    TreeGrid& grid = FilledGrid(state.range(0));
+    NoEvents events;
+    GridInteraction interaction(grid, events);
+    grid.SetCurrentRow(1);
+    Measure(
+        state, "branch", [&] { return grid.VisibleCount(); },
+        [&](int32_t& count) {
+            interaction.Type(U'/');
+            if (grid.VisibleCount() >= count) state.SkipWithError("nothing was closed");
+            interaction.Type(U'*');
+            if (grid.VisibleCount() != count) state.SkipWithError("not all was opened");
+        });
+}
+
+/// The row's parent is looked for in all rows above it.
+void GoToTheParentOfTheLastStore(benchmark::State& state) {
+    TreeGrid& grid = FilledGrid(state.range(0));
+    NoEvents events;
+    GridInteraction interaction(grid, events);
+    int32_t last = grid.RowCount() - 1;
+    while (grid.RowOutlineLevel(last) != 0) --last;
+    grid.SetCurrentRow(last);
+    Measure(
+        state, "parent", [] { return 0; }, [&](int&) { interaction.Press(GridKey::Parent, false); });
+    grid.SetCurrentRow(1);
+}
+
 constexpr int64_t small = 100'000;
 constexpr int64_t large = 1'000'000;
 
@@ -241,6 +297,19 @@ BENCHMARK(PaintARow)->Arg(small)->Arg(large);
 BENCHMARK(FindTheFirstOfRowsThatShareOneKey)->Arg(small)->Arg(large);
 BENCHMARK(LookAtAScreenWhileALoadAppends)->Arg(small)->Arg(large)->Iterations(20'000);
 BENCHMARK(WorkOutAllVisibleRows)->Arg(small)->Arg(large)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(TypeACharacterThatNoNameGoesOnWith)
+    ->Arg(small)
+    ->Arg(large)
+    ->UseManualTime()
+    ->Iterations(10)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(CloseAndOpenABranch)->Arg(small)->Arg(large)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(GoToTheParentOfTheLastStore)
+    ->Arg(small)
+    ->Arg(large)
+    ->UseManualTime()
+    ->Iterations(10)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace foldertree::bench

@@ -7,13 +7,34 @@
 
 #include "interaction/CursorMoves.h"
 #include "interaction/RowActs.h"
+#include "interaction/RowPath.h"
 
 namespace foldertree {
+namespace {
+
+/// Keys that write nothing send characters as well.
+bool IsPrintable(char32_t character) {
+    return character >= U' ' && (character < 0x7F || character > 0x9F);
+}
+
+std::optional<GridScroll> ScrollOf(GridKey key) {
+    constexpr std::pair<GridKey, GridScroll> scrolls[] = {
+        {GridKey::ScrollUp, GridScroll::Up},         {GridKey::ScrollDown, GridScroll::Down},
+        {GridKey::ScrollPageUp, GridScroll::PageUp}, {GridKey::ScrollPageDown, GridScroll::PageDown},
+        {GridKey::ScrollTop, GridScroll::Top},       {GridKey::ScrollBottom, GridScroll::Bottom},
+        {GridKey::ScrollLeft, GridScroll::Left},     {GridKey::ScrollRight, GridScroll::Right}};
+    for (const auto& [scrollKey, scroll] : scrolls)
+        if (scrollKey == key) return scroll;
+    return std::nullopt;
+}
+
+}  // namespace
 
 // ---- Pointer and keyboard
 
 void GridInteraction::Press(int32_t row, GridPart part, bool second) {
     if (!TakesGesture(grid_, row)) return;
+    typeAhead_.End();
     grid_.SetCurrentRow(row);
     // The second press of a double click is on the box one more tick, and on the sign one more turn.
     if (part == GridPart::Box && Box(row) != BoxKind::None)
@@ -28,38 +49,79 @@ void GridInteraction::Press(int32_t row, GridPart part, bool second) {
 
 void GridInteraction::Press(GridKey key, bool repeated) {
     if (!grid_.Enabled()) return;
-    switch (key) {
-        case GridKey::Up:
-            return MoveCursorTo(RowFromCursor(grid_, -1));
-        case GridKey::Down:
-            return MoveCursorTo(RowFromCursor(grid_, 1));
-        case GridKey::PageUp:
-            return MoveCursorTo(RowFromCursor(grid_, -view_.PageRows()));
-        case GridKey::PageDown:
-            return MoveCursorTo(RowFromCursor(grid_, view_.PageRows()));
-        case GridKey::Home:
-            return MoveCursorTo(RowFromCursor(grid_, std::numeric_limits<int32_t>::min()));
-        case GridKey::End:
-            return MoveCursorTo(RowFromCursor(grid_, std::numeric_limits<int32_t>::max()));
-        default:
-            break;
-    }
+    if (key == GridKey::Tick && typeAhead_.Started()) return;
+    typeAhead_.End();
+    if (const auto rows = RowsToMove(key)) return MoveCursorTo(RowFromCursor(grid_, *rows));
+    if (const auto scroll = ScrollOf(key)) return view_.Scroll(*scroll);
     const int32_t row = CursorRow(grid_);
     if (row == 0) return;
-    if (key == GridKey::Right) OpenOrStepIn(row);
-    if (key == GridKey::Left) CloseOrStepOut(row);
-    if (key == GridKey::Tick && !repeated && Box(row) != BoxKind::None) ToggleTick(row);
-    if (key == GridKey::Edit) number_.Open(row);
+    switch (key) {
+        case GridKey::Right:
+            return OpenOrStepIn(row);
+        case GridKey::Left:
+            return CloseOrStepOut(row);
+        case GridKey::Parent:
+            return MoveCursorTo(ParentRow(grid_, row));
+        case GridKey::Tick:
+            if (!repeated && Box(row) != BoxKind::None) ToggleTick(row);
+            return;
+        case GridKey::Edit:
+            return number_.Open(row);
+        case GridKey::CopyName:
+            return view_.Copy(RowName(grid_, row));
+        case GridKey::CopyPath:
+            return view_.Copy(RowPath(grid_, row));
+        default:
+            return;
+    }
+}
+
+std::optional<int64_t> GridInteraction::RowsToMove(GridKey key) const {
+    switch (key) {
+        case GridKey::Up:
+            return -1;
+        case GridKey::Down:
+            return 1;
+        case GridKey::PageUp:
+            return -view_.PageRows();
+        case GridKey::PageDown:
+            return view_.PageRows();
+        case GridKey::Home:
+            return std::numeric_limits<int32_t>::min();
+        case GridKey::End:
+            return std::numeric_limits<int32_t>::max();
+        default:
+            return std::nullopt;
+    }
 }
 
 void GridInteraction::Type(char32_t character) {
+    if (!grid_.Enabled() || !IsPrintable(character) || TypeSign(character)) return;
+    const bool inWord = typeAhead_.Started();
+    // A blank that begins no word was the key that ticks.
+    if (!inWord && (character == U' ' || TypeNumber(character))) return;
+    if (grid_.Enabled()) MoveCursorTo(typeAhead_.Add(grid_, character));
+}
+
+bool GridInteraction::TypeSign(char32_t character) {
+    if (character != U'+' && character != U'-' && character != U'*' && character != U'/') return false;
+    typeAhead_.End();
     const int32_t row = CursorRow(grid_);
-    if (!grid_.Enabled() || row == 0) return;
+    if (row == 0) return true;
     if (character == U'+') Turn(row, true);
     if (character == U'-') Turn(row, false);
-    if (character < U'0' || character > U'9') return;
+    if (character == U'*') TurnBranch(row, true);
+    if (character == U'/') TurnBranch(row, false);
+    return true;
+}
+
+bool GridInteraction::TypeNumber(char32_t character) {
+    const int32_t row = CursorRow(grid_);
+    if (row == 0 || character < U'0' || character > U'9') return false;
     number_.Open(row);
-    if (NumberBox* box = view_.OpenedNumberBox()) box->Type(std::string(1, static_cast<char>(character)));
+    NumberBox* box = view_.OpenedNumberBox();
+    if (box != nullptr) box->Type(std::string(1, static_cast<char>(character)));
+    return box != nullptr;
 }
 
 void GridInteraction::MoveCursorTo(int32_t row) {
@@ -68,10 +130,20 @@ void GridInteraction::MoveCursorTo(int32_t row) {
     view_.BringIntoView(row);
 }
 
-// A cursor that the closed node hides goes to the node.
+// A cursor that a closed node hides goes to the node.
+void GridInteraction::KeepCursorShown() {
+    if (const int32_t cursor = CursorRow(grid_); cursor != 0) grid_.SetCurrentRow(cursor);
+}
+
 void GridInteraction::Turn(int32_t row, bool open) {
     SetNode(row, open);
-    if (const int32_t cursor = CursorRow(grid_); cursor != 0) grid_.SetCurrentRow(cursor);
+    KeepCursorShown();
+}
+
+void GridInteraction::TurnBranch(int32_t row, bool open) {
+    foldertree::TurnBranch(grid_, events_, row, open ? nodeExpanded : nodeCollapsed, isRead_);
+    grid_.DeliverChanges();
+    KeepCursorShown();
 }
 
 void GridInteraction::OpenOrStepIn(int32_t row) {

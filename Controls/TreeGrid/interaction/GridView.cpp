@@ -13,6 +13,8 @@ class NoView final : public GridView {
     bool Shown() const override { return false; }
     int32_t PageRows() const override { return std::numeric_limits<int32_t>::max(); }
     void BringIntoView(int32_t) override {}
+    void Scroll(GridScroll) override {}
+    void Copy(const std::string&) override {}
     void OpenNumberBox(int32_t, const std::string&) override {}
     NumberBox* OpenedNumberBox() override { return nullptr; }
     void CloseNumberBox() override {}

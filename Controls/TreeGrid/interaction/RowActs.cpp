@@ -1,7 +1,17 @@
 // RowActs: the acts on one row that ask before, and look at the row again after.
 #include "interaction/RowActs.h"
 
+#include "interaction/CursorMoves.h"
+
 namespace foldertree {
+namespace {
+
+bool MayTurn(const TreeGrid& grid, int32_t row, int32_t state, const NodeIsRead& isRead) {
+    if (!HasSign(grid, row) || grid.NodeState(row) == state) return false;
+    return state != nodeExpanded || !isRead || isRead(grid, row);
+}
+
+}  // namespace
 
 bool TakesGesture(const TreeGrid& grid, int32_t row) {
     return grid.Enabled() && row >= grid.FixedRowCount() && row < grid.RowCount();
@@ -34,6 +44,20 @@ bool TurnNode(TreeGrid& grid, GridEvents& events, int32_t row, int32_t state) {
     if (cancel || !now || grid.IsNode(*now) != wasNode) return false;
     grid.SetNodeState(*now, state);
     return true;
+}
+
+void TurnBranch(TreeGrid& grid, GridEvents& events, int32_t row, int32_t state, const NodeIsRead& isRead) {
+    const int16_t level = grid.RowOutlineLevel(row);
+    do {
+        if (MayTurn(grid, row, state, isRead)) {
+            const RowHandle handle = grid.HandleOf(row);
+            TurnNode(grid, events, row, state);
+            const std::optional<int32_t> now = grid.RowOf(handle);
+            if (!now || !grid.Enabled()) return;
+            row = *now;
+        }
+        ++row;
+    } while (row < grid.RowCount() && grid.RowOutlineLevel(row) > level);
 }
 
 }  // namespace foldertree

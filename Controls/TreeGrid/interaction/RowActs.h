@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "interaction/GridEvents.h"
+#include "interaction/GridView.h"
 #include "rows/TreeGrid.h"
 
 namespace foldertree {
@@ -25,5 +26,9 @@ int32_t OtherNodeState(const TreeGrid& grid, int32_t row);
 /// Asks with before-collapse, then gives the row that state, wherever it stands after the question. False when it was
 /// refused, or when the row is gone or no longer the node (or the leaf) that it was.
 bool TurnNode(TreeGrid& grid, GridEvents& events, int32_t row, int32_t state);
+
+/// The same for each node of the branch, from the row down, that does not have the state yet. A node that would have to
+/// be read is not opened; one that is refused stays as it is. Ends where a row that was asked about is gone.
+void TurnBranch(TreeGrid& grid, GridEvents& events, int32_t row, int32_t state, const NodeIsRead& isRead);
 
 }  // namespace foldertree

@@ -19,6 +19,7 @@ struct GridSchema {
     int number = none;   ///< numbers that the user may change
     int outline = none;  ///< names, moved in by their level, with the rows' pictures
     int key = none;      ///< what rows are found by
+    int path = none;     ///< where a row stands in the tree, its name included; may be empty
 
     /// Bit 1 << column: the texts differ from row to row and are kept with each; all others are shared among rows.
     uint32_t ownTexts = 0;

@@ -4,7 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
+#include <initializer_list>
+#include <string_view>
 
 #include "interaction/RowActs.h"
 #include "tests/SampleSchema.h"
@@ -260,10 +263,14 @@ class View : public GridView, public NumberBox {
     bool modified = false;
     int selections = 0;
     std::vector<int32_t> broughtIntoView;
+    std::vector<GridScroll> scrolls;
+    std::vector<std::string> copied;
 
     bool Shown() const override { return shown; }
     int32_t PageRows() const override { return 3; }
     void BringIntoView(int32_t row) override { broughtIntoView.push_back(row); }
+    void Scroll(GridScroll scroll) override { scrolls.push_back(scroll); }
+    void Copy(const std::string& copy) override { copied.push_back(copy); }
     void OpenNumberBox(int32_t, const std::string& number) override {
         open = opens;
         text = number;
@@ -281,7 +288,7 @@ class View : public GridView, public NumberBox {
     void SelectAll() override { ++selections; }
 };
 
-/// 1 Mailbox (open), 2 Inbox (open), 3 Customers, 4 Tasks (closed), 5 a placeholder, 6 Trash.
+/// 1 Mailbox (open), 2 Inbox (open), 3 Customers, 4 Tasks (closed, not read), 5 a placeholder, 6 Trash.
 class GestureTest : public GridInteractionTest {
   protected:
     GestureTest() {
@@ -292,6 +299,7 @@ class GestureTest : public GridInteractionTest {
             grid_.SetIsNode(row, row != 5);
         }
         grid_.SetNodeState(4, nodeCollapsed);
+        grid_.SetCellText(4, colIncomplete, "-1");
     }
     void Press(GridKey key, bool repeated = false) { gestures_.Press(key, repeated); }
     void Tick(int32_t row, std::string_view number) {
@@ -304,8 +312,23 @@ class GestureTest : public GridInteractionTest {
         events_.lines.clear();
     }
 
+    void Name(std::initializer_list<std::string_view> names) {
+        int32_t row = 0;
+        for (const std::string_view name : names) grid_.SetCellText(++row, colName, name);
+    }
+    void Type(std::u32string_view text) {
+        for (const char32_t character : text) gestures_.Type(character);
+    }
+    void Wait() { now_ += std::chrono::seconds(2); }
+
     View view_;
-    GridInteraction gestures_{grid_, events_, view_, [](const TreeGrid&, int32_t row) { return row != 5; }};
+    TypeAhead::Clock::time_point now_{};
+    GridInteraction gestures_{grid_,
+                              events_,
+                              view_,
+                              [](const TreeGrid&, int32_t row) { return row != 5; },
+                              [](const TreeGrid& grid, int32_t row) { return grid.CellValue(row, colIncomplete) == 0; },
+                              [this] { return now_; }};
 };
 
 TEST_F(GestureTest, ArrowsMoveAmongTheShownRowsAndBringThemIntoView) {
@@ -572,6 +595,264 @@ TEST(RowActs, ALeafTurnsAsWell) {
     events.meanwhile = [](bool& cancel) { cancel = true; };
     EXPECT_FALSE(TurnNode(grid, events, 1, OtherNodeState(grid, 1)));
     EXPECT_EQ(grid.NodeState(1), nodeCollapsed);
+}
+
+// ---- Keys of the outline
+
+TEST_F(GestureTest, BackspaceGoesToTheParentAndTellsNobody) {
+    grid_.SetCurrentRow(3);
+    Press(GridKey::Parent);
+    EXPECT_EQ(grid_.CurrentRow(), 2);
+    EXPECT_EQ(grid_.NodeState(2), nodeExpanded) << "Left would close it next";
+    Press(GridKey::Parent);
+    Press(GridKey::Parent);
+    EXPECT_EQ(grid_.CurrentRow(), 1) << "which has no parent";
+    EXPECT_THAT(view_.broughtIntoView, ElementsAre(2, 1));
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, StarOpensAllNodesOfTheBranchThatWereReadFromTheTop) {
+    grid_.SetNodeState(1, nodeCollapsed);
+    grid_.SetNodeState(2, nodeCollapsed);
+    grid_.SetCurrentRow(1);
+    Type(U"*");
+    EXPECT_THAT(events_.lines, ElementsAre("before-collapse 1 to 0, is 2", "before-collapse 2 to 0, is 2"));
+    EXPECT_EQ(grid_.NodeState(4), nodeCollapsed) << "opening it would read";
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    Type(U"*");
+    EXPECT_EQ(events_.lines.size(), 2u) << "nothing is left to open";
+}
+
+TEST_F(GestureTest, StarOnANodeThatWasNotReadReadsNothing) {
+    grid_.SetCurrentRow(4);
+    Type(U"*");
+    EXPECT_THAT(events_.lines, IsEmpty());
+    EXPECT_EQ(grid_.NodeState(4), nodeCollapsed);
+}
+
+TEST_F(GestureTest, StarAndSlashLeaveOtherBranchesAlone) {
+    grid_.SetNodeState(2, nodeCollapsed);
+    grid_.SetCurrentRow(6);
+    Type(U"*/");
+    grid_.SetCurrentRow(4);
+    Type(U"/");
+    EXPECT_THAT(events_.lines, IsEmpty());
+    EXPECT_EQ(grid_.NodeState(1), nodeExpanded);
+}
+
+TEST_F(GestureTest, SlashClosesTheBranchWithAllItsNodes) {
+    grid_.SetCurrentRow(1);
+    Type(U"/");
+    EXPECT_THAT(events_.lines, ElementsAre("before-collapse 1 to 2, is 0", "before-collapse 2 to 2, is 0"));
+    EXPECT_EQ(grid_.VisibleCount(), 1);
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    Type(U"+");
+    EXPECT_EQ(grid_.VisibleCount(), 4) << "one level";
+}
+
+TEST_F(GestureTest, ANodeThatIsRefusedStaysAndTheRestOfTheBranchTurns) {
+    grid_.SetCurrentRow(1);
+    events_.meanwhile = [this](bool& cancel) { cancel = events_.lines.size() == 1; };
+    Type(U"/");
+    EXPECT_EQ(grid_.NodeState(1), nodeExpanded);
+    EXPECT_EQ(grid_.NodeState(2), nodeCollapsed);
+}
+
+TEST_F(GestureTest, ABranchGoesOnWhereRowsComeOrGoWhileItTurns) {
+    grid_.SetNodeState(2, nodeCollapsed);
+    grid_.SetNodeState(1, nodeCollapsed);
+    grid_.SetCurrentRow(1);
+    bool inserted = false;
+    Meanwhile([&] {
+        if (!std::exchange(inserted, true)) grid_.AddRow("", 1);
+    });
+    Type(U"*");
+    EXPECT_THAT(events_.lines, ElementsAre("before-collapse 1 to 0, is 2", "before-collapse 3 to 0, is 2"));
+    EXPECT_EQ(grid_.NodeState(3), nodeExpanded);
+}
+
+TEST_F(GestureTest, ABranchEndsWhenItsTreeIsEmptiedOrItsGridSwitchedOff) {
+    grid_.SetCurrentRow(1);
+    Meanwhile([&] { grid_.SetEnabled(false); });
+    Type(U"/");
+    EXPECT_THAT(events_.lines, ElementsAre("before-collapse 1 to 2, is 0"));
+    grid_.SetEnabled(true);
+    grid_.SetNodeState(1, nodeExpanded);
+    Meanwhile([&] { grid_.SetRowCount(1); });
+    Type(U"/");
+    EXPECT_EQ(grid_.RowCount(), 1);
+    EXPECT_EQ(events_.lines.size(), 2u);
+}
+
+TEST_F(GestureTest, ABranchThirtyThousandLevelsDeepOpensAndCloses) {
+    grid_.SetRowCount(1);
+    grid_.SetRowCount(30001);
+    for (int32_t row = 1; row <= 30000; ++row) {
+        grid_.SetIsNode(row, true);
+        grid_.SetRowOutlineLevel(row, static_cast<int16_t>(row));
+    }
+    grid_.SetCurrentRow(1);
+    Type(U"/");
+    EXPECT_EQ(grid_.VisibleCount(), 1);
+    EXPECT_EQ(events_.lines.size(), 29999u) << "the last row has nothing below it";
+    Type(U"*");
+    EXPECT_EQ(grid_.VisibleCount(), 30000);
+}
+
+TEST_F(GestureTest, ScrollingLeavesTheCursorAndTellsNobody) {
+    grid_.SetCurrentRow(3);
+    for (const GridKey key : {GridKey::ScrollUp, GridKey::ScrollDown, GridKey::ScrollPageUp, GridKey::ScrollPageDown,
+                              GridKey::ScrollTop, GridKey::ScrollBottom, GridKey::ScrollLeft, GridKey::ScrollRight})
+        Press(key);
+    EXPECT_THAT(view_.scrolls, ElementsAre(GridScroll::Up, GridScroll::Down, GridScroll::PageUp, GridScroll::PageDown,
+                                           GridScroll::Top, GridScroll::Bottom, GridScroll::Left, GridScroll::Right));
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    EXPECT_THAT(view_.broughtIntoView, IsEmpty());
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+// ---- Copies
+
+TEST_F(GestureTest, TheNameAndThePathAreCopiedAndNobodyIsTold) {
+    Name({"Mailbox", "Inbox", "Customers"});
+    grid_.SetCurrentRow(3);
+    Press(GridKey::CopyName);
+    Press(GridKey::CopyPath);
+    EXPECT_THAT(view_.copied, ElementsAre("Customers", "Mailbox\\Inbox\\Customers"));
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, APathTextOfTheRowOrOfARowAboveItIsWherePathsBegin) {
+    Name({"Mailbox", "Inbox", "Customers"});
+    grid_.SetCellText(2, colPath, "Mailbox of Alex\\Inbox");
+    grid_.SetCurrentRow(3);
+    Press(GridKey::CopyPath);
+    Press(GridKey::Parent);
+    Press(GridKey::CopyPath);
+    Press(GridKey::Parent);
+    Press(GridKey::CopyPath);
+    EXPECT_THAT(view_.copied, ElementsAre("Mailbox of Alex\\Inbox\\Customers", "Mailbox of Alex\\Inbox", "Mailbox"));
+}
+
+TEST_F(GestureTest, WithoutACursorNothingIsCopied) {
+    Press(GridKey::CopyName);
+    Press(GridKey::CopyPath);
+    Press(GridKey::Parent);
+    EXPECT_THAT(view_.copied, IsEmpty());
+    EXPECT_EQ(grid_.CurrentRow(), 0);
+}
+
+// ---- Typing a name
+
+TEST_F(GestureTest, LettersMoveTheCursorToANameAndTellNobody) {
+    Name({"Mailbox", "Inbox", "Customers", "Tasks", "", "Trash"});
+    Type(U"tr");
+    EXPECT_EQ(grid_.CurrentRow(), 6);
+    EXPECT_THAT(view_.broughtIntoView, ElementsAre(4, 6));
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, DigitsThatOpenNoEditorAreTheBeginningOfAName) {
+    Name({"Mailbox", "Inbox", "2024", "Tasks", "", "2025"});
+    grid_.SetCurrentRow(1);
+    Type(U"2025");
+    EXPECT_EQ(grid_.CurrentRow(), 6);
+    EXPECT_THAT(events_.lines, IsEmpty()) << "an unticked row has no number";
+    Wait();
+    Tick(6, "1");
+    grid_.SetColHidden(colIndex, true);
+    Type(U"2");
+    EXPECT_EQ(grid_.CurrentRow(), 3) << "numbers are hidden";
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, ADigitWhoseEditorIsRefusedIsTheBeginningOfAName) {
+    Name({"Mailbox", "Inbox", "2024"});
+    Tick(2, "1");
+    grid_.SetCurrentRow(2);
+    Refuse();
+    Type(U"2");
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 2,1 [1]"));
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+}
+
+TEST_F(GestureTest, ADigitOnATickedRowOpensTheEditorUnlessAWordIsBegun) {
+    Name({"Mailbox", "Inbox", "Q3", "Q4"});
+    Tick(3, "1");
+    Type(U"q");
+    ASSERT_EQ(grid_.CurrentRow(), 3);
+    Type(U"4");
+    EXPECT_FALSE(view_.open);
+    EXPECT_EQ(grid_.CurrentRow(), 4);
+    grid_.SetCurrentRow(3);
+    Wait();
+    Type(U"4");
+    EXPECT_TRUE(view_.open);
+    EXPECT_EQ(view_.text, "4");
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+}
+
+TEST_F(GestureTest, ASpaceInsideAWordBelongsToItAndTicksNothing) {
+    Name({"Mailbox", "In", "In box"});
+    Type(U"in");
+    ASSERT_EQ(grid_.CurrentRow(), 2);
+    Press(GridKey::Tick);
+    Type(U" ");
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+    EXPECT_THAT(events_.lines, IsEmpty());
+    Wait();
+    Press(GridKey::Tick);
+    Type(U" ");
+    EXPECT_THAT(events_.lines, ElementsAre("before-edit 3,0 []", "after-edit 3,0 [-1]"));
+    EXPECT_EQ(grid_.CurrentRow(), 3) << "the character of a Space that ticked begins no word";
+}
+
+TEST_F(GestureTest, OtherKeysAndClicksEndTheWord) {
+    Name({"Mailbox", "Inbox", "Notes", "Tasks", "", "Nothing"});
+    const auto typeAfter = [&](const std::function<void()>& something) {
+        grid_.SetCurrentRow(1);
+        Type(U"i");
+        something();
+        Type(U"n");
+        return grid_.CurrentRow();
+    };
+    EXPECT_EQ(typeAfter([] {}), 2) << "the word is in";
+    Wait();
+    EXPECT_EQ(typeAfter([&] { Press(GridKey::Down); }), 6);
+    EXPECT_EQ(typeAfter([&] { Press(GridKey::ScrollDown); }), 3);
+    EXPECT_EQ(typeAfter([&] { Press(GridKey::CopyName); }), 3);
+    EXPECT_EQ(typeAfter([&] { Type(U"+"); }), 3);
+    EXPECT_EQ(typeAfter([&] { gestures_.Press(4, GridPart::Row, false); }), 6);
+}
+
+TEST_F(GestureTest, CharactersThatWriteNothingMeanNothing) {
+    Name({"Mailbox", "Inbox"});
+    grid_.SetCurrentRow(1);
+    for (const char32_t character : {U'\0', U'\x03', U'\b', U'\t', U'\r', U'\x1B', U'\x7F', U'\u0085'})
+        gestures_.Type(character);
+    Type(U"i");
+    EXPECT_EQ(grid_.CurrentRow(), 2) << "none of them began a word";
+}
+
+TEST_F(GestureTest, ADisabledGridTakesNoKeyAndNoCharacter) {
+    Name({"Mailbox", "Inbox"});
+    grid_.SetCurrentRow(1);
+    grid_.SetEnabled(false);
+    for (const GridKey key : {GridKey::Parent, GridKey::ScrollDown, GridKey::CopyName, GridKey::Tick}) Press(key);
+    Type(U"i*/");
+    EXPECT_EQ(grid_.CurrentRow(), 1);
+    EXPECT_THAT(view_.copied, IsEmpty());
+    EXPECT_THAT(view_.scrolls, IsEmpty());
+    EXPECT_THAT(events_.lines, IsEmpty());
+}
+
+TEST_F(GestureTest, ADigitWhoseQuestionSwitchesTheGridOffMovesNothing) {
+    Name({"Mailbox", "Inbox", "2024"});
+    Tick(2, "1");
+    grid_.SetCurrentRow(2);
+    Meanwhile([&] { grid_.SetEnabled(false); });
+    Type(U"2");
+    EXPECT_EQ(grid_.CurrentRow(), 2);
 }
 
 }  // namespace

@@ -41,6 +41,7 @@ inline constexpr GridSchema schema{
     .number = colIndex,
     .outline = colName,
     .key = colKey,
+    .path = colPath,
     .ownTexts = ColumnBits(colName, colEntryID, colEntryIDShort, colPath, colKey),
     .keyParts = {.prefix = 'S', .start = colStoreID, .separator = '|', .end = colEntryID},
     .pictures = lastPicture,

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "interaction/CursorMoves.h"
+#include "rows/Contrast.h"
 #include "win32/ShownText.h"
 
 namespace foldertree {
@@ -17,6 +18,15 @@ COLORREF Mix(COLORREF a, COLORREF b, int percentOfA) {
     const auto channel = [percentOfA](int x, int y) { return (x * percentOfA + y * (100 - percentOfA)) / 100; };
     return RGB(channel(GetRValue(a), GetRValue(b)), channel(GetGValue(a), GetGValue(b)),
                channel(GetBValue(a), GetBValue(b)));
+}
+
+Rgb ToRgb(COLORREF color) {
+    return {GetRValue(color), GetGValue(color), GetBValue(color)};
+}
+
+COLORREF Readable(COLORREF text, COLORREF ground) {
+    const Rgb chosen = ReadableOn(ToRgb(ground), ToRgb(text));
+    return RGB(chosen.red, chosen.green, chosen.blue);
 }
 
 void Fill(HDC dc, const RECT& area, COLORREF color) {
@@ -57,6 +67,7 @@ class Painter {
           hasBox_(picture.hasBox),
           metrics_(layout_.Metrics()),
           focused_(picture.focused),
+          highContrast_(picture.highContrast),
           enabled_(grid_.Enabled()),
           back_(ToColorRef(grid_.BackColor())),
           text_(ToColorRef(grid_.TextColor())),
@@ -100,13 +111,15 @@ class Painter {
 
     void PaintRow(int32_t position, int32_t row, bool isCursor) {
         const int level = grid_.RowOutlineLevel(row);
+        const bool marked = highContrast_ && enabled_ && IsTicked(row);
         for (const auto& [place, col] : shown_) {
             const RECT cell = layout_.Cell(position, place);
             if (cell.left == cell.right) continue;
             const CellLook& look = grid_.Look(row, col);
-            Fill(dc_, cell, BackOf(look, isCursor));
+            const COLORREF back = marked ? GetSysColor(COLOR_HIGHLIGHT) : BackOf(look, isCursor);
+            Fill(dc_, cell, back);
             Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, line_);
-            SetTextColor(dc_, enabled_ && look.foreColor ? ToColorRef(*look.foreColor) : text_);
+            SetTextColor(dc_, marked ? GetSysColor(COLOR_HIGHLIGHTTEXT) : TextOf(look, back));
             SelectObject(dc_, look.bold ? fonts_.Bold() : fonts_.Plain());
             if (place == shownBox)
                 PaintBox(cell, row);
@@ -117,7 +130,18 @@ class Painter {
         }
         if (!isCursor) return;
         RECT frame = layout_.Row(position);
-        Frame(dc_, frame, focused_ ? GetSysColor(COLOR_HIGHLIGHT) : shadow_, 1);
+        const int edge = marked ? COLOR_HIGHLIGHTTEXT : COLOR_HIGHLIGHT;
+        Frame(dc_, frame, focused_ ? GetSysColor(edge) : shadow_, 1);
+    }
+
+    bool IsTicked(int32_t row) const {
+        return schema_.box != GridSchema::none && grid_.CellValue(row, schema_.box) != 0;
+    }
+
+    // What is switched off is to look so.
+    COLORREF TextOf(const CellLook& look, COLORREF back) const {
+        if (!enabled_) return text_;
+        return Readable(look.foreColor ? ToColorRef(*look.foreColor) : text_, back);
     }
 
     // A row's own colour means something (ticked, not to be edited), so the cursor tints the plain ones only.
@@ -188,6 +212,7 @@ class Painter {
     const RowHasBox& hasBox_;
     const GridMetrics& metrics_;
     const bool focused_;
+    const bool highContrast_;
     const bool enabled_;
     const COLORREF back_;
     const COLORREF text_;

@@ -19,9 +19,12 @@ struct GridPicture {
     const GridPictures& pictures;
     const RowHasBox& hasBox;
     bool focused = false;
+    /// Ticked rows are drawn with the system's colours for what is selected, instead of their own.
+    bool highContrast = false;
 };
 
-/// Draws header, rows and the empty rest into the layout's client area. Costs by the rows in view only.
+/// Draws header, rows and the empty rest into the layout's client area. Costs by the rows in view only. A text whose
+/// colour would be hard to read on its ground is drawn in one that can be read (see ReadableOn); the cells keep theirs.
 void PaintGrid(HDC dc, const GridPicture& picture);
 
 /// The layout for a client area: the tick and number columns fit their captions and what is in view, the name takes the

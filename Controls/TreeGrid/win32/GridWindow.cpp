@@ -6,35 +6,28 @@
 #include <algorithm>
 #include <limits>
 
+#include "automation/Text.h"
+#include "automation_win32/Bstr.h"
+#include "interaction/CursorMoves.h"
+#include "win32/Clipboard.h"
+#include "win32/KeyMeanings.h"
 #include "win32/OffscreenBitmap.h"
 #include "win32/PaintScope.h"
 
 namespace foldertree {
 namespace {
 
-struct KeyMeaning {
-    WPARAM key;
-    GridKey meaning;
-};
-constexpr KeyMeaning keys[] = {{VK_UP, GridKey::Up},         {VK_DOWN, GridKey::Down},   {VK_PRIOR, GridKey::PageUp},
-                               {VK_NEXT, GridKey::PageDown}, {VK_HOME, GridKey::Home},   {VK_END, GridKey::End},
-                               {VK_LEFT, GridKey::Left},     {VK_RIGHT, GridKey::Right}, {VK_SPACE, GridKey::Tick},
-                               {VK_F2, GridKey::Edit}};
-
-/// Keys whose characters mean something; digits come as WM_CHAR in any case.
-constexpr WPARAM characterKeys[] = {VK_ADD, VK_SUBTRACT, VK_OEM_PLUS, VK_OEM_MINUS};
-
-const KeyMeaning* MeaningOf(WPARAM key) {
-    const auto* found =
-        std::find_if(std::begin(keys), std::end(keys), [key](const auto& each) { return each.key == key; });
-    return found == std::end(keys) ? nullptr : found;
-}
+/// The place of a context menu that was asked for with the keyboard.
+constexpr LPARAM noPlace = -1;
 
 /// Whether the message is something that a user did to the grid.
 bool IsInput(UINT message) {
     switch (message) {
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+        case WM_CONTEXTMENU:
         case WM_NCLBUTTONDOWN:  // on a scroll bar
         case WM_NCLBUTTONDBLCLK:
         case WM_MOUSEWHEEL:
@@ -54,8 +47,9 @@ GridWindow::GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::functio
       grid_(parts.grid),
       hasBox_(std::move(parts.hasBox)),
       pictures_(parts.pictures),
-      interaction_(grid_, parts.events, *this, hasBox_),
-      stale_(std::move(stale)) {
+      interaction_(grid_, parts.events, *this, hasBox_, std::move(parts.isRead)),
+      stale_(std::move(stale)),
+      highContrast_(std::move(parts.highContrast)) {
     grid_.AddObserver(this);
 }
 
@@ -67,8 +61,9 @@ GridWindow::~GridWindow() {
 
 HWND GridWindow::Create(HWND parent, const RECT& place) {
     pictureStale_ = countStale_ = true;
-    const HWND handle = CreateHandle(
-        parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL);
+    const HWND handle =
+        CreateHandle(parent, place,
+                     WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL);
     if (handle != nullptr) Refresh();
     return handle;
 }
@@ -194,7 +189,7 @@ void GridWindow::OnPaint() {
 }
 
 GridPicture GridWindow::Picture(const GridLayout& layout, bool focused) const {
-    return {grid_, layout, fonts_, pictures_, hasBox_, focused};
+    return {grid_, layout, fonts_, pictures_, hasBox_, focused, highContrast_()};
 }
 
 void GridWindow::NoteShownRows() {
@@ -318,6 +313,31 @@ void GridWindow::BringIntoView(int32_t row) {
         ScrollTo(static_cast<int64_t>(*position) - layout_.FullRows() + 1);
 }
 
+void GridWindow::Scroll(GridScroll scroll) {
+    switch (scroll) {
+        case GridScroll::Up:
+            return OnScroll(SB_LINEUP);
+        case GridScroll::Down:
+            return OnScroll(SB_LINEDOWN);
+        case GridScroll::PageUp:
+            return OnScroll(SB_PAGEUP);
+        case GridScroll::PageDown:
+            return OnScroll(SB_PAGEDOWN);
+        case GridScroll::Top:
+            return OnScroll(SB_TOP);
+        case GridScroll::Bottom:
+            return OnScroll(SB_BOTTOM);
+        case GridScroll::Left:
+            return OnSidewaysScroll(SB_LINELEFT);
+        case GridScroll::Right:
+            return OnSidewaysScroll(SB_LINERIGHT);
+    }
+}
+
+void GridWindow::Copy(const std::string& text) {
+    CopyToClipboard(Handle(), text);
+}
+
 void GridWindow::OpenNumberBox(int32_t row, const std::string& text) {
     BringIntoView(row);
     ScrollSidewaysTo(0);
@@ -368,20 +388,48 @@ void GridWindow::OnMouse(UINT message, POINT point) {
     const auto position = layout_.PositionAt(point.y);
     if (Handle() == nullptr || !position || *position >= grid_.VisibleCount()) return;
     const int32_t row = grid_.VisibleRow(*position);
-    interaction_.Press(row, layout_.PartAt(point, grid_.RowOutlineLevel(row)), message == WM_LBUTTONDBLCLK);
+    const bool main = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+    const GridPart part = main ? layout_.PartAt(point, grid_.RowOutlineLevel(row)) : GridPart::Row;
+    interaction_.Press(row, part, message == WM_LBUTTONDBLCLK);
     Refresh();
 }
 
 void GridWindow::OnKey(WPARAM key, bool repeated) {
-    const KeyMeaning* known = MeaningOf(key);
-    if (known == nullptr || !grid_.Enabled()) return;
+    const std::optional<GridKey> meaning = MeaningOf(key);
+    if (!meaning || !grid_.Enabled()) return;
     Refresh();
     if (Handle() == nullptr) return;
-    // Left and Right alone belong to the outline.
-    if (GetKeyState(VK_CONTROL) < 0 && (key == VK_LEFT || key == VK_RIGHT))
-        return OnSidewaysScroll(key == VK_LEFT ? SB_LINELEFT : SB_LINERIGHT);
-    interaction_.Press(known->meaning, repeated);
+    interaction_.Press(*meaning, repeated);
     Refresh();
+}
+
+void GridWindow::OnCharacter(wchar_t unit) {
+    std::wstring units(1, unit);
+    if (firstUnit_ != 0 && IS_LOW_SURROGATE(unit)) units.insert(0, 1, firstUnit_);
+    firstUnit_ = IS_HIGH_SURROGATE(unit) ? unit : L'\0';
+    if (firstUnit_ != 0) return;
+    size_t start = 0;
+    interaction_.Type(automation::NextCharacter(automation::FromWide(units), start));
+    Refresh();
+}
+
+// The container hears of the menu, and where it is to stand: Windows tells the place only if it was asked for by mouse.
+LRESULT GridWindow::OnContextMenu(WPARAM window, LPARAM place) {
+    const bool byKey = GET_X_LPARAM(place) == -1 && GET_Y_LPARAM(place) == -1;
+    return Window::OnMessage(WM_CONTEXTMENU, window, byKey ? MenuPlace() : place);
+}
+
+LPARAM GridWindow::MenuPlace() {
+    const int32_t row = CursorRow(grid_);
+    if (row == 0) return noPlace;
+    BringIntoView(row);
+    const auto position = grid_.VisiblePosition(row);
+    if (Handle() == nullptr || !position) return noPlace;
+    const RECT name = layout_.Cell(*position, shownName);
+    const LONG left = layout_.NameText(name, grid_.RowOutlineLevel(row), true).left;
+    POINT point{std::clamp<LONG>(left, 0, layout_.Client().cx), (name.top + name.bottom) / 2};
+    ClientToScreen(Handle(), &point);
+    return MAKELPARAM(point.x, point.y);
 }
 
 void GridWindow::OnFocusMoved() {
@@ -411,11 +459,10 @@ void GridWindow::OnEditor(NumberEditor::Event event) {
 bool GridWindow::WantsKey(const MSG& message) const {
     if (editor_ && message.hwnd == editor_->Handle()) return true;
     if (message.hwnd != Handle()) return false;
-    if (message.message == WM_CHAR) return true;
+    // Enter, Esc and Tab are characters, too, and the container's.
+    if (message.message == WM_CHAR) return message.wParam >= L' ';
     if (message.message != WM_KEYDOWN && message.message != WM_KEYUP) return false;
-    const bool character =
-        std::find(std::begin(characterKeys), std::end(characterKeys), message.wParam) != std::end(characterKeys);
-    return character || MeaningOf(message.wParam) != nullptr;
+    return IsSignKey(message.wParam) || MeaningOf(message.wParam).has_value();
 }
 
 LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -447,15 +494,22 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
             OnMouse(message, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
         case WM_KEYDOWN:
             OnKey(wParam, (lParam & (1 << 30)) != 0);
             return 0;
         case WM_CHAR:
-            interaction_.Type(static_cast<char32_t>(wParam));
-            Refresh();
+            OnCharacter(static_cast<wchar_t>(wParam));
             return 0;
+        case WM_KEYUP:
+            if (wParam != VK_APPS) break;
+            SendMessageW(Handle(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), noPlace);
+            return 0;
+        case WM_CONTEXTMENU:
+            return OnContextMenu(wParam, lParam);
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
         case WM_SETFOCUS:
@@ -470,8 +524,9 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             InvalidateRect(Handle(), nullptr, FALSE);
             return 0;
         default:
-            return Window::OnMessage(message, wParam, lParam);
+            break;
     }
+    return Window::OnMessage(message, wParam, lParam);
 }
 
 }  // namespace foldertree

@@ -10,6 +10,7 @@
 #include "win32/GridLayout.h"
 #include "win32/GridPainter.h"
 #include "win32/GridPictures.h"
+#include "win32/HighContrast.h"
 #include "win32/NumberEditor.h"
 #include "win32/Window.h"
 
@@ -22,6 +23,8 @@ struct GridWindowParts {
     const GridPictures& pictures;
     RowHasBox hasBox;
     const wchar_t* className;  ///< of the window, a literal
+    NodeIsRead isRead = nullptr;
+    std::function<bool()> highContrast = IsHighContrast;
 };
 
 /// Holds no folder logic and no row: what is seen comes from the grid when it is painted, and every gesture goes
@@ -90,6 +93,8 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     bool Shown() const override { return Handle() != nullptr; }
     int32_t PageRows() const override { return layout_.FullRows(); }
     void BringIntoView(int32_t row) override;
+    void Scroll(GridScroll scroll) override;
+    void Copy(const std::string& text) override;
     void OpenNumberBox(int32_t row, const std::string& text) override;
     NumberBox* OpenedNumberBox() override { return editor_.get(); }
     void CloseNumberBox() override;
@@ -98,6 +103,9 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     bool IsDropped(UINT message);
     void OnMouse(UINT message, POINT point);
     void OnKey(WPARAM key, bool repeated);
+    void OnCharacter(wchar_t unit);
+    LRESULT OnContextMenu(WPARAM window, LPARAM place);
+    LPARAM MenuPlace();
     void OnFocusMoved();
     void OnEditor(NumberEditor::Event event);
 
@@ -107,6 +115,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     GridInteraction interaction_;
     std::function<void()> stale_;
     std::function<void()> focusHandler_;
+    std::function<bool()> highContrast_;
 
     GridFonts fonts_;
     bool fontLoaded_ = false;
@@ -127,6 +136,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     DWORD dropFrom_ = 0;
     DWORD dropTo_ = 0;
     bool dropCharacters_ = false;  ///< those of a key that was dropped
+    wchar_t firstUnit_ = 0;        ///< of a character that comes in two messages
 };
 
 }  // namespace foldertree

@@ -51,10 +51,10 @@ Window::~Window() {
     DestroyHandle();
 }
 
-HWND Window::CreateHandle(HWND parent, const RECT& place, DWORD style) {
+HWND Window::CreateHandle(HWND parent, const RECT& place, DWORD style, DWORD extendedStyle) {
     if (handle_ != nullptr) return handle_;
     if (!classRegister.Enter(className_, Procedure)) return nullptr;
-    CreateWindowExW(0, className_, L"", style, place.left, place.top, place.right - place.left,
+    CreateWindowExW(extendedStyle, className_, L"", style, place.left, place.top, place.right - place.left,
                     place.bottom - place.top, parent, nullptr, ThisModule(), this);
     return handle_;
 }

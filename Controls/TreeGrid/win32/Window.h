@@ -41,7 +41,7 @@ class Window {
 
     HWND Handle() const { return handle_; }
     /// Makes the HWND; null when Windows refuses. An object that has a window keeps it.
-    HWND CreateHandle(HWND parent, const RECT& place, DWORD style);
+    HWND CreateHandle(HWND parent, const RECT& place, DWORD style, DWORD extendedStyle = 0);
     void DestroyHandle();
 
   protected:

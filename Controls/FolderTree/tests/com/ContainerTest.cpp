@@ -61,6 +61,40 @@ TEST_F(Container, GivesTheListTheFocusOfTheControl) {
     EXPECT_EQ(As<IOleInPlaceObject>(desktop_->Control())->UIDeactivate(), S_OK);
 }
 
+TEST(ContainerOnAForm, IsEnteredAndLeftByTab) {
+    if (!Desktop::IsAvailable()) GTEST_SKIP();
+    const HWND form = CreateWindowExW(0, L"STATIC", L"Form", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 20, 20, 460, 400,
+                                      nullptr, nullptr, nullptr, nullptr);
+    const auto addField = [form] {
+        return CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 340, 80, 24, form, nullptr,
+                               nullptr, nullptr);
+    };
+    const HWND first = addField();
+    {
+        const Desktop desktop(form);
+        const HWND last = addField();
+        const auto tab = [&](bool back) {
+            BYTE keys[256] = {};
+            keys[VK_SHIFT] = back ? 0x80 : 0;
+            SetKeyboardState(keys);
+            PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
+            MSG message;
+            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+                if (!IsDialogMessageW(form, &message)) DispatchMessageW(&message);
+            return GetFocus();
+        };
+        SetFocus(first);
+        EXPECT_EQ(tab(false), desktop.List());
+        EXPECT_EQ(tab(false), last);
+        EXPECT_EQ(tab(true), desktop.List());
+        EXPECT_EQ(tab(true), first);
+        BYTE keys[256] = {};
+        SetKeyboardState(keys);
+    }
+    DestroyWindow(form);
+    HandleMessages();
+}
+
 TEST_F(Container, LoadsATreeThere) {
     Load();
     LONG rows = 0;

@@ -39,11 +39,12 @@ bool Desktop::IsAvailable() {
     return available;
 }
 
-Desktop::Desktop() {
+Desktop::Desktop(HWND form) {
     AtlEntry<AtlAxWinInit>("AtlAxWinInit")();
     // Neither a caption nor an activation: no window manager is involved, and none has to be waited for.
-    window_ = CreateWindowExW(0, L"STATIC", L"Desktop", WS_POPUP | WS_CLIPCHILDREN, 20, 20, 400, 300, nullptr, nullptr,
-                              nullptr, nullptr);
+    const DWORD kind = form != nullptr ? WS_CHILD : WS_POPUP;
+    window_ = CreateWindowExW(WS_EX_CONTROLPARENT, L"STATIC", L"Desktop", kind | WS_CLIPCHILDREN, 20, 20, 400, 300,
+                              form, nullptr, nullptr, nullptr);
     ShowWindow(window_, SW_SHOWNA);
     ComPtr<IUnknown> control;
     EXPECT_EQ(AtlEntry<AtlAxCreateControlEx>("AtlAxCreateControlEx")(L"{AE52A325-A957-48C9-B185-FA526DB6AB5E}", window_,

@@ -10,7 +10,8 @@ namespace foldertree::testing {
 /// A top-level window of 400 x 300 with the control in it, hosted by Windows' own container for dialogs (atl100.dll).
 class Desktop {
   public:
-    Desktop();
+    /// With a form, a child of it instead, inside of which Tab finds its stops.
+    explicit Desktop(HWND form = nullptr);
     ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;

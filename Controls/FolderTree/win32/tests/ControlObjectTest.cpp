@@ -85,10 +85,11 @@ class Placed {
     void ShowWaitPanel(bool visible) {
         if (Held()) Object().Platform().ShowWaitPanel(visible);
     }
-    void PressTab() {
-        MSG tab{Grid(), WM_KEYDOWN, VK_TAB, 1, 0, {0, 0}};
-        if (Held()) Raw<IOleInPlaceActiveObject>()->TranslateAccelerator(&tab);
+    HRESULT Translate(UINT message, WPARAM key) {
+        MSG pressed{Grid(), message, key, 1, 0, {0, 0}};
+        return Held() ? Raw<IOleInPlaceActiveObject>()->TranslateAccelerator(&pressed) : E_FAIL;
     }
+    void PressTab() { Translate(WM_KEYDOWN, VK_TAB); }
     void Click(int32_t row, int col) {
         if (Grid() == nullptr) return;
         const POINT point = Middle(Object().Window().Grid().Layout().Cell(row - 1, col));
@@ -134,6 +135,24 @@ TEST(PlacedControl, TellsItsContainerOfTheFocusOnceForEachWay) {
     EXPECT_EQ(placed.Calls(), (Log{"OnFocus TRUE", "OnUIActivate"})) << "the number editor is a part of the control";
     placed.LeaveFocus();
     EXPECT_EQ(placed.Calls(), (Log{"OnFocus TRUE", "OnUIActivate", "OnFocus FALSE"}));
+}
+
+TEST(PlacedControl, AsksItsContainerAboutTheKeysThatItDoesNotTake) {
+    Placed placed;
+    ASSERT_EQ(placed.Verb(OLEIVERB_UIACTIVATE), S_OK);
+    placed.Calls().clear();
+    for (const WPARAM key : {VK_TAB, VK_RETURN, VK_ESCAPE}) EXPECT_EQ(placed.Translate(WM_KEYDOWN, key), S_FALSE);
+    EXPECT_EQ(placed.Translate(WM_SYSCHAR, L'l'), S_FALSE);
+    EXPECT_EQ(placed.Calls(), Log(4, "TranslateAccelerator"));
+    placed.Calls().clear();
+    EXPECT_EQ(placed.Translate(WM_KEYDOWN, VK_BACK), S_OK);
+    EXPECT_EQ(placed.Translate(WM_CHAR, L'c'), S_OK);
+    EXPECT_EQ(placed.Calls(), Log{});
+    CONTROLINFO info{};
+    info.cb = sizeof info;
+    ASSERT_EQ(placed.Raw<IOleControl>()->GetControlInfo(&info), S_OK);
+    EXPECT_EQ(info.dwFlags, 0u) << "neither Enter nor Esc is eaten";
+    EXPECT_EQ(info.cAccel, 0u) << "and there are no mnemonics";
 }
 
 TEST(PlacedControl, IsNotActivatedAgainByAFocusThatHidesIt) {

@@ -1,6 +1,8 @@
 // ControlWindowTest: the control's window with its wait panel, in and out of a host window.
 #include "win32/window/ControlWindow.h"
 
+#include <set>
+
 #include "WindowFixture.h"
 
 namespace foldertree {
@@ -423,6 +425,112 @@ TEST_F(ControlWindowTest, EnterAndEscInTheEditorAreNotTheDialogs) {
     EXPECT_EQ(control_->Grid().Editor(), nullptr);
     EXPECT_EQ(events_.log.back(), "after-edit 2,1 cell=4");
 }
+
+// ---- In a host that is a dialog
+
+class ControlInADialog : public ControlWindowTest {
+  protected:
+    ControlInADialog() {
+        first_ = AddButton(L"&Load", 7);
+        Show();
+        last_ = AddButton(L"&Save", 8);
+        SetFocus(first_);
+    }
+    HWND AddButton(const wchar_t* caption, int id) const {
+        return CreateWindowExW(0, L"BUTTON", caption, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 420, 80, 24,
+                               host_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    }
+    HWND Grid() const { return control_->Grid().Handle(); }
+
+    void PostKey(UINT message, WPARAM key, LPARAM bits = 1) {
+        PostMessageW(GetFocus(), message, key, bits);
+        MSG waiting;
+        while (PeekMessageW(&waiting, nullptr, 0, 0, PM_REMOVE)) {
+            if (control_->TranslateAccelerator(waiting) || IsDialogMessageW(host_.Handle(), &waiting)) continue;
+            TranslateMessage(&waiting);
+            DispatchMessageW(&waiting);
+        }
+    }
+    void Tab() { PostKey(WM_KEYDOWN, VK_TAB); }
+    void TabBack() {
+        const HeldKeys held{VK_SHIFT};
+        Tab();
+    }
+
+    HWND first_ = nullptr;
+    HWND last_ = nullptr;
+    std::vector<int> commands_;
+    MessageSpy spy_{host_.Handle(), WM_COMMAND, [this](WPARAM command, LPARAM) {
+                        if (HIWORD(command) == BN_CLICKED) commands_.push_back(LOWORD(command));
+                    }};
+};
+
+TEST_F(ControlInADialog, TabComesInAndGoesOutAndTheCursorStaysOnItsRow) {
+    Tab();
+    EXPECT_EQ(GetFocus(), Grid());
+    PostKey(WM_KEYDOWN, VK_DOWN);
+    PostKey(WM_KEYDOWN, VK_DOWN);
+    Tab();
+    EXPECT_EQ(GetFocus(), last_);
+    TabBack();
+    EXPECT_EQ(GetFocus(), Grid());
+    EXPECT_EQ(grid_.CurrentRow(), 2);
+    PostKey(WM_KEYDOWN, VK_SPACE);
+    EXPECT_EQ(events_.log, (std::vector<std::string>{"before-edit 2,0 cell=", "after-edit 2,0 cell=-1"}));
+    TabBack();
+    EXPECT_EQ(GetFocus(), first_);
+}
+
+TEST_F(ControlInADialog, AControlThatIsSwitchedOffIsPassedOver) {
+    grid_.SetEnabled(false);
+    control_->FlushPaint();
+    Tab();
+    EXPECT_EQ(GetFocus(), last_);
+}
+
+TEST_F(ControlInADialog, TabGoesToTheCancelButtonWhileThePanelIsUp) {
+    control_->ShowWaitPanel(true);
+    std::set<HWND> stops;
+    for (int i = 0; i < 4; ++i) {
+        Tab();
+        stops.insert(GetFocus());
+    }
+    EXPECT_EQ(stops, (std::set<HWND>{Grid(), CancelButton(), last_, first_}));
+}
+
+TEST_F(ControlInADialog, EnterAndEscAreTheDialogs) {
+    SetFocus(Grid());
+    PostKey(WM_KEYDOWN, VK_RETURN);
+    PostKey(WM_KEYDOWN, VK_ESCAPE);
+    EXPECT_EQ(commands_, (std::vector<int>{IDOK, IDCANCEL}));
+    EXPECT_EQ(events_.log, std::vector<std::string>{});
+}
+
+TEST_F(ControlInADialog, ALetterWithAltPressesTheDialogsButtonAndWithoutAltFindsAName) {
+    SetFocus(Grid());
+    grid_.SetCurrentRow(1);
+    constexpr LPARAM altIsDown = 1 << 29;
+    {
+        const HeldKeys held{VK_MENU};
+        PostKey(WM_SYSKEYDOWN, 'L', 1 | altIsDown);
+    }
+    EXPECT_EQ(commands_, std::vector<int>{7});
+    SetFocus(Grid());
+    PostKey(WM_KEYDOWN, 'I');
+    EXPECT_EQ(commands_.size(), 1u);
+    EXPECT_EQ(grid_.CurrentRow(), 2);
+}
+
+TEST_F(ControlWindowTest, TheContainerHearsOfAMenuAsOfTheControlsWindow) {
+    Show();
+    grid_.SetCurrentRow(2);
+    std::vector<WPARAM> windows;
+    const MessageSpy spy(host_.Handle(), WM_CONTEXTMENU, [&](WPARAM window, LPARAM) { windows.push_back(window); });
+    SendMessageW(control_->Grid().Handle(), WM_KEYUP, VK_APPS, static_cast<LPARAM>(0xC0000001));
+    EXPECT_EQ(windows, std::vector<WPARAM>{reinterpret_cast<WPARAM>(control_->Handle())});
+}
+
+// ---- The focus
 
 TEST_F(ControlWindowTest, TheFocusOfTheControlGoesToTheGridAndIsTold) {
     std::vector<bool> told;

@@ -63,16 +63,22 @@ bool CanBeTicked(const TreeGrid& grid, int32_t row) {
     return !IsRowKind(grid, row, rowKind::dummy);
 }
 
+/// Opening such a node reads nothing.
+bool IsRead(const TreeGrid& grid, int32_t row) {
+    return grid.CellValue(row, colIncomplete) == 0;
+}
+
 }  // namespace
 
 ControlWindow::ControlWindow(ctlFolderTree& control, WindowKeeper& keeper)
-    : ControlWindow(ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, CanBeTicked},
-                    keeper) {}
+    : ControlWindow(
+          ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, CanBeTicked, IsRead},
+          keeper) {}
 
 ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
     : Window(L"ctlFolderTree", keeper),
       parts_(std::move(parts)),
-      grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid"}, keeper,
+      grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid", parts_.isRead}, keeper,
             [this] { NoteStale(); }),
       panel_(keeper, parts_.cancel, [this] { OnFocusMoved(); }) {
     grid_.SetFocusHandler([this] { OnFocusMoved(); });
@@ -86,7 +92,9 @@ ControlWindow::~ControlWindow() {
 HWND ControlWindow::Create(HWND parent, const RECT& place) {
     if (Handle() != nullptr) return Handle();
     timerRuns_ = false;
-    if (CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS) == nullptr)
+    // Tab finds what is inside: a host that is a dialog asks this window for what it has to stop at.
+    if (CreateHandle(parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT) ==
+        nullptr)
         return nullptr;
     HalfMade half(*this);
     RECT inner{};
@@ -308,6 +316,9 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETFOCUS:
             if (grid_.Handle() != nullptr) SetFocus(grid_.Handle());
             return 0;
+        case WM_CONTEXTMENU:
+            // The container knows this window and none of those inside.
+            return Window::OnMessage(message, reinterpret_cast<WPARAM>(Handle()), lParam);
         case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT) break;
             // An open editor keeps its own pointer.

@@ -21,6 +21,7 @@ struct ControlParts {
     GridEvents& events;
     std::function<void()> cancel;  ///< the user wants the running load to stop
     RowHasBox hasBox;
+    NodeIsRead isRead = nullptr;
 };
 
 /// Keeps captions, panel and progress whether it has a window or not, so that a control without one works in full; each

@@ -36,7 +36,9 @@ WaitPanel::~WaitPanel() {
 }
 
 HWND WaitPanel::Create(HWND parent) {
-    if (CreateHandle(parent, {0, 0, 0, 0}, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS) == nullptr) return nullptr;
+    if (CreateHandle(parent, {0, 0, 0, 0}, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT) ==
+        nullptr)
+        return nullptr;
     dpi_ = DpiOf(Handle());
     LoadFont();
     button_ = CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, 0, 0,

@@ -1,5 +1,6 @@
 // GridPaintingTest: what the pixels of the grid show.
 #include "WindowFixture.h"
+#include "rows/Contrast.h"
 #include "tests/SampleSchema.h"
 #include "win32/GridPainter.h"
 #include "win32/GridWindow.h"
@@ -26,7 +27,7 @@ class GridPaintingTest : public testing::Test {
         return Drawing(area.cx, area.cy, [this](HDC dc) {
             fonts_.Load(grid_.Font(), 96);
             layout_ = MeasureGrid(grid_, fonts_, 96, area, 0);
-            PaintGrid(dc, {grid_, layout_, fonts_, pictures_, hasBox_, focused_});
+            PaintGrid(dc, {grid_, layout_, fonts_, pictures_, hasBox_, focused_, highContrast_});
         });
     }
     RECT Cell(int32_t row, int col) const { return layout_.Cell(grid_.VisiblePosition(row).value(), col); }
@@ -40,6 +41,27 @@ class GridPaintingTest : public testing::Test {
         cell.bottom -= 1;
         return pixels.Drawn(cell);
     }
+    static Rgb ToRgb(uint32_t pixel) {
+        return {static_cast<uint8_t>(pixel >> 16), static_cast<uint8_t>(pixel >> 8), static_cast<uint8_t>(pixel)};
+    }
+    RECT NameText(int32_t row) const { return layout_.NameText(Cell(row, colName), grid_.RowOutlineLevel(row), true); }
+    /// Of the row's name on its ground, where the ink is thickest.
+    double BestContrast(const Pixels& pixels, int32_t row) const {
+        const RECT text = NameText(row);
+        const Rgb ground = ToRgb(pixels.At(RightOfName(row)));
+        double best = 0;
+        for (int x = text.left; x < text.right; ++x)
+            for (int y = text.top; y < text.bottom - 1; ++y)
+                best = std::max(best, Contrast(ground, ToRgb(pixels.At(x, y))));
+        return best;
+    }
+    bool Contains(const Pixels& pixels, int32_t row, uint32_t pixel) const {
+        const RECT text = NameText(row);
+        for (int x = text.left; x < text.right; ++x)
+            for (int y = text.top; y < text.bottom; ++y)
+                if (pixels.At(x, y) == pixel) return true;
+        return false;
+    }
     RECT Box(int32_t row) const { return layout_.Box(Cell(row, colSel)); }
 
     TreeGrid grid_{sample::schema};
@@ -48,6 +70,7 @@ class GridPaintingTest : public testing::Test {
     SquarePictures pictures_;
     RowHasBox hasBox_ = HasBox;
     bool focused_ = false;
+    bool highContrast_ = false;
 };
 
 TEST_F(GridPaintingTest, ATickedRowIsYellowFromTheNameOn) {
@@ -169,13 +192,42 @@ TEST_F(GridPaintingTest, BoldAndForeColourShow) {
     const Pixels bold = Paint();
     EXPECT_NE(plain, bold);
     grid_.SetCellFormat(CellSetting::Bold, 2, colName, 0);
-    grid_.SetCellFormat(CellSetting::ForeColor, 2, colName, 0x000000FF);
-    const Pixels red = Paint();
+    grid_.SetCellFormat(CellSetting::ForeColor, 2, colName, 0x00FF0000);
+    const Pixels blue = Paint();
     const RECT text = layout_.NameText(Cell(2, colName), 1, true);
     bool found = false;
     for (int x = text.left; x < text.right; ++x)
-        for (int y = text.top; y < text.bottom; ++y) found = found || (red.At(x, y) & 0xFF00FF) == 0xFF0000;
+        for (int y = text.top; y < text.bottom; ++y) found = found || (blue.At(x, y) & 0xFF00FF) == 0x0000FF;
     EXPECT_TRUE(found);
+}
+
+TEST_F(GridPaintingTest, TextCanBeReadOnItsGroundWhateverItsCellsColours) {
+    struct Colours {
+        OleColor text, back;
+    };
+    for (const Colours& colours :
+         {Colours{0x00C0C0C0, 0x00FFFFFF}, Colours{0x0000FFFF, 0x0000FFFF}, Colours{0x00FFFFFF, 0x0000FFFF},
+          Colours{0x00000000, 0x00800000}, Colours{colors::buttonShadow, colors::buttonFace}}) {
+        grid_.SetCellFormat(CellSetting::ForeColor, 2, colName, colours.text);
+        grid_.SetCellFormat(CellSetting::BackColor, 2, colName, colours.back);
+        EXPECT_GE(BestContrast(Paint(), 2), readableContrast) << std::hex << colours.text << " on " << colours.back;
+        EXPECT_EQ(grid_.CellFormat(CellSetting::ForeColor, 2, colName), colours.text) << "the cell keeps its colour";
+        EXPECT_EQ(grid_.CellFormat(CellSetting::BackColor, 2, colName), colours.back);
+    }
+}
+
+TEST_F(GridPaintingTest, InHighContrastTickedRowsHaveTheColoursOfWhatIsSelected) {
+    TickRow(grid_, 2, "1");
+    highContrast_ = true;
+    const Pixels pixels = Paint();
+    EXPECT_EQ(pixels.At(RightOfName(2)), SystemPixel(COLOR_HIGHLIGHT));
+    EXPECT_EQ(pixels.At(Cell(2, colSel).left + 1, Middle(Cell(2, colSel)).y), SystemPixel(COLOR_HIGHLIGHT));
+    EXPECT_TRUE(Contains(pixels, 2, SystemPixel(COLOR_HIGHLIGHTTEXT)));
+    EXPECT_EQ(pixels.At(RightOfName(3)), SystemPixel(COLOR_WINDOW));
+    grid_.SetCurrentRow(2);
+    focused_ = true;
+    EXPECT_EQ(Paint().At(200, Cell(2, colName).top), SystemPixel(COLOR_HIGHLIGHTTEXT)) << "the cursor is seen on it";
+    EXPECT_EQ(grid_.CellFormat(CellSetting::BackColor, 2, colName), 0x0000FFFFu) << "the cell keeps its colour";
 }
 
 TEST_F(GridPaintingTest, ADisabledGridIsPaintedInItsOwnColours) {
@@ -290,6 +342,26 @@ TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     GridWindow unseen({grid, events, pictures, HasBox, L"TestGrid"}, keeper, [] {});
     const Pixels drawn = Drawing(300, 200, [&](HDC dc) { unseen.Draw(dc, {300, 200}); });
     EXPECT_EQ(OnScreen(seen.Handle()), drawn);
+}
+
+TEST(GridWindowPicture, FollowsTheUsersChoiceOfHighContrast) {
+    TreeGrid grid{sample::schema};
+    SetUpGrid(grid);
+    TickRow(grid, AddFolder(grid, 0, "Inbox"), "1");
+    RecordingEvents events(grid);
+    TestKeeper keeper;
+    const SquarePictures pictures;
+    bool chosen = false;
+    GridWindowParts parts{grid, events, pictures, HasBox, L"TestGrid"};
+    parts.highContrast = [&] { return chosen; };
+    GridWindow window(parts, keeper, [] {});
+    const auto colour = [&] {
+        const Pixels pixels = Drawing(300, 200, [&](HDC dc) { window.Draw(dc, {300, 200}); });
+        return pixels.At(290, window.Layout().Metrics().headerHeight + 5);
+    };
+    EXPECT_EQ(colour(), 0xFFFF00u);
+    chosen = true;
+    EXPECT_EQ(colour(), SystemPixel(COLOR_HIGHLIGHT));
 }
 
 TEST(OffscreenBitmapTest, OneThatIsTooLargeLeavesTheTargetToDrawOn) {

@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
+#include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -145,6 +148,56 @@ class HostWindow {
 
   private:
     HWND handle_ = nullptr;
+};
+
+/// Hears of one kind of message in place of the window that gets it; one for each window at a time.
+class MessageSpy {
+  public:
+    using Heard = std::function<void(WPARAM, LPARAM)>;
+    MessageSpy(HWND window, UINT message, Heard heard) : window_(window), message_(message), heard_(std::move(heard)) {
+        SetPropW(window, property, this);
+        standard_ =
+            reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+    }
+    ~MessageSpy() {
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(standard_));
+        RemovePropW(window_, property);
+    }
+    MessageSpy(const MessageSpy&) = delete;
+    MessageSpy& operator=(const MessageSpy&) = delete;
+
+  private:
+    static constexpr wchar_t property[] = L"MessageSpy";
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        auto& self = *static_cast<MessageSpy*>(GetPropW(window, property));
+        if (message != self.message_) return CallWindowProcW(self.standard_, window, message, wParam, lParam);
+        self.heard_(wParam, lParam);
+        return 0;
+    }
+
+    HWND window_;
+    UINT message_;
+    Heard heard_;
+    WNDPROC standard_ = nullptr;
+};
+
+/// Holds keys down for a scope.
+class HeldKeys {
+  public:
+    HeldKeys(std::initializer_list<int> keys) {
+        GetKeyboardState(before_);
+        BYTE state[256];
+        std::copy(std::begin(before_), std::end(before_), state);
+        for (const int key : keys) state[key] = 0x80;
+        SetKeyboardState(state);
+    }
+    ~HeldKeys() { SetKeyboardState(before_); }
+    HeldKeys(const HeldKeys&) = delete;
+    HeldKeys& operator=(const HeldKeys&) = delete;
+
+  private:
+    BYTE before_[256];
 };
 
 /// An empty grid of the control's shape.
