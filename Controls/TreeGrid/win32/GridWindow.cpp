@@ -55,7 +55,8 @@ GridWindow::GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::functio
       hasBox_(std::move(parts.hasBox)),
       pictures_(parts.pictures),
       interaction_(grid_, parts.events, *this, hasBox_),
-      stale_(std::move(stale)) {
+      stale_(std::move(stale)),
+      accessibility_({*this, keeper, grid_, hasBox_, interaction_, *this, parts.accessibleHost}) {
     grid_.AddObserver(this);
 }
 
@@ -69,6 +70,7 @@ HWND GridWindow::Create(HWND parent, const RECT& place) {
     pictureStale_ = countStale_ = true;
     const HWND handle = CreateHandle(
         parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL);
+    accessibility_.WindowCame();
     if (handle != nullptr) Refresh();
     return handle;
 }
@@ -89,7 +91,8 @@ void GridWindow::GridChanged(const GridChanges& changes) noexcept {
     if (changes.appearance) fontLoaded_ = false;
     countStale_ = countStale_ || rows;
     pictureStale_ = pictureStale_ || AreInView(changes);
-    if (Handle() != nullptr && (countStale_ || pictureStale_)) stale_();
+    accessibility_.Note(changes);
+    if (Handle() != nullptr && (countStale_ || pictureStale_ || HasEvents())) stale_();
 }
 
 bool GridWindow::AreInView(const GridChanges& changes) const {
@@ -323,7 +326,8 @@ void GridWindow::OpenNumberBox(int32_t row, const std::string& text) {
     ScrollSidewaysTo(0);
     const auto position = grid_.VisiblePosition(row);
     if (Handle() == nullptr || !position) return;
-    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, shownNumber), fonts_.Plain(), text);
+    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, shownNumber), fonts_.Plain(), text,
+                                             grid_.CellText(0, grid_.Schema().number));
     if (editor_->Handle() != nullptr)
         SetFocus(editor_->Handle());
     else
@@ -382,6 +386,12 @@ void GridWindow::OnKey(WPARAM key, bool repeated) {
         return OnSidewaysScroll(key == VK_LEFT ? SB_LINELEFT : SB_LINERIGHT);
     interaction_.Press(known->meaning, repeated);
     Refresh();
+}
+
+void GridWindow::OnFocusCame() {
+    accessibility_.FocusCame();
+    stale_();
+    OnFocusMoved();
 }
 
 void GridWindow::OnFocusMoved() {
@@ -458,7 +468,12 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
+        case WM_GETOBJECT:
+            if (AccessibleWindow::Answers(lParam)) return accessibility_.Answer(wParam);
+            return Window::OnMessage(message, wParam, lParam);
         case WM_SETFOCUS:
+            OnFocusCame();
+            return 0;
         case WM_KILLFOCUS:
             OnFocusMoved();
             return 0;
