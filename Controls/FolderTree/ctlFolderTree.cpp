@@ -2,6 +2,7 @@
 #include "ctlFolderTree.h"
 
 #include "addresslists/AddressListRows.h"
+#include "automation/KeyedCollection.h"
 #include "common/ControlContext.h"
 #include "common/FolderKey.h"
 #include "common/GridSetup.h"
@@ -524,6 +525,13 @@ void ctlFolderTree::CancelLoad() {
 
 bool ctlFolderTree::Refreshing() const {
     return impl_->state.refreshing;
+}
+
+// The host's own collection is not asked: that would run its code. What the tree shows of it is counted instead.
+std::optional<int32_t> ctlFolderTree::Numbers() const {
+    if (!impl_->state.Indexing()) return std::nullopt;
+    const auto* const own = dynamic_cast<const automation::KeyedCollection*>(impl_->selection.collection.get());
+    return own != nullptr ? own->Count() : impl_->context.grid.TickedCount();
 }
 
 void ctlFolderTree::fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) {

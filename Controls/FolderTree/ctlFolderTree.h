@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -92,6 +93,8 @@ class ctlFolderTree : public GridEvents, public std::enable_shared_from_this<ctl
     void CancelLoad();
     /// True while a load or an expansion runs further up the stack.
     bool Refreshing() const;
+    /// How many numbers there are; nothing while positions are not numbered. Runs nobody's code.
+    std::optional<int32_t> Numbers() const;
     void fgd_BeforeEdit(int32_t row, int32_t col, bool& cancel) override;
     void fgd_ValidateEdit(int32_t row, int32_t col, bool& cancel) override;
     void fgd_AfterEdit(int32_t row, int32_t col) override;

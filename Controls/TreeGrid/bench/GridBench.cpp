@@ -10,6 +10,7 @@
 
 #include "Figures.h"
 #include "MailboxRows.h"
+#include "accessible/AccessibleTree.h"
 #include "interaction/GridInteraction.h"
 #include "rows/TreeGrid.h"
 #include "tests/SampleSchema.h"
@@ -285,6 +286,52 @@ void GoToTheParentOfTheLastStore(benchmark::State& state) {
     grid.SetCurrentRow(1);
 }
 
+// ---- What assistive programs cost, and what their absence costs (TickARow)
+
+class SomeView final : public AccessibleView {
+  public:
+    bool Focused() const override { return true; }
+    bool InView(int32_t) const override { return true; }
+};
+
+/// Each shown row's number, name, value, description, state and action, as a program that reads everything asks.
+void ReadAllRowsAsAScreenReader(benchmark::State& state) {
+    TreeGrid& grid = FilledGrid(state.range(0));
+    const RowHasBox hasBox;
+    const SomeView view;
+    size_t memory = 0;
+    Measure(
+        state, "read all", [] { return size_t{0}; },
+        [&](size_t& sum) {
+            AccessibleTree tree(grid, hasBox, view, NoAccessibleHost());
+            for (int32_t position = 0; position < tree.ChildCount(); ++position) {
+                const int32_t row = tree.RowOf(tree.IdOf(tree.RowAt(position)));
+                sum += tree.RowName(row).size() + tree.RowValue(row).size() + tree.RowDescription(row).size();
+                sum += tree.RowState(row).checked ? 1 : 0;
+                sum += TextOf(tree.RowAction(row)).size();
+            }
+            benchmark::DoNotOptimize(sum);
+            memory = tree.MemoryUse();
+        });
+    state.counters["ns/row"] = Best("read all", state.range(0)) * 1e9 / grid.VisibleCount();
+    state.counters["B/row"] = static_cast<double>(memory) / grid.VisibleCount();
+}
+
+/// Position and size of set of a row that has all others as its siblings.
+void FindAPlaceAmongSiblings(benchmark::State& state) {
+    TreeGrid grid{sample::schema};
+    grid.SetRowCount(static_cast<int32_t>(state.range(0)) + 1);
+    const RowHasBox hasBox;
+    const SomeView view;
+    AccessibleTree tree(grid, hasBox, view, NoAccessibleHost());
+    int32_t row = 1;
+    for (auto iteration : state) {
+        static_cast<void>(iteration);
+        benchmark::DoNotOptimize(tree.PositionInSet(row) + tree.SizeOfSet(row));
+        row = (row + 7919) % (grid.RowCount() - 1) + 1;
+    }
+}
+
 constexpr int64_t small = 100'000;
 constexpr int64_t large = 1'000'000;
 
@@ -294,6 +341,13 @@ BENCHMARK(InsertRowsInTheMiddle)->Arg(small)->Arg(large)->UseManualTime()->Itera
 BENCHMARK(FindRowsByKey)->Arg(small)->Arg(large)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
 BENCHMARK(TickARow)->Arg(small)->Arg(large);
 BENCHMARK(PaintARow)->Arg(small)->Arg(large);
+BENCHMARK(ReadAllRowsAsAScreenReader)
+    ->Arg(small)
+    ->Arg(large)
+    ->UseManualTime()
+    ->Iterations(3)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(FindAPlaceAmongSiblings)->Arg(small)->Arg(large);
 BENCHMARK(FindTheFirstOfRowsThatShareOneKey)->Arg(small)->Arg(large);
 BENCHMARK(LookAtAScreenWhileALoadAppends)->Arg(small)->Arg(large)->Iterations(20'000);
 BENCHMARK(WorkOutAllVisibleRows)->Arg(small)->Arg(large)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);

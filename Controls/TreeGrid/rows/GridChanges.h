@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "rows/NotedRows.h"
+
 namespace foldertree {
 
 /// A batch of changes. Row numbers are those after the batch; a number of `noRow` says that nothing of the kind
@@ -16,6 +18,8 @@ struct GridChanges {
     int32_t firstOutline = noRow;  ///< levels, nodes or node states changed from here on
     int32_t firstChanged = noRow;  ///< texts or looks changed between these two rows
     int32_t lastChanged = -1;
+    NotedRows noted;          ///< rows whose tick, number or node state changed
+    bool levels = false;      ///< levels or nodes changed, not only what is open
     bool emptied = false;     ///< for a moment there was no data row
     bool columns = false;     ///< hidden columns, widths to fit, data types
     bool appearance = false;  ///< font, colours, enabled

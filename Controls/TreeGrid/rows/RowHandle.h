@@ -13,6 +13,12 @@ class RowHandle {
     RowHandle() = default;
     bool operator==(const RowHandle&) const = default;
 
+    /// For tables of rows; its low bits are well mixed.
+    uint32_t Hash() const {
+        const uint64_t mixed = (uint64_t{row_} << 16 | generation_) * 0x9E3779B97F4A7C15u + store_;
+        return static_cast<uint32_t>(mixed >> 32);
+    }
+
   private:
     friend class RowStore;
     RowHandle(uint32_t store, uint32_t row, uint16_t generation) : store_(store), row_(row), generation_(generation) {}

@@ -91,6 +91,7 @@ void RowStore::Remove(int32_t number) noexcept {
     const RowId row = At(number);
     RowRecord& record = Record(row);
     if (HasKey(record)) keys_.Remove(HashOfKey(record), row);
+    if (IsTicked(row)) --ticked_;
     for (int col = 0; col < schema_.columns; ++col) {
         if (schema_.IsOwn(col)) {
             ownTexts_.Drop(Cell(record, col));
@@ -142,8 +143,11 @@ double RowStore::Number(RowId row, int col) const {
 
 bool RowStore::SetText(RowId row, int col, std::string_view text) {
     if (col == schema_.key) return SetKey(row, text);
+    const bool wasTicked = col == schema_.box && IsTicked(row);
     RowRecord& record = Record(row);
-    return schema_.IsOwn(col) ? SetOwn(record, col, text) : SetShared(record, col, text);
+    if (!(schema_.IsOwn(col) ? SetOwn(record, col, text) : SetShared(record, col, text))) return false;
+    if (col == schema_.box) ticked_ += int{IsTicked(row)} - int{wasTicked};
+    return true;
 }
 
 bool RowStore::SetShared(RowRecord& record, int col, std::string_view text) {

@@ -54,6 +54,9 @@ class RowStore {
     std::string_view View(RowId row, int col) const;
     /// False when the cell has this text already. The text may be a view of this store.
     bool SetText(RowId row, int col, std::string_view text);
+    /// The rows whose box is ticked, that is, reads as another number than 0.
+    int32_t TickedCount() const { return ticked_; }
+    bool IsTicked(RowId row) const { return schema_.box != GridSchema::none && Number(row, schema_.box) != 0; }
     double Number(RowId row, int col) const;
 
     /// The number of the first row from `start` on whose cell equals the text without regard to case; -1 for none.
@@ -135,6 +138,7 @@ class RowStore {
     std::vector<std::unique_ptr<RowRecord[]>> blocks_;
     RowId freeRow_ = noRow;  ///< the first record to use again; the style of each names the next
     RowId nextRow_ = 0;
+    int32_t ticked_ = 0;
     automation::IdSequence order_;
     TextArena ownTexts_;
     size_t nextCompaction_ = 0;  ///< so many dropped bytes must there be before compacting is tried again

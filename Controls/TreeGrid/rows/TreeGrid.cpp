@@ -37,6 +37,13 @@ void CheckSetting(const GridSchema& schema, CellSetting setting, uint32_t value)
     ThrowInvalidCall();
 }
 
+/// What people are told of when a text of the column changes.
+std::optional<NotedRows::Change> NotedChange(const GridSchema& schema, int col) {
+    if (col == schema.box) return NotedRows::tick;
+    if (col == schema.number) return NotedRows::number;
+    return std::nullopt;
+}
+
 }  // namespace
 
 class TreeGrid::Impl final : public OutlineRows {
@@ -77,6 +84,10 @@ class TreeGrid::Impl final : public OutlineRows {
     void OutlineChanged(int32_t row) {
         outline.Invalidate(row);
         changes.OutlineChangedFrom(row);
+    }
+    void LevelsChanged(int32_t row) {
+        OutlineChanged(row);
+        changes.levels = true;
     }
 
     void Append(int32_t count);
@@ -188,7 +199,7 @@ void TreeGrid::SetFixedRowCount(int32_t count) {
     if (count < 0 || count > RowCount()) ThrowSubscript();
     if (count == impl_->fixedRows) return;
     impl_->fixedRows = count;
-    impl_->OutlineChanged(0);
+    impl_->LevelsChanged(0);
 }
 
 void TreeGrid::SetFixedColCount(int32_t count) {
@@ -241,7 +252,20 @@ std::string TreeGrid::CellText(int32_t row, int col) const {
 }
 
 void TreeGrid::SetCellText(int32_t row, int col, std::string_view text) {
-    if (impl_->store->SetText(impl_->Cell(row, col), col, text)) impl_->changes.RowsChanged(row, row);
+    Impl& impl = *impl_;
+    const RowId id = impl.Cell(row, col);
+    const std::optional<NotedRows::Change> kind = NotedChange(impl.schema, col);
+    const double before = kind ? impl.store->Number(id, col) : 0;
+    if (!impl.store->SetText(id, col, text)) return;
+    impl.changes.RowsChanged(row, row);
+    if (!kind) return;
+    const double now = impl.store->Number(id, col);
+    const bool same = *kind == NotedRows::tick ? (now != 0) == (before != 0) : now == before;
+    if (!same) impl.changes.noted.Add(impl.store->HandleOf(id), *kind);
+}
+
+int32_t TreeGrid::TickedCount() const {
+    return impl_->store->TickedCount();
 }
 
 double TreeGrid::CellValue(int32_t row, int col) const {
@@ -318,7 +342,7 @@ void TreeGrid::SetRowOutlineLevel(int32_t row, int16_t level) {
     const RowId id = impl_->Row(row);
     if (impl_->store->Level(id) == level) return;
     impl_->store->SetLevel(id, level);
-    impl_->OutlineChanged(row);
+    impl_->LevelsChanged(row);
 }
 
 bool TreeGrid::IsNode(int32_t row) const {
@@ -329,7 +353,7 @@ void TreeGrid::SetIsNode(int32_t row, bool isNode) {
     const RowId id = impl_->Row(row);
     if (impl_->store->IsNode(id) == isNode) return;
     impl_->store->SetIsNode(id, isNode);
-    impl_->OutlineChanged(row);
+    impl_->LevelsChanged(row);
 }
 
 int32_t TreeGrid::NodeState(int32_t row) const {
@@ -341,6 +365,7 @@ void TreeGrid::SetNodeState(int32_t row, int32_t state) {
     if (state != nodeExpanded && state != nodeCollapsed) ThrowInvalidCall();
     if (NodeState(row) == state) return;
     impl_->store->SetIsCollapsed(id, state == nodeCollapsed);
+    impl_->changes.noted.Add(impl_->store->HandleOf(id), NotedRows::node);
     impl_->OutlineChanged(row);
 }
 

@@ -81,6 +81,8 @@ class TreeGrid {
     void SetCellText(int32_t row, int col, std::string_view text);
     /// The leading number of the text as Visual Basic's Val reads it; -1 for "True", 0 for "False" and for no number.
     double CellValue(int32_t row, int col) const;
+    /// How many rows are ticked; kept, not counted.
+    int32_t TickedCount() const;
     /// The text without a copy, for every column but the key (whose text may be put together on the fly): Error 5.
     std::string_view CellView(int32_t row, int col) const;
     /// The first row from `startRow` on whose key equals `text` without regard to case; -1 when there is none. This is

@@ -49,7 +49,8 @@ GridWindow::GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::functio
       pictures_(parts.pictures),
       interaction_(grid_, parts.events, *this, hasBox_, std::move(parts.isRead)),
       stale_(std::move(stale)),
-      highContrast_(std::move(parts.highContrast)) {
+      highContrast_(std::move(parts.highContrast)),
+      accessibility_({*this, keeper, grid_, hasBox_, interaction_, *this, parts.accessibleHost}) {
     grid_.AddObserver(this);
 }
 
@@ -64,6 +65,7 @@ HWND GridWindow::Create(HWND parent, const RECT& place) {
     const HWND handle =
         CreateHandle(parent, place,
                      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL);
+    accessibility_.WindowCame();
     if (handle != nullptr) Refresh();
     return handle;
 }
@@ -84,7 +86,8 @@ void GridWindow::GridChanged(const GridChanges& changes) noexcept {
     if (changes.appearance) fontLoaded_ = false;
     countStale_ = countStale_ || rows;
     pictureStale_ = pictureStale_ || AreInView(changes);
-    if (Handle() != nullptr && (countStale_ || pictureStale_)) stale_();
+    accessibility_.Note(changes);
+    if (Handle() != nullptr && (countStale_ || pictureStale_ || HasEvents())) stale_();
 }
 
 bool GridWindow::AreInView(const GridChanges& changes) const {
@@ -343,7 +346,8 @@ void GridWindow::OpenNumberBox(int32_t row, const std::string& text) {
     ScrollSidewaysTo(0);
     const auto position = grid_.VisiblePosition(row);
     if (Handle() == nullptr || !position) return;
-    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, shownNumber), fonts_.Plain(), text);
+    editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, shownNumber), fonts_.Plain(), text,
+                                             grid_.CellText(0, grid_.Schema().number));
     if (editor_->Handle() != nullptr)
         SetFocus(editor_->Handle());
     else
@@ -432,6 +436,12 @@ LPARAM GridWindow::MenuPlace() {
     return MAKELPARAM(point.x, point.y);
 }
 
+void GridWindow::OnFocusCame() {
+    accessibility_.FocusCame();
+    stale_();
+    OnFocusMoved();
+}
+
 void GridWindow::OnFocusMoved() {
     InvalidateRect(Handle(), nullptr, FALSE);
     if (focusHandler_) focusHandler_();
@@ -512,7 +522,12 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnContextMenu(wParam, lParam);
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
+        case WM_GETOBJECT:
+            if (AccessibleWindow::Answers(lParam)) return accessibility_.Answer(wParam);
+            return Window::OnMessage(message, wParam, lParam);
         case WM_SETFOCUS:
+            OnFocusCame();
+            return 0;
         case WM_KILLFOCUS:
             OnFocusMoved();
             return 0;

@@ -4,8 +4,10 @@
 #include <functional>
 #include <memory>
 
+#include "accessible/AccessibleHost.h"
 #include "interaction/GridInteraction.h"
 #include "rows/TreeGrid.h"
+#include "win32/GridAccessibility.h"
 #include "win32/GridFonts.h"
 #include "win32/GridLayout.h"
 #include "win32/GridPainter.h"
@@ -24,6 +26,7 @@ struct GridWindowParts {
     RowHasBox hasBox;
     const wchar_t* className;  ///< of the window, a literal
     NodeIsRead isRead = nullptr;
+    const AccessibleHost& accessibleHost = NoAccessibleHost();
     std::function<bool()> highContrast = IsHighContrast;
 };
 
@@ -42,6 +45,10 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     void Refresh();
     /// The font object's members changed without the grid being told.
     void ReloadFont();
+    /// Tells assistive programs what happened since the last time; wants to be called once a frame. They may do
+    /// anything, so the window may be gone afterwards.
+    void SendEvents() noexcept { accessibility_.SendEvents(); }
+    bool HasEvents() const { return accessibility_.HasEvents(); }
     /// Draws the grid as it stands into the area at the origin of `dc`; works without a window.
     void Draw(HDC dc, SIZE area);
     /// Closes an open number editor without offering its text.
@@ -106,6 +113,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     void OnCharacter(wchar_t unit);
     LRESULT OnContextMenu(WPARAM window, LPARAM place);
     LPARAM MenuPlace();
+    void OnFocusCame();
     void OnFocusMoved();
     void OnEditor(NumberEditor::Event event);
 
@@ -132,6 +140,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
 
     std::unique_ptr<NumberEditor> editor_;
+    GridAccessibility accessibility_;
 
     DWORD dropFrom_ = 0;
     DWORD dropTo_ = 0;

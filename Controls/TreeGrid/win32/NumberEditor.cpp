@@ -3,13 +3,16 @@
 
 #include "automation_win32/Bstr.h"
 #include "automation_win32/Module.h"
+#include "win32/AccessibleWindow.h"
+#include "win32/NamedObject.h"
 
 namespace foldertree {
 
 using automation::FromWide;
 using automation::ToWide;
 
-NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text) {
+NumberEditor::NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text, std::string label)
+    : label_(std::move(label)) {
     edit_ =
         CreateWindowExW(0, L"EDIT", ToWide(text).c_str(), WS_CHILD | WS_VISIBLE | WS_BORDER | ES_RIGHT | ES_AUTOHSCROLL,
                         place.left, place.top, place.right - place.left, place.bottom - place.top, parent, nullptr,
@@ -53,6 +56,15 @@ void NumberEditor::SelectAll() {
     SendMessageW(edit_, EM_SETSEL, 0, -1);
 }
 
+// The system knows no label for it. Without memory it has none.
+LRESULT NumberEditor::AnswerWithLabel(WPARAM wParam) const noexcept {
+    try {
+        return AnswerWithName(edit_, wParam, label_);
+    } catch (...) {
+        return 0;
+    }
+}
+
 LRESULT CALLBACK NumberEditor::Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     auto* self = reinterpret_cast<NumberEditor*>(GetWindowLongPtrW(edit, GWLP_USERDATA));
     if (self == nullptr) return DefWindowProcW(edit, message, wParam, lParam);
@@ -78,6 +90,10 @@ LRESULT CALLBACK NumberEditor::Procedure(HWND edit, UINT message, WPARAM wParam,
             report(message == WM_SETFOCUS ? Event::FocusCame : Event::FocusLeft);
             return result;
         }
+        case WM_GETOBJECT:
+            if (!AccessibleWindow::Answers(lParam)) break;
+            if (const LRESULT object = self->AnswerWithLabel(wParam); object != 0) return object;
+            break;
         case WM_NCDESTROY:
             // The parent's window went first.
             self->edit_ = nullptr;

@@ -17,7 +17,8 @@ class NumberEditor : public NumberBox {
     enum class Event { Enter, Escape, FocusCame, FocusLeft };
 
     /// Opens over `place` of `parent`, with its text selected; the focus is the parent's to give.
-    NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text);
+    /// `label` is what assistive programs call it.
+    NumberEditor(HWND parent, const RECT& place, HFONT font, const std::string& text, std::string label);
     ~NumberEditor() override;
     NumberEditor(const NumberEditor&) = delete;
     NumberEditor& operator=(const NumberEditor&) = delete;
@@ -30,8 +31,10 @@ class NumberEditor : public NumberBox {
     void SelectAll() override;
 
   private:
+    LRESULT AnswerWithLabel(WPARAM wParam) const noexcept;
     static LRESULT CALLBACK Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
+    const std::string label_;
     HWND edit_ = nullptr;
     WNDPROC standard_ = nullptr;
 };

@@ -3,6 +3,9 @@
 
 #include <olectl.h>
 
+#include "automation_win32/Bstr.h"
+#include "automation_win32/Variant.h"
+
 namespace foldertree {
 
 using automation::ComPtr;
@@ -32,6 +35,12 @@ ComPtr<IDispatch> ClientSite::Font() const {
         V_UNKNOWN(&value)->QueryInterface(IID_PPV_ARGS(font.GetAddressOf()));
     VariantClear(&value);
     return font;
+}
+
+std::string ClientSite::DisplayName() const {
+    automation::Variant value;
+    value.Raw() = Ambient(DISPID_AMBIENT_DISPLAYNAME);
+    return V_VT(&value.Raw()) == VT_BSTR ? automation::FromBstr(V_BSTR(&value.Raw())) : std::string();
 }
 
 void ClientSite::OnFocus(bool gotFocus) const {

@@ -5,6 +5,8 @@
 #include <oleidl.h>
 #include <windows.h>
 
+#include <string>
+
 #include "automation_win32/ComPtr.h"
 
 namespace foldertree {
@@ -26,6 +28,8 @@ class ClientSite {
     bool UserMode() const;
     /// Null when the container has none.
     automation::ComPtr<IDispatch> Font() const;
+    /// What the container calls the control, UTF-8; empty when it does not say.
+    std::string DisplayName() const;
     void OnFocus(bool gotFocus) const;
 
   private:

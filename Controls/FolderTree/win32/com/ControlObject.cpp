@@ -17,6 +17,7 @@ ControlObject::ControlObject()
     core_ = ctlFolderTree::Create(*platform_, platform_->Factory());
     window_ = std::make_unique<ControlWindow>(*core_, static_cast<WindowKeeper&>(*this));
     platform_->Attach(*window_);
+    window_->SetDisplayName([this] { return site_.DisplayName(); });
     fontWatch_ = std::make_unique<FontWatch>(core_, *window_, static_cast<WindowKeeper&>(*this));
     interfaces_->inPlace.WatchWindow();
 }

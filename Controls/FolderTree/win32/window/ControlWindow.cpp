@@ -71,14 +71,14 @@ bool IsRead(const TreeGrid& grid, int32_t row) {
 }  // namespace
 
 ControlWindow::ControlWindow(ctlFolderTree& control, WindowKeeper& keeper)
-    : ControlWindow(
-          ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, CanBeTicked, IsRead},
-          keeper) {}
+    : ControlWindow(ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, CanBeTicked, IsRead,
+                                 [&control] { return control.Refreshing(); }, [&control] { return control.Numbers(); }},
+                    keeper) {}
 
 ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
     : Window(L"ctlFolderTree", keeper),
       parts_(std::move(parts)),
-      grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid", parts_.isRead}, keeper,
+      grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid", parts_.isRead, *this}, keeper,
             [this] { NoteStale(); }),
       panel_(keeper, parts_.cancel, [this] { OnFocusMoved(); }) {
     grid_.SetFocusHandler([this] { OnFocusMoved(); });
@@ -175,6 +175,9 @@ void ControlWindow::DrawFrame() {
     UpdateWindow(grid_.Handle());
     UpdateWindow(panel_.Handle());
     clock_.Drawn();
+    grid_.SendEvents();
+    // While a load runs they wait for its end.
+    if (grid_.HasEvents()) NoteStale();
 }
 
 void ControlWindow::FlushPaint() {

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 
+#include "accessible/AccessibleHost.h"
 #include "win32/FrameClock.h"
 #include "win32/GridWindow.h"
 #include "win32/Window.h"
@@ -22,6 +25,8 @@ struct ControlParts {
     std::function<void()> cancel;  ///< the user wants the running load to stop
     RowHasBox hasBox;
     NodeIsRead isRead = nullptr;
+    std::function<bool()> busy = [] { return false; };  ///< whether a load or an expansion runs
+    std::function<std::optional<int32_t>()> numbers = [] { return std::nullopt; };  ///< AccessibleHost::Numbers
 };
 
 /// Keeps captions, panel and progress whether it has a window or not, so that a control without one works in full; each
@@ -29,7 +34,7 @@ struct ControlParts {
 /// since the host may end the control wherever it hears of something.
 /// Changes of the grid, the path and the progress reach the screen at most about 60 times a second, however many come;
 /// the last ones follow by a timer, so none is lost.
-class ControlWindow : public Window {
+class ControlWindow : public Window, private AccessibleHost {
   public:
     ControlWindow(ctlFolderTree& control, WindowKeeper& keeper);
     ControlWindow(ControlParts parts, WindowKeeper& keeper);
@@ -64,6 +69,8 @@ class ControlWindow : public Window {
     /// Draws the control into `bounds` (logical units of `dc`), with or without a window.
     void Draw(HDC dc, const RECT& bounds);
 
+    /// What the container calls the control; asked when an assistive program wants to know.
+    void SetDisplayName(std::function<std::string()> name) { displayName_ = std::move(name); }
     /// Called when the focus comes into the control (true) or leaves it (false), but not when it moves inside.
     void SetFocusHandler(std::function<void(bool)> handler) { focusHandler_ = std::move(handler); }
     /// Called when the HWND went away by itself, with its parent.
@@ -77,6 +84,12 @@ class ControlWindow : public Window {
     void OnHandleGone() override;
 
   private:
+    // AccessibleHost
+    std::string DisplayName() const override { return displayName_ ? displayName_() : std::string(); }
+    std::optional<int32_t> Numbers() const override { return parts_.numbers(); }
+    bool Busy() const override { return parts_.busy(); }
+    bool Enabled() const override { return userMode_; }
+
     /// Notes that something is to be shown; makes sure that a frame follows.
     void NoteStale();
     /// As NoteStale, and shows it at once when a frame is due.
@@ -91,6 +104,7 @@ class ControlWindow : public Window {
     void DropBlockedInput();
 
     ControlParts parts_;
+    std::function<std::string()> displayName_;
     std::function<void(bool)> focusHandler_;
     std::function<void()> goneHandler_;
     bool focusInside_ = false;  ///< as the handler was last told

@@ -28,7 +28,10 @@ void Text(HDC dc, RECT area, const std::string& text, UINT format) {
 }  // namespace
 
 WaitPanel::WaitPanel(WindowKeeper& keeper, std::function<void()> cancel, std::function<void()> focusMoved)
-    : Window(L"ctlFolderTree.WaitPanel", keeper), cancel_(std::move(cancel)), focusMoved_(std::move(focusMoved)) {}
+    : Window(L"ctlFolderTree.WaitPanel", keeper),
+      cancel_(std::move(cancel)),
+      focusMoved_(std::move(focusMoved)),
+      accessibility_(*this, keeper) {}
 
 WaitPanel::~WaitPanel() {
     DestroyHandle();
@@ -86,7 +89,8 @@ void WaitPanel::SetProgress(double maximum, double value) {
 }
 
 void WaitPanel::Show(bool visible) {
-    if (visible && !visible_) {
+    const bool comes = visible && !visible_;
+    if (comes) {
         // What the last load showed is over.
         SetPath({});
         SetProgress(1, 0);
@@ -96,6 +100,7 @@ void WaitPanel::Show(bool visible) {
     if (visible) {
         Refresh();
         SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+        if (comes) NotifyWinEvent(EVENT_SYSTEM_ALERT, Handle(), OBJID_CLIENT, CHILDID_SELF);
     } else {
         ShowWindow(Handle(), SW_HIDE);
     }
@@ -106,6 +111,12 @@ void WaitPanel::Refresh() {
     if (captionsStale_) SetWindowTextW(button_, ShownText(cancelCaption_).c_str());
     stale_ = captionsStale_ = false;
     InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+WaitPanel::Places WaitPanel::PlacesNow() const {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    return PlacesIn({client.right, client.bottom});
 }
 
 WaitPanel::Places WaitPanel::PlacesIn(SIZE client) const {
@@ -135,9 +146,7 @@ void WaitPanel::ReleaseFont() {
 }
 
 void WaitPanel::PlaceButton() {
-    RECT client{};
-    GetClientRect(Handle(), &client);
-    const RECT place = PlacesIn({client.right, client.bottom}).button;
+    const RECT place = PlacesNow().button;
     MoveWindow(button_, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
 }
 
@@ -190,12 +199,16 @@ LRESULT WaitPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_ERASEBKGND:
             return 1;
+        case WM_GETOBJECT:
+            if (AccessibleWindow::Answers(lParam)) return accessibility_.Answer(wParam);
+            break;
         case WM_COMMAND:
             if (LOWORD(wParam) == cancelButton) OnButton(HIWORD(wParam));
             return 0;
         default:
-            return Window::OnMessage(message, wParam, lParam);
+            break;
     }
+    return Window::OnMessage(message, wParam, lParam);
 }
 
 }  // namespace foldertree

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "win32/Window.h"
+#include "win32/window/WaitPanelAccessibility.h"
 
 namespace foldertree {
 
@@ -31,14 +32,24 @@ class WaitPanel : public Window {
     /// Brings the window up to date with the state.
     void Refresh();
 
+    // What it shows, and where in its client area
+    struct Places {
+        RECT label, path, bar, button;
+    };
+    const std::string& PleaseWait() const { return pleaseWait_; }
+    const std::string& CancelCaption() const { return cancelCaption_; }
+    const std::string& Path() const { return path_; }
+    double Fraction() const;  ///< 0 to 1
+    Places PlacesNow() const;
+    bool CancelHasFocus() const { return button_ != nullptr && GetFocus() == button_; }
+    /// As a press of the button.
+    void Cancel() { cancel_(); }
+
   protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnHandleGone() override;
 
   private:
-    struct Places {
-        RECT label, path, bar, button;
-    };
     Places PlacesIn(SIZE client) const;
     void LoadFont();
     void ReleaseFont();
@@ -47,7 +58,6 @@ class WaitPanel : public Window {
     void OnPaint();
     void Paint(HDC dc, SIZE client) const;
     void PaintBar(HDC dc, RECT bar) const;
-    double Fraction() const;
 
     std::function<void()> cancel_;
     std::function<void()> focusMoved_;
@@ -60,6 +70,7 @@ class WaitPanel : public Window {
     bool stale_ = true;
     bool captionsStale_ = true;
     HWND button_ = nullptr;
+    WaitPanelAccessibility accessibility_;
     HFONT font_ = nullptr;
     int dpi_ = 96;
 };
