@@ -88,6 +88,9 @@ class Painter {
             const int32_t row = grid_.VisibleRow(position);
             PaintRow(position, row, row == cursor);
         }
+        // Whoever comes in by Tab sees where the keys go, before there is a cursor.
+        if (focused_ && cursor == 0)
+            Frame(dc_, {0, metrics_.headerHeight, client.cx, client.cy}, GetSysColor(COLOR_HIGHLIGHT), 1);
         PaintHeader();
         SelectObject(dc_, before);
     }

@@ -100,6 +100,17 @@ TEST_F(GridPaintingTest, TheCursorsRowIsFramedAndTintedWithTheFocus) {
     EXPECT_EQ(focused.At(200, Cell(2, colName).top), SystemPixel(COLOR_HIGHLIGHT));
 }
 
+TEST_F(GridPaintingTest, TheFocusIsSeenWithoutACursorToo) {
+    const Pixels without = Paint();
+    focused_ = true;
+    const Pixels with = Paint();
+    const POINT edge{area.cx - 1, area.cy / 2};
+    EXPECT_EQ(without.At(edge), SystemPixel(COLOR_WINDOW));
+    EXPECT_EQ(with.At(edge), SystemPixel(COLOR_HIGHLIGHT));
+    grid_.SetCurrentRow(2);
+    EXPECT_EQ(Paint().At(edge), SystemPixel(COLOR_WINDOW)) << "the cursor's row tells now";
+}
+
 TEST_F(GridPaintingTest, ACursorInsideAClosedNodeIsSeenOnTheNode) {
     grid_.SetCurrentRow(3);
     grid_.SetNodeState(2, nodeCollapsed);
