@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "automation/Error.h"
-#include "rows/ReserveOne.h"
+#include "automation/ReserveOne.h"
 
 namespace foldertree {
 
@@ -14,7 +14,7 @@ int32_t ChildIds::IdOf(RowHandle row) {
     if (const uint32_t* const found = places_.Find(row.Hash(), isMeant)) return static_cast<int32_t>(*found);
     if (last_ == std::numeric_limits<int32_t>::max()) throw automation::VbError(automation::errors::outOfMemory);
     places_.Reserve();
-    ReserveOne(entries_);
+    automation::ReserveOne(entries_);
     entries_.push_back({++last_, row});
     places_.Add(row.Hash(), static_cast<uint32_t>(last_));
     return last_;

@@ -53,6 +53,8 @@ class Screen : public GridView {
     bool Shown() const override { return true; }
     int32_t PageRows() const override { return 3; }
     void BringIntoView(int32_t row) override { broughtIntoView.push_back(row); }
+    void Scroll(GridScroll) override {}
+    void Copy(const std::string&) override {}
     void OpenNumberBox(int32_t, const std::string& text) override { box.emplace().text = text; }
     NumberBox* OpenedNumberBox() override { return box ? &*box : nullptr; }
     void CloseNumberBox() override { box.reset(); }
