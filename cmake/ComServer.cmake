@@ -14,6 +14,7 @@ function(foldertree_add_com_server target)
     cmake_path(GET arg_FILE EXTENSION extension)
     add_library(${target} SHARED ${arg_SOURCES}
         "${PROJECT_SOURCE_DIR}/Automation/win32/src/ServerEntryPoints.cpp"
+        "${PROJECT_SOURCE_DIR}/Automation/win32/src/UnwindTables.cpp"
         "${PROJECT_SOURCE_DIR}/cmake/ComServer.def")
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${name} SUFFIX ${extension})
     # On x86 the entry points are stdcall; the fixup finds them under their plain names.
