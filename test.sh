@@ -11,6 +11,8 @@ export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}
 
 prepare_machine
 start_windows win64 win32
+start_job pascal-win64 "$repoRoot/scripts/build-pascal" win64
+start_job pascal-win32 "$repoRoot/scripts/build-pascal" win32
 build_preset native-asan
 finish_windows
 build_preset win64
