@@ -15,6 +15,7 @@ stands, writes a picture of it to build/demo.png, prints the tree and ends.
   --level N          read N levels of folders at once, deeper ones when their node is opened (0: all)
   --mode N           read by way of 0 MAPI tables, 1 RDO objects, 2 Outlook's object model, 3 a CDO session (else 0, or
                      what the demo's last run kept)
+  --x86              the 32-bit demo, in a 32-bit Wine
   --screenshot FILE  run on a hidden screen and write the picture to FILE
   --help             this text
 TEXT
@@ -26,6 +27,7 @@ usage_error() {
     exit 2
 }
 
+build=win64
 stores=()
 level=()
 mode=()
@@ -35,6 +37,11 @@ while (($# > 0)); do
     option=$1
     case $option in
         --help | -h) usage; exit 0 ;;
+        --x86)
+            build=win32
+            shift
+            continue
+            ;;
         --pst | --maildir | --level | --mode | --screenshot)
             (($# > 1)) || usage_error "$option needs a value."
             value=$2
@@ -68,10 +75,12 @@ while (($# > 0)); do
 done
 
 prepare_machine
-build_preset win64 shipped
-prepare_wine
+start_windows "$build"
+finish_windows
+build_preset "$build" shipped
+prepare_wine "$build"
 
-program=$buildRoot/win64/bin/FolderTreeDemo.exe
+program=$buildRoot/$build/bin/FolderTreeDemo.exe
 arguments=(${level[@]+"${level[@]}"} ${mode[@]+"${mode[@]}"})
 for ((i = 0; i < ${#stores[@]}; i += 2)); do
     arguments+=("${stores[i]}" "$(winepath -w "${stores[i + 1]}")")

@@ -1,26 +1,29 @@
 # In-process COM servers.
 #
-# foldertree_add_com_server(target FILE name.ext SOURCES ... LIBS ...)
+# foldertree_add_com_server(target FILE name.ext SOURCES ... LIBS ... [FOR_TESTS])
 #
 # A DLL of the given file name that exports the five entry points of ComServer.def and defines
 # automation::DescribeServer in one of its sources. All COM servers of a build are listed in com-servers.txt of its
-# folder, for whoever registers them.
+# folder, for whoever registers them; those FOR_TESTS are neither listed nor shipped.
 
 set_property(GLOBAL PROPERTY foldertree_com_servers "")
 
 function(foldertree_add_com_server target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FILE" "SOURCES;LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "FOR_TESTS" "FILE" "SOURCES;LIBS")
     cmake_path(GET arg_FILE STEM name)
     cmake_path(GET arg_FILE EXTENSION extension)
     add_library(${target} SHARED ${arg_SOURCES}
         "${PROJECT_SOURCE_DIR}/Automation/win32/src/ServerEntryPoints.cpp"
+        "${PROJECT_SOURCE_DIR}/Automation/win32/src/UnwindTables.cpp"
         "${PROJECT_SOURCE_DIR}/cmake/ComServer.def")
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${name} SUFFIX ${extension})
     # On x86 the entry points are stdcall; the fixup finds them under their plain names.
     target_link_options(${target} PRIVATE -Wl,--enable-stdcall-fixup)
     target_link_libraries(${target} PRIVATE ${arg_LIBS} foldertree_warnings)
-    add_dependencies(shipped ${target})
-    set_property(GLOBAL APPEND PROPERTY foldertree_com_servers "$<TARGET_FILE:${target}>")
+    if(NOT arg_FOR_TESTS)
+        add_dependencies(shipped ${target})
+        set_property(GLOBAL APPEND PROPERTY foldertree_com_servers "$<TARGET_FILE:${target}>")
+    endif()
 endfunction()
 
 function(foldertree_list_com_servers)

@@ -1,11 +1,11 @@
 # libpff::libpff, the library that reads PST files, and libbfio, through which it is handed the file: the system's in
 # native builds, unless Libpff_ROOT names another; for Windows the DLL that scripts/build-libpff leaves in
-# build/libpff-win64. What scripts/build-libpff makes has both in one.
+# build/libpff-win64 or build/libpff-win32. What scripts/build-libpff makes has both in one.
 
 include(FindPackageHandleStandardArgs)
 
 if(WIN32)
-    set(LIBPFF_ROOT "${PROJECT_SOURCE_DIR}/build/libpff-win64" CACHE PATH "Where scripts/build-libpff put libpff")
+    set(LIBPFF_ROOT "${PROJECT_SOURCE_DIR}/build/libpff-${FOLDERTREE_WINDOWS}" CACHE PATH "Where scripts/build-libpff put libpff")
     set(libpff_search PATHS "${LIBPFF_ROOT}" NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
     find_path(LIBPFF_INCLUDE_DIR libpff.h PATH_SUFFIXES include ${libpff_search})
     find_file(LIBPFF_LIBRARY libpff.dll.a PATH_SUFFIXES lib ${libpff_search})
@@ -13,7 +13,7 @@ if(WIN32)
     mark_as_advanced(LIBPFF_DLL)
     find_package_handle_standard_args(Libpff
         REQUIRED_VARS LIBPFF_LIBRARY LIBPFF_DLL LIBPFF_INCLUDE_DIR
-        REASON_FAILURE_MESSAGE "run scripts/build-libpff first")
+        REASON_FAILURE_MESSAGE "run scripts/build-libpff ${FOLDERTREE_WINDOWS} first")
 else()
     find_path(LIBPFF_INCLUDE_DIR libpff.h)
     find_library(LIBPFF_LIBRARY pff)

@@ -6,7 +6,8 @@
 #   any other program whose exit code is the verdict; it runs in the root of the sources;
 #   also in builds without unit tests
 #
-# Test names start with the name of the build ("win64."), since several builds are run in one go.
+# Test names start with the name of the build ("win64."), since several builds are run in one go. A test that ends with
+# exit code 77 is skipped: those of a Windows build do so where there is no Wine that can run them.
 
 enable_testing()
 cmake_path(GET PROJECT_BINARY_DIR FILENAME foldertree_build_name)
@@ -19,6 +20,10 @@ if(FOLDERTREE_TESTS)
         endif()
         set(INSTALL_GTEST OFF)
         add_subdirectory("${FOLDERTREE_GOOGLETEST_SOURCES}" "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+        # Like the tests themselves: built often, run little.
+        foreach(library gtest gtest_main gmock)
+            target_compile_options(${library} PRIVATE -O0)
+        endforeach()
     else()
         find_package(GTest REQUIRED)
         include(GoogleTest)
@@ -30,8 +35,12 @@ function(foldertree_test_properties result timeout usesDisplay)
         set(timeout 300)
     endif()
     set(properties TIMEOUT ${timeout})
+    if(WIN32)
+        list(APPEND properties SKIP_RETURN_CODE 77 ENVIRONMENT FOLDERTREE_WINDOWS=${FOLDERTREE_WINDOWS})
+    endif()
     if(usesDisplay)
-        list(APPEND properties RESOURCE_LOCK display)
+        # One after the other, so begin with them while all other tests can run beside them.
+        list(APPEND properties RESOURCE_LOCK display COST 100)
     endif()
     set(${result} ${properties} PARENT_SCOPE)
 endfunction()

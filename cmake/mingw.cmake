@@ -1,5 +1,5 @@
 # Cross-building for Windows with the static runtime of MinGW-w64; tests run under Wine. Included by the toolchain files,
-# which name the processor.
+# which name the processor and what the scripts call the system (FOLDERTREE_WINDOWS).
 
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_VERSION 6.1)

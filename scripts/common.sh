@@ -28,6 +28,12 @@ at_exit() {
     exitActions+=("$(printf '%q ' "$@")")
 }
 
+# Ends a process that the script has started, if it is still there.
+stop_process() {
+    kill "$1" 2>/dev/null && wait "$1" 2>/dev/null
+    return 0
+}
+
 finish() {
     local status=$? i
     trap - EXIT

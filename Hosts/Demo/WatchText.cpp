@@ -37,6 +37,11 @@ void AppendButton(HWND button, std::string& text) {
                             Text((place.top + place.bottom) / 2)});
 }
 
+BOOL CALLBACK AppendIfPressable(HWND window, LPARAM text) {
+    if (IsPressable(window)) AppendButton(window, *reinterpret_cast<std::string*>(text));
+    return TRUE;
+}
+
 /// Where keys go.
 std::string FocusLine() {
     const HWND focus = GetFocus();
@@ -61,13 +66,7 @@ std::string WatchText(HWND form, HWND control, const TracedTree& tree, const std
     for (const SelectedFolder& folder : selection) {
         text += Line("selected", {Text(folder.index), folder.path, folder.typeName, Text(folder.incomplete)});
     }
-    EnumChildWindows(
-        form,
-        [](HWND child, LPARAM result) -> BOOL {
-            if (IsPressable(child)) AppendButton(child, *reinterpret_cast<std::string*>(result));
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&text));
+    EnumChildWindows(form, AppendIfPressable, reinterpret_cast<LPARAM>(&text));
     return text + FocusLine();
 }
 

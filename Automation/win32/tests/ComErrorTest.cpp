@@ -17,6 +17,12 @@ EXCEPINFO Info(SCODE code, WORD number, const wchar_t* text) {
     return info;
 }
 
+HRESULT WINAPI FillInLate(EXCEPINFO* late) {
+    late->scode = E_ACCESSDENIED;
+    late->bstrDescription = SysAllocString(L"late");
+    return S_OK;
+}
+
 TEST(ComError, TheScodeAndTheDescriptionOfAnExceptionAreKept) {
     EXCEPINFO info = Info(static_cast<SCODE>(0x8004010F), 0, L"Nicht gefunden \x2013 1");
     const Error error = FromExcepInfo(DISP_E_EXCEPTION, info);
@@ -34,11 +40,7 @@ TEST(ComError, ACodeWithoutAnScodeIsOneOfVisualBasics) {
 
 TEST(ComError, AnExceptionThatIsFilledInLateIsFilledIn) {
     EXCEPINFO info{};
-    info.pfnDeferredFillIn = [](EXCEPINFO* late) -> HRESULT {
-        late->scode = E_ACCESSDENIED;
-        late->bstrDescription = SysAllocString(L"late");
-        return S_OK;
-    };
+    info.pfnDeferredFillIn = FillInLate;
     const Error error = FromExcepInfo(DISP_E_EXCEPTION, info);
     EXPECT_EQ(error.Number(), 0x80070005u);
     EXPECT_EQ(error.Text(), "late");

@@ -20,6 +20,8 @@ const std::wstring thingKey = L"CLSID\\{5B8F0A53-6A5B-4B3E-9F0A-1F6C7F4F2C55}";
 const std::wstring libraryKey = L"TypeLib\\{83C9DF11-86B2-486C-8938-FDBE4FB73824}";
 const std::wstring interfaceKey = L"Interface\\{CC6E3BC3-B24E-4A69-8B4B-B1F7A73D03FF}";
 const std::wstring eventsKey = L"Interface\\{797961C4-4D9B-4EED-85B0-960B84BAA990}";
+const std::wstring thisSystem = sizeof(void*) == 8 ? L"win64" : L"win32";
+const std::wstring otherSystem = sizeof(void*) == 8 ? L"win32" : L"win64";
 
 ComServer Server() {
     ServerClass thing;
@@ -143,7 +145,7 @@ TEST(ComServer, RegistrationForTheUserWritesAllKeys) {
     EXPECT_EQ(UserValue(thingKey + L"\\MiscStatus\\1"), L"131473");
     EXPECT_EQ(UserValue(thingKey + L"\\ToolboxBitmap32"), ProgramPath() + L", 101");
     EXPECT_EQ(UserValue(libraryKey + L"\\1.2"), L"Registration test library");
-    EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\win64"), ProgramPath());
+    EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\" + thisSystem), ProgramPath());
     EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\FLAGS"), L"0");
     EXPECT_EQ(UserValue(interfaceKey), L"ITestThing");
     EXPECT_EQ(UserValue(interfaceKey + L"\\ProxyStubClsid32"), L"{00020424-0000-0000-C000-000000000046}");
@@ -167,13 +169,13 @@ TEST(ComServer, RemovalOfWhatIsNotThereIsNoFailure) {
 
 TEST(ComServer, RemovalLeavesTheLibraryOfTheOtherProcessor) {
     const ComServer server = Server();
-    const std::wstring other = L"Software\\Classes\\" + libraryKey + L"\\1.2\\0\\win32";
+    const std::wstring other = L"Software\\Classes\\" + libraryKey + L"\\1.2\\0\\" + otherSystem;
     ASSERT_EQ(server.Register(RegistryScope::User), S_OK);
     ASSERT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, other.c_str(), nullptr, REG_SZ, L"other", 6 * sizeof(wchar_t)),
               ERROR_SUCCESS);
     ASSERT_EQ(server.Unregister(RegistryScope::User), S_OK);
-    EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\win32"), L"other");
-    EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\win64"), L"(missing)");
+    EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\" + otherSystem), L"other");
+    EXPECT_EQ(UserValue(libraryKey + L"\\1.2\\0\\" + thisSystem), L"(missing)");
     RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Classes\\" + libraryKey).c_str());
     EXPECT_EQ(server.Unregister(RegistryScope::User), S_OK);  // takes the empty folder too
 }

@@ -105,7 +105,7 @@ TEST_F(PstDamage, FileThatTakesTooMuchMemoryIsRefusedWithItsNameHoweverFarItIsRe
     static size_t left = 0;
     PstLimits limits;
     limits.memoryInUse = []() noexcept -> size_t {
-        if (left == 0) return size_t{5} << 30;
+        if (left == 0) return size_t{3} << 30;
         --left;
         return 1000;
     };

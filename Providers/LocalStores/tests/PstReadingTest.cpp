@@ -28,12 +28,12 @@ TEST(PstReading, AfterALimitEveryFailureIsTheLimit) {
 
 TEST(PstReading, MemoryThatWasInUseBeforeDoesNotCount) {
     static size_t inUse = 0;
-    inUse = size_t{3} << 30;
+    inUse = size_t{2} << 30;
     PstReading reading("a.pst", {.memoryInUse = []() noexcept { return inUse; }});
     EXPECT_FALSE(reading.IsSpent());
-    inUse -= size_t{2} << 30;
+    inUse -= size_t{1} << 30;
     EXPECT_FALSE(reading.IsSpent()) << "others may give memory back meanwhile";
-    inUse += size_t{4} << 30;
+    inUse += size_t{5} << 29;
     EXPECT_TRUE(reading.IsSpent());
     inUse = 0;
     EXPECT_TRUE(reading.IsSpent()) << "it stays so";

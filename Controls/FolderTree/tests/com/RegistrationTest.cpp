@@ -99,7 +99,8 @@ class Registration : public ::testing::Test {
         EXPECT_THAT(keys, Contains(Key(control + "\\Control")));
         EXPECT_THAT(keys, Contains(Pair(control + "\\MiscStatus\\1", "131473")));
         EXPECT_THAT(keys, Contains(Pair(control + "\\ToolboxBitmap32", HasSubstr("FolderTree.ocx, "))));
-        EXPECT_THAT(keys, Contains(Pair(library + "\\1.0\\0\\win64", HasSubstr("FolderTree.ocx"))));
+        const std::string system = sizeof(void*) == 8 ? "win64" : "win32";
+        EXPECT_THAT(keys, Contains(Pair(library + "\\1.0\\0\\" + system, HasSubstr("FolderTree.ocx"))));
         for (const auto& [path, text] : keys) EXPECT_THAT(path, ::testing::Not(HasSubstr("Implemented Categories")));
     }
 

@@ -23,7 +23,7 @@ using automation::testing::MemoryPlan;
 DWORD GdiObjects() {
     GdiFlush();
     if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); counted != 0) return counted;
-    constexpr size_t tableInProcess = 0xF8;
+    constexpr size_t tableInProcess = sizeof(void*) == 8 ? 0xF8 : 0x94;
     constexpr size_t entrySize = 24;
     constexpr size_t typeInEntry = 14;
     constexpr size_t entries = 0x4000;
