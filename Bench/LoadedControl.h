@@ -19,6 +19,7 @@ class CountingPlatform : public QuietPlatform, public automation::ObjectFactory 
         ++yields;
         if (onYield) onYield();
     }
+    bool TraceIsHeard() override { return true; }
     void TraceLine(std::string_view line) override {
         ++lines;
         bytes += line.size();

@@ -214,19 +214,7 @@ bool StartsWithBaseLetters(std::string_view text, std::string_view start) {
 std::u16string ToUtf16(std::string_view text) {
     std::u16string result;
     result.reserve(text.size());
-    for (size_t position = 0; position < text.size();) {
-        if (IsAscii(text[position])) {
-            result.push_back(static_cast<char16_t>(text[position++]));
-            continue;
-        }
-        const char32_t character = NextCharacter(text, position);
-        if (character < 0x10000) {
-            result.push_back(static_cast<char16_t>(character));
-        } else {
-            result.push_back(static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)));
-            result.push_back(static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF)));
-        }
-    }
+    ForEachUtf16Unit(text, [&](char16_t unit) { result.push_back(unit); });
     return result;
 }
 

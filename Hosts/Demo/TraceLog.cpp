@@ -48,6 +48,8 @@ bool TraceLog::Start(const std::wstring& file) {
         file_ = _wfopen(file.c_str(), L"wb");
         if (file_ == nullptr) return false;
     }
+    // A handler inside the process is a receiver that the control cannot see.
+    SetEnvironmentVariableW(L"FOLDERTREE_TRACE", L"always");
     handler_ = AddVectoredExceptionHandler(1, OnException);
     return handler_ != nullptr;
 }

@@ -7,7 +7,6 @@
 #include "noxmapi/NOXMAPIUtils.h"
 
 void ConsolePlatform::TraceLine(std::string_view line) {
-    if (!trace_) return;
     std::fwrite(line.data(), 1, line.size(), stderr);
     std::fputc('\n', stderr);
 }

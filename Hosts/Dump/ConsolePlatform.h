@@ -9,6 +9,7 @@ class ConsolePlatform : public foldertree::QuietPlatform {
   public:
     explicit ConsolePlatform(bool trace) : trace_(trace) {}
 
+    bool TraceIsHeard() override { return trace_; }
     void TraceLine(std::string_view line) override;
 
   private:

@@ -37,6 +37,19 @@ char32_t BaseLetter(char32_t character);
 /// the first letter that differs.
 bool StartsWithBaseLetters(std::string_view text, std::string_view start);
 
+/// Calls `put(char16_t)` for each unit of the text's UTF-16.
+template <class Put>
+void ForEachUtf16Unit(std::string_view text, Put&& put) {
+    for (size_t position = 0; position < text.size();) {
+        const char32_t character = NextCharacter(text, position);
+        if (character < 0x10000) {
+            put(static_cast<char16_t>(character));
+        } else {
+            put(static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)));
+            put(static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF)));
+        }
+    }
+}
 /// UTF-16 and back. Lone surrogates survive both ways.
 std::u16string ToUtf16(std::string_view text);
 std::string FromUtf16(std::u16string_view text);

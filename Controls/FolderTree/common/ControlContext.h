@@ -33,9 +33,10 @@ class ControlContext {
     void Detach();
     bool Closed() const { return closed_; }
 
-    /// Writes "ctlFolderTree: " and the parts (texts and numbers) as one line. Always on.
+    /// Writes "ctlFolderTree: " and the parts (texts and numbers) as one line, for whoever may receive it.
     template <class... Parts>
     void Trace(const Parts&... parts) {
+        if (!platform_->TraceIsHeard()) return;
         line_.resize(tracePrefix.size());
         (Append(parts), ...);
         platform_->TraceLine(line_);

@@ -39,6 +39,9 @@ class ControlPlatform {
     /// Tells the container that the named property must be saved.
     virtual void PropertyChanged(std::string_view name) = 0;
 
+    /// Whether anybody can receive a trace line now. One that nobody can is not put together: in a load the trace is
+    /// more work than the tree.
+    virtual bool TraceIsHeard() = 0;
     /// One finished trace line for the debugger output. UTF-8, without a line end.
     virtual void TraceLine(std::string_view line) = 0;
 };

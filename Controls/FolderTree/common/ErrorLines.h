@@ -17,6 +17,7 @@ struct ErrorLine {
 namespace errorLines {
 // The control's properties and life
 inline constexpr ErrorLine initialize{"Error in ctlFolderTree.UserControl_Initialize ("};
+inline constexpr ErrorLine trace{"Error in ctlFolderTree.Trace ("};
 inline constexpr ErrorLine initProperties{"Error in ctlFolderTree.UserControl_InitProperties ("};
 inline constexpr ErrorLine readProperties{"Error in ctlFolderTree.UserControl_ReadProperties ("};
 inline constexpr ErrorLine writeProperties{"Error in ctlFolderTree.UserControl_WriteProperties ("};

@@ -19,6 +19,7 @@ class QuietPlatform : public ControlPlatform {
     int TwipsPerPixel() override { return 15; }  // 96 pixels an inch
     void RaiseChanged() override {}
     void PropertyChanged(std::string_view) override {}
+    bool TraceIsHeard() override { return false; }
     void TraceLine(std::string_view) override {}
 };
 

@@ -78,6 +78,7 @@ class World : private ControlPlatform, private CallSink {
     int TwipsPerPixel() override { return 15; }
     void RaiseChanged() override;
     void PropertyChanged(std::string_view name) override;
+    bool TraceIsHeard() override { return true; }
     void TraceLine(std::string_view line) override;
     // CallSink
     void Called(const std::string& object, std::string_view member) override;

@@ -33,6 +33,7 @@ class FakePlatform : public ControlPlatform {
     double highestMaximum = 0;
     std::vector<std::string> changedProperties;
     std::vector<std::string> lines;  ///< trace lines as they come
+    bool traceIsHeard = true;
     /// Set by a test that closes the control: calls that come afterwards are counted.
     bool closed = false;
     int callsAfterClose = 0;
@@ -54,6 +55,7 @@ class FakePlatform : public ControlPlatform {
     int TwipsPerPixel() override;
     void RaiseChanged() override;
     void PropertyChanged(std::string_view name) override;
+    bool TraceIsHeard() override { return traceIsHeard; }
     void TraceLine(std::string_view line) override;
 
   private:

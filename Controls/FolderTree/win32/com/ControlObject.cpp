@@ -27,6 +27,10 @@ ControlObject::~ControlObject() {
     End();
 }
 
+void ControlObject::Hold() noexcept {
+    if (uses_++ == 0) platform_->CallBegins();
+}
+
 void ControlObject::LetGo() noexcept {
     if (--uses_ == 0 && references_ == 0) delete this;
 }

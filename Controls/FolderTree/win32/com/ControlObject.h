@@ -57,7 +57,7 @@ class ControlObject final : public IUnknown, private WindowKeeper {
     ControlObject();
     ~ControlObject();
 
-    void Hold() noexcept override { ++uses_; }
+    void Hold() noexcept override;
     void LetGo() noexcept override;
 
     const automation::ModuleLock lock_;

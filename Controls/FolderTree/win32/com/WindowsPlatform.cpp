@@ -21,14 +21,6 @@ namespace {
 
 constexpr DISPID changedEvent = 1;
 
-std::string ToAnsi(std::wstring_view text) {
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string ansi(static_cast<size_t>(std::max(size, 0)), '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), length, ansi.data(), size, nullptr, nullptr);
-    return ansi;
-}
-
 /// DISPID_UNKNOWN, which means "any property", when no member has the name.
 DISPID PropertyId(std::string_view name) {
     const MemberInfo* const member = FindMember(name);
@@ -132,10 +124,6 @@ void WindowsPlatform::PropertyChanged(std::string_view name) noexcept {
     object_.Interfaces().connectionPoints.propertyNotifications.ForEachSink(
         [property](IUnknown& sink) { static_cast<IPropertyNotifySink&>(sink).OnChanged(property); });
     object_.Interfaces().view.SendViewChange();
-}
-
-void WindowsPlatform::TraceLine(std::string_view line) noexcept {
-    NoThrow([line] { OutputDebugStringA(ToAnsi(ToWide(line)).c_str()); });
 }
 
 }  // namespace foldertree

@@ -5,6 +5,7 @@
 
 #include "automation_win32/ComObjectFactory.h"
 #include "common/ControlPlatform.h"
+#include "win32/com/TraceChannel.h"
 #include "win32/window/ControlWindow.h"
 
 namespace foldertree {
@@ -19,6 +20,8 @@ class WindowsPlatform final : public ControlPlatform {
     WindowsPlatform& operator=(const WindowsPlatform&) = delete;
 
     automation::ObjectFactory& Factory() { return factory_; }
+    /// A call from outside begins: who hears the trace is asked anew.
+    void CallBegins() noexcept { trace_.AskAnew(); }
     /// From now on there is a window to show things in. The core is made before its window.
     void Attach(ControlWindow& window) { window_ = &window; }
 
@@ -36,12 +39,14 @@ class WindowsPlatform final : public ControlPlatform {
     int TwipsPerPixel() noexcept override;
     void RaiseChanged() noexcept override;
     void PropertyChanged(std::string_view name) noexcept override;
-    void TraceLine(std::string_view line) noexcept override;
+    bool TraceIsHeard() noexcept override { return trace_.IsHeard(); }
+    void TraceLine(std::string_view line) noexcept override { trace_.Write(line); }
 
   private:
     ControlObject& object_;
     ControlWindow* window_ = nullptr;
     automation::ComObjectFactory factory_;
+    TraceChannel trace_;
     int freezes_ = 0;
     bool heldBack_ = false;
 };
