@@ -27,6 +27,7 @@ HRESULT ControlInPlaceObject::Activate() {
     if (object_.Ended() || leaving_) return OLE_E_NOT_INPLACEACTIVE;
     // From here on the container's calls may deactivate or end the control; there is no site any more then.
     site_ = site;
+    object_.running = true;
     HRESULT result = site->OnInPlaceActivate();
     if (FAILED(result)) {
         site_ = nullptr;

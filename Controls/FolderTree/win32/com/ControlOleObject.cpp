@@ -1,9 +1,13 @@
 // ControlOleObject: IOleObject of the control.
 #include "win32/com/ControlOleObject.h"
 
+#include <utility>
+
 #include "FolderTree.idl.h"
+#include "win32/com/ControlDescription.h"
 #include "win32/com/ControlInterfaces.h"
 #include "win32/com/ControlObject.h"
+#include "win32/com/GivenText.h"
 
 namespace foldertree {
 
@@ -31,16 +35,25 @@ HRESULT ControlOleObject::SetHostNames(LPCOLESTR, LPCOLESTR) {
 void ControlOleObject::SaveIfAsked(DWORD saveOption) {
     if (saveOption == OLECLOSE_NOSAVE || !object_.dirty || object_.Site().Get() == nullptr) return;
     const automation::ComPtr<IOleClientSite> site = object_.Site().Get();
-    site->SaveObject();
+    if (FAILED(site->SaveObject())) return;
+    const automation::ComPtr<IOleAdviseHolder> advises = advises_;
+    if (advises != nullptr) advises->SendOnSave();
 }
 
 HRESULT ControlOleObject::Close(DWORD saveOption) {
     const ControlObject::Use use(object_);
+    // Asked to save, or told that the control closes, a container may ask again.
+    if (std::exchange(closing_, true)) return S_OK;
+    CloseOnce(saveOption);
+    closing_ = false;
+    return S_OK;
+}
+
+void ControlOleObject::CloseOnce(DWORD saveOption) {
     SaveIfAsked(saveOption);
-    object_.End();
+    object_.StopRunning();
     const automation::ComPtr<IOleAdviseHolder> advises = advises_;
     if (advises != nullptr) advises->SendOnClose();
-    return S_OK;
 }
 
 HRESULT ControlOleObject::SetMoniker(DWORD, IMoniker*) {
@@ -104,7 +117,11 @@ HRESULT ControlOleObject::GetUserClassID(CLSID* clsid) {
 }
 
 HRESULT ControlOleObject::GetUserType(DWORD form, LPOLESTR* name) {
-    return OleRegGetUserType(__uuidof(::ctlFolderTree), form, name);
+    if (name == nullptr) return E_POINTER;
+    *name = nullptr;
+    if (form < USERCLASSTYPE_FULL || form > USERCLASSTYPE_APPNAME) return E_INVALIDARG;
+    const std::wstring_view text = form == USERCLASSTYPE_FULL ? controlTitle : controlShortTitle;
+    return GiveText(text, name);
 }
 
 HRESULT ControlOleObject::SetExtent(DWORD aspect, SIZEL* extent) {

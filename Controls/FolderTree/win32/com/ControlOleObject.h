@@ -11,11 +11,6 @@ namespace foldertree {
 
 class ControlObject;
 
-/// The control's OLEMISC flags, as they are registered: it is active in place whenever it is visible, paints itself
-/// anew at every size, and wants its site before its settings, since its font comes from there.
-inline constexpr DWORD controlMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
-                                           OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
-
 class ControlOleObject final : public ComPart<IOleObject> {
   public:
     explicit ControlOleObject(ControlObject& object);
@@ -44,9 +39,11 @@ class ControlOleObject final : public ComPart<IOleObject> {
 
   private:
     void SaveIfAsked(DWORD saveOption);
+    void CloseOnce(DWORD saveOption);
 
     ControlObject& object_;
     automation::ComPtr<IOleAdviseHolder> advises_;
+    bool closing_ = false;
     SIZEL extent_ = {6615, 7938};  // 250 x 300 pixels at 96 dots per inch
 };
 
