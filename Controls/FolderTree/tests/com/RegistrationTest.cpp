@@ -98,6 +98,7 @@ class Registration : public ::testing::Test {
         EXPECT_THAT(keys, Contains(Pair(control + "\\ProgID", "FolderTree.ctlFolderTree")));
         EXPECT_THAT(keys, Contains(Key(control + "\\Control")));
         EXPECT_THAT(keys, Contains(Pair(control + "\\MiscStatus\\1", "131473")));
+        EXPECT_THAT(keys, Contains(Pair(control + "\\Verb\\0", "&Edit,0,2")));
         EXPECT_THAT(keys, Contains(Pair(control + "\\ToolboxBitmap32", HasSubstr("FolderTree.ocx, "))));
         EXPECT_THAT(keys, Contains(Pair(library + "\\1.0\\0\\win64", HasSubstr("FolderTree.ocx"))));
         for (const auto& [path, text] : keys) EXPECT_THAT(path, ::testing::Not(HasSubstr("Implemented Categories")));

@@ -15,4 +15,11 @@ inline constexpr wchar_t controlShortTitle[] = L"FolderTree";
 inline constexpr DWORD controlMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
                                            OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
 
+/// What a container's menu offers for the control.
+struct ControlVerb {
+    LONG number;
+    const wchar_t* name;
+};
+inline constexpr ControlVerb controlVerbs[] = {{OLEIVERB_PRIMARY, L"&Edit"}};
+
 }  // namespace foldertree

@@ -3,13 +3,18 @@
 
 #include "win32/com/ControlClassInfo.h"
 #include "win32/com/ControlConnectionPoints.h"
+#include "win32/com/ControlDataObject.h"
 #include "win32/com/ControlDispatch.h"
 #include "win32/com/ControlInPlaceActiveObject.h"
 #include "win32/com/ControlInPlaceObject.h"
 #include "win32/com/ControlOleControl.h"
 #include "win32/com/ControlOleObject.h"
+#include "win32/com/ControlPersistMemory.h"
 #include "win32/com/ControlPersistPropertyBag.h"
+#include "win32/com/ControlPersistStorage.h"
 #include "win32/com/ControlPersistStreamInit.h"
+#include "win32/com/ControlQuickActivate.h"
+#include "win32/com/ControlRunnableObject.h"
 #include "win32/com/ControlViewObject.h"
 
 namespace foldertree {
@@ -30,6 +35,11 @@ class ControlInterfaces {
     ControlViewObject view;
     ControlPersistPropertyBag propertyBag;
     ControlPersistStreamInit stream;
+    ControlPersistStorage storage;
+    ControlPersistMemory memory;
+    ControlRunnableObject runnable;
+    ControlQuickActivate quickActivate;
+    ControlDataObject data;
     ControlConnectionPoints connectionPoints;
     ControlClassInfo classInfo;
 };

@@ -1,15 +1,31 @@
 // ControlOleObject: IOleObject of the control.
 #include "win32/com/ControlOleObject.h"
 
+#include <iterator>
 #include <utility>
 
 #include "FolderTree.idl.h"
+#include "automation_win32/ComError.h"
 #include "win32/com/ControlDescription.h"
 #include "win32/com/ControlInterfaces.h"
 #include "win32/com/ControlObject.h"
 #include "win32/com/GivenText.h"
+#include "win32/com/ListEnumerator.h"
 
 namespace foldertree {
+
+namespace {
+
+/// The caller frees the name; without memory for it the verb has none.
+OLEVERB GiveVerb(const ControlVerb& verb) {
+    OLEVERB given = {verb.number, nullptr, MF_STRING, OLEVERBATTRIB_ONCONTAINERMENU};
+    GiveText(verb.name, &given.lpszVerbName);
+    return given;
+}
+
+using VerbEnumerator = ListEnumerator<IEnumOLEVERB, IID_IEnumOLEVERB, ControlVerb, OLEVERB, GiveVerb>;
+
+}  // namespace
 
 ControlOleObject::ControlOleObject(ControlObject& object) : ComPart(object), object_(object) {}
 
@@ -35,7 +51,10 @@ HRESULT ControlOleObject::SetHostNames(LPCOLESTR, LPCOLESTR) {
 void ControlOleObject::SaveIfAsked(DWORD saveOption) {
     if (saveOption == OLECLOSE_NOSAVE || !object_.dirty || object_.Site().Get() == nullptr) return;
     const automation::ComPtr<IOleClientSite> site = object_.Site().Get();
-    if (FAILED(site->SaveObject())) return;
+    site->SaveObject();
+}
+
+void ControlOleObject::SendSaved() {
     const automation::ComPtr<IOleAdviseHolder> advises = advises_;
     if (advises != nullptr) advises->SendOnSave();
 }
@@ -52,6 +71,7 @@ HRESULT ControlOleObject::Close(DWORD saveOption) {
 void ControlOleObject::CloseOnce(DWORD saveOption) {
     SaveIfAsked(saveOption);
     object_.StopRunning();
+    object_.Interfaces().data.SendDataChange(ADVF_DATAONSTOP);
     const automation::ComPtr<IOleAdviseHolder> advises = advises_;
     if (advises != nullptr) advises->SendOnClose();
 }
@@ -99,7 +119,10 @@ HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, L
 HRESULT ControlOleObject::EnumVerbs(IEnumOLEVERB** verbs) {
     if (verbs == nullptr) return E_POINTER;
     *verbs = nullptr;
-    return OLEOBJ_E_NOVERBS;
+    return automation::ComBoundary([&] {
+        *verbs = new VerbEnumerator({std::begin(controlVerbs), std::end(controlVerbs)});
+        return S_OK;
+    });
 }
 
 HRESULT ControlOleObject::Update() {

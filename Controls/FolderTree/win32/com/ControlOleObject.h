@@ -15,6 +15,9 @@ class ControlOleObject final : public ComPart<IOleObject> {
   public:
     explicit ControlOleObject(ControlObject& object);
 
+    /// Tells the container's sinks that the control was saved.
+    void SendSaved();
+
     STDMETHOD(SetClientSite)(IOleClientSite* site) override;
     STDMETHOD(GetClientSite)(IOleClientSite** site) override;
     STDMETHOD(SetHostNames)(LPCOLESTR application, LPCOLESTR document) override;

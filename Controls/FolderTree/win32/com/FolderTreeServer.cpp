@@ -8,15 +8,32 @@
 #include "win32/com/ControlObject.h"
 #include "win32/com/FolderTreeItem.h"
 
+namespace {
+
+std::vector<automation::ServerVerb> Verbs() {
+    std::vector<automation::ServerVerb> verbs;
+    for (const foldertree::ControlVerb& verb : foldertree::controlVerbs) verbs.push_back({verb.number, verb.name});
+    return verbs;
+}
+
+}  // namespace
+
 automation::ComServer automation::DescribeServer(HMODULE module) {
     constexpr WORD toolbarBitmap = 1;
     foldertree::RegisterItemClass();
     return {
         module,
         true,
-        {{__uuidof(ctlFolderTree), L"FolderTree.ctlFolderTree", foldertree::controlTitle,
-          [] { return foldertree::ControlObject::Create(); }, foldertree::controlMiscStatus, toolbarBitmap},
-         {__uuidof(clsFolderTreeItem), L"FolderTree.clsFolderTreeItem", L"FolderTree item",
-          [] { return ToCom(std::make_shared<foldertree::clsFolderTreeItem>()); }}},
+        {{.clsid = __uuidof(ctlFolderTree),
+          .progId = L"FolderTree.ctlFolderTree",
+          .title = foldertree::controlTitle,
+          .make = [] { return foldertree::ControlObject::Create(); },
+          .miscStatus = foldertree::controlMiscStatus,
+          .toolbarBitmap = toolbarBitmap,
+          .verbs = Verbs()},
+         {.clsid = __uuidof(clsFolderTreeItem),
+          .progId = L"FolderTree.clsFolderTreeItem",
+          .title = L"FolderTree item",
+          .make = [] { return ToCom(std::make_shared<foldertree::clsFolderTreeItem>()); }}},
     };
 }
