@@ -188,6 +188,86 @@ TEST(ViewObject, IsOpaqueAndHitWhereItIs) {
     EXPECT_EQ(view->GetNaturalExtent(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, &extent), E_NOTIMPL);
 }
 
+// ---- Printing
+
+/// A device context of a bitmap, filled with white.
+class Paper {
+  public:
+    Paper(int width, int height) : dc_(CreateCompatibleDC(nullptr)), width_(width), height_(height) {
+        BITMAPINFO info = {};
+        info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits_), nullptr, 0);
+        before_ = SelectObject(dc_, bitmap_);
+        PatBlt(dc_, 0, 0, width, height, WHITENESS);
+    }
+    ~Paper() {
+        SelectObject(dc_, before_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    Paper(const Paper&) = delete;
+    Paper& operator=(const Paper&) = delete;
+
+    HDC Dc() const { return dc_; }
+    uint32_t At(int x, int y) const { return bits_[y * width_ + x] & 0xFFFFFF; }
+    /// How often the colour changes from the top to the bottom.
+    int ChangesDown(int x) const {
+        int changes = 0;
+        for (int y = 1; y < height_; ++y) changes += At(x, y) != At(x, y - 1);
+        return changes;
+    }
+
+  private:
+    HDC dc_;
+    int width_;
+    int height_;
+    uint32_t* bits_ = nullptr;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ before_ = nullptr;
+};
+
+HRESULT DrawOn(const ComPtr<_ctlFolderTree>& control, HDC dc, RECTL bounds, HDC target = nullptr) {
+    return As<IViewObject>(control)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, target, dc, &bounds, nullptr, nullptr,
+                                          0);
+}
+
+TEST(Printing, ShowsAsManyRowsOnAFinePageAsOnTheScreen) {
+    const auto control = LoadedControl();
+    SIZEL extent = {10583, 7938};  // 400 x 300 pixels on the screen
+    ASSERT_EQ(As<IOleObject>(control)->SetExtent(DVASPECT_CONTENT, &extent), S_OK);
+    const Paper screen(400, 300);
+    ASSERT_EQ(DrawOn(control, screen.Dc(), {0, 0, 400, 300}), S_OK);
+    const Paper page(2500, 1875);
+    ASSERT_EQ(DrawOn(control, page.Dc(), {0, 0, 2500, 1875}), S_OK);
+    EXPECT_GT(screen.ChangesDown(380), 20);
+    EXPECT_NEAR(page.ChangesDown(2375), screen.ChangesDown(380), 4);
+}
+
+TEST(Printing, RefusesBoundsWithoutAnArea) {
+    const auto control = LoadedControl();
+    const Paper page(50, 50);
+    EXPECT_EQ(DrawOn(control, page.Dc(), {10, 10, 10, 40}), E_INVALIDARG);
+    EXPECT_EQ(DrawOn(control, page.Dc(), {10, 10, 40, 10}), E_INVALIDARG);
+    EXPECT_EQ(DrawOn(control, nullptr, {0, 0, 40, 10}), E_INVALIDARG);
+    EXPECT_EQ(page.ChangesDown(20), 0);
+}
+
+BOOL STDMETHODCALLTYPE Stop(ULONG_PTR calls) {
+    ++*reinterpret_cast<int*>(calls);
+    return FALSE;
+}
+
+TEST(Printing, EndsWhereItsContainerSaysSo) {
+    const auto control = LoadedControl();
+    const Paper page(50, 50);
+    const RECTL bounds = {0, 0, 50, 50};
+    int calls = 0;
+    EXPECT_EQ(As<IViewObject>(control)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, page.Dc(), &bounds,
+                                             nullptr, Stop, reinterpret_cast<ULONG_PTR>(&calls)),
+              E_ABORT);
+    EXPECT_EQ(calls, 1);
+}
+
 // ---- Pictures
 
 FORMATETC Format(CLIPFORMAT format, DWORD medium) {

@@ -152,6 +152,7 @@ HRESULT ControlOleObject::SetExtent(DWORD aspect, SIZEL* extent) {
     if (extent == nullptr) return E_POINTER;
     if (extent->cx < 0 || extent->cy < 0) return E_INVALIDARG;
     extent_ = *extent;
+    extentSet_ = true;
     return S_OK;
 }
 

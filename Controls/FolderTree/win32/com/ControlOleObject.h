@@ -15,6 +15,8 @@ class ControlOleObject final : public ComPart<IOleObject> {
   public:
     explicit ControlOleObject(ControlObject& object);
 
+    /// The size that the container has set, in hundredths of a millimetre; none (0) before.
+    SIZEL ExtentOfContainer() const { return extentSet_ ? extent_ : SIZEL{0, 0}; }
     /// Tells the container's sinks that the control was saved.
     void SendSaved();
 
@@ -48,6 +50,7 @@ class ControlOleObject final : public ComPart<IOleObject> {
     automation::ComPtr<IOleAdviseHolder> advises_;
     bool closing_ = false;
     SIZEL extent_ = {6615, 7938};  // 250 x 300 pixels at 96 dots per inch
+    bool extentSet_ = false;
 };
 
 }  // namespace foldertree

@@ -18,22 +18,31 @@ void ControlViewObject::SendViewChange() {
     sink->OnViewChange(DVASPECT_CONTENT, -1);
 }
 
-HRESULT ControlViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC dc, LPCRECTL bounds, LPCRECTL,
-                                BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
+HRESULT ControlViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC target, HDC dc, LPCRECTL bounds,
+                                LPCRECTL, BOOL(STDMETHODCALLTYPE* goesOn)(ULONG_PTR), ULONG_PTR argument) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (bounds == nullptr || dc == nullptr) return E_INVALIDARG;
     const ControlObject::Use use(object_);
     return automation::ComBoundary([&] {
-        object_.Window().Draw(dc, {bounds->left, bounds->top, bounds->right, bounds->bottom});
-        return S_OK;
+        const RECT place{bounds->left, bounds->top, bounds->right, bounds->bottom};
+        const PictureScale scale = PictureScale::For(dc, target, place, NaturalSize());
+        return object_.Window().Draw(dc, place, scale, [&] { return goesOn == nullptr || goesOn(argument) != FALSE; });
     });
 }
 
 HRESULT ControlViewObject::DrawScreenPicture(HDC dc, const RECT& area) {
-    return automation::ComBoundary([&] {
-        object_.Window().Draw(dc, area);
-        return S_OK;
-    });
+    return automation::ComBoundary([&] { return object_.Window().Draw(dc, area); });
+}
+
+// What the container shows on the screen, else what it has set; none where it has said nothing.
+SIZE ControlViewObject::NaturalSize() const {
+    RECT place = {};
+    const HWND window = object_.Window().Handle();
+    if (window == nullptr || !GetWindowRect(window, &place)) return object_.Interfaces().oleObject.ExtentOfContainer();
+    constexpr int hundredthsPerInch = 2540;
+    const int dpi = DpiOf(window);
+    return {MulDiv(place.right - place.left, hundredthsPerInch, dpi),
+            MulDiv(place.bottom - place.top, hundredthsPerInch, dpi)};
 }
 
 SIZE ControlViewObject::PixelsOf(SIZEL size) {

@@ -41,6 +41,8 @@ class ControlViewObject final : public ComPart<IViewObjectEx> {
     (DWORD aspect, LONG index, DVTARGETDEVICE* device, HDC target, DVEXTENTINFO* info, LPSIZEL extent) override;
 
   private:
+    SIZE NaturalSize() const;
+
     ControlObject& object_;
     automation::ComPtr<IAdviseSink> sink_;
     DWORD aspects_ = 0;

@@ -5,6 +5,7 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <climits>
 
 #include "FakeContainer.h"
 #include "FolderTree.idl.h"
@@ -172,6 +173,20 @@ TEST(PlacedControl, CanBeActivatedAgainAfterItWasClosed) {
         EXPECT_EQ(placed.Window(), nullptr);
         EXPECT_EQ(placed.Calls().back(), "OnInPlaceDeactivate");
     }
+}
+
+TEST(PlacedControl, RefusesAPlaceOfNegativeSizeAndKeepsItsOwn) {
+    Placed placed;
+    ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    RECT before = {};
+    GetWindowRect(placed.Window(), &before);
+    for (const RECT place : {RECT{10, 10, 5, 20}, RECT{10, 10, 20, 5}, RECT{INT_MAX, 0, INT_MIN, 10}})
+        EXPECT_EQ(placed.Raw<IOleInPlaceObject>()->SetObjectRects(&place, &place), E_INVALIDARG);
+    RECT after = {};
+    GetWindowRect(placed.Window(), &after);
+    EXPECT_TRUE(EqualRect(&before, &after));
+    const RECT nothing = {10, 10, 10, 10};
+    EXPECT_EQ(placed.Raw<IOleInPlaceObject>()->SetObjectRects(&nothing, &nothing), S_OK);
 }
 
 TEST(PlacedControl, IsSavedOnceWhereItsContainerClosesItInTheMiddleOfThat) {

@@ -9,6 +9,7 @@
 #include "win32/Window.h"
 #include "win32/window/Icons.h"
 #include "win32/window/InputClock.h"
+#include "win32/window/PictureScale.h"
 #include "win32/window/WaitPanel.h"
 
 namespace foldertree {
@@ -60,8 +61,11 @@ class ControlWindow : public Window {
     /// wherever the focus is in the same top-level window: whoever pumps messages during a load asks here first.
     bool TranslateAccelerator(MSG& message);
 
-    /// Draws the control into `bounds` (logical units of `dc`), with or without a window.
-    void Draw(HDC dc, const RECT& bounds);
+    /// Draws the control into `bounds` (logical units of `dc`), with or without a window, as large as `scale` says; as
+    /// on the device, when it says nothing. `goesOn` may be empty. Returns S_OK and what DrawInTiles does, and
+    /// E_INVALIDARG for bounds without an area.
+    HRESULT Draw(HDC dc, const RECT& bounds);
+    HRESULT Draw(HDC dc, const RECT& bounds, const PictureScale& scale, const std::function<bool()>& goesOn);
 
     /// Called when the focus comes into the control (true) or leaves it (false), but not when it moves inside.
     void SetFocusHandler(std::function<void(bool)> handler) { focusHandler_ = std::move(handler); }
@@ -84,8 +88,6 @@ class ControlWindow : public Window {
     bool IsMine(HWND window) const;
     void OnFocusMoved();
     void PaintBorder();
-    void DrawInPixels(HDC dc, POINT origin, SIZE pixels);
-    void Paint(HDC dc, POINT origin, SIZE pixels);
     bool SetPointer(HWND under);
     void DropBlockedInput();
 
