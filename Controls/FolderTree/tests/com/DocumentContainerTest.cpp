@@ -67,6 +67,11 @@ TEST(Verbs, AreToldWithoutRegistration) {
     EXPECT_STREQ(verb.lpszVerbName, L"&Edit");
     EXPECT_EQ(verb.grfAttribs, static_cast<DWORD>(OLEVERBATTRIB_ONCONTAINERMENU));
     CoTaskMemFree(verb.lpszVerbName);
+    ASSERT_EQ(verbs->Next(1, &verb, nullptr), S_OK);
+    EXPECT_EQ(verb.lVerb, 1);
+    EXPECT_STREQ(verb.lpszVerbName, L"&Properties\u2026");
+    CoTaskMemFree(verb.lpszVerbName);
+    EXPECT_EQ(verbs->Next(1, &verb, nullptr), S_FALSE);
 }
 
 // ---- Quick activation

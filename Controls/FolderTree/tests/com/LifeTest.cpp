@@ -36,6 +36,8 @@ TEST(Life, AnswersForEveryInterfaceWithOneIdentity) {
                               IID_IRunnableObject,
                               IID_IQuickActivate,
                               IID_IDataObject,
+                              IID_ISpecifyPropertyPages,
+                              IID_IPerPropertyBrowsing,
                               IID_IPersist,
                               IID_IPersistPropertyBag,
                               IID_IPersistStreamInit,

@@ -20,6 +20,7 @@ struct ControlVerb {
     LONG number;
     const wchar_t* name;
 };
-inline constexpr ControlVerb controlVerbs[] = {{OLEIVERB_PRIMARY, L"&Edit"}};
+inline constexpr LONG propertiesVerb = 1;
+inline constexpr ControlVerb controlVerbs[] = {{OLEIVERB_PRIMARY, L"&Edit"}, {propertiesVerb, L"&Properties\u2026"}};
 
 }  // namespace foldertree

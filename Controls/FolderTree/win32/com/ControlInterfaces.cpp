@@ -19,6 +19,9 @@ ControlInterfaces::ControlInterfaces(ControlObject& object)
       runnable(object),
       quickActivate(object),
       data(object),
+      propertyPages(object),
+      propertyBrowsing(object),
+      propertyCategories(object),
       connectionPoints(object),
       classInfo(object) {}
 
@@ -45,6 +48,9 @@ void* ControlInterfaces::Find(REFIID iid) {
         {IID_IRunnableObject, static_cast<IRunnableObject*>(&runnable)},
         {IID_IQuickActivate, static_cast<IQuickActivate*>(&quickActivate)},
         {IID_IDataObject, static_cast<IDataObject*>(&data)},
+        {IID_ISpecifyPropertyPages, static_cast<ISpecifyPropertyPages*>(&propertyPages)},
+        {IID_IPerPropertyBrowsing, static_cast<IPerPropertyBrowsing*>(&propertyBrowsing)},
+        {__uuidof(CategorizeProperties), static_cast<CategorizeProperties*>(&propertyCategories)},
         {IID_IConnectionPointContainer, static_cast<IConnectionPointContainer*>(&connectionPoints)},
         {IID_IProvideClassInfo, static_cast<IProvideClassInfo*>(&classInfo)},
         {IID_IProvideClassInfo2, static_cast<IProvideClassInfo2*>(&classInfo)},

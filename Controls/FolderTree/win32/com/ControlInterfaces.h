@@ -13,6 +13,9 @@
 #include "win32/com/ControlPersistPropertyBag.h"
 #include "win32/com/ControlPersistStorage.h"
 #include "win32/com/ControlPersistStreamInit.h"
+#include "win32/com/ControlPropertyBrowsing.h"
+#include "win32/com/ControlPropertyCategories.h"
+#include "win32/com/ControlPropertyPages.h"
 #include "win32/com/ControlQuickActivate.h"
 #include "win32/com/ControlRunnableObject.h"
 #include "win32/com/ControlViewObject.h"
@@ -40,6 +43,9 @@ class ControlInterfaces {
     ControlRunnableObject runnable;
     ControlQuickActivate quickActivate;
     ControlDataObject data;
+    ControlPropertyPages propertyPages;
+    ControlPropertyBrowsing propertyBrowsing;
+    ControlPropertyCategories propertyCategories;
     ControlConnectionPoints connectionPoints;
     ControlClassInfo classInfo;
 };

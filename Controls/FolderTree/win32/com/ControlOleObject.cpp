@@ -1,6 +1,8 @@
 // ControlOleObject: IOleObject of the control.
 #include "win32/com/ControlOleObject.h"
 
+#include <olectl.h>
+
 #include <iterator>
 #include <utility>
 
@@ -96,7 +98,7 @@ HRESULT ControlOleObject::GetClipboardData(DWORD, IDataObject** data) {
     return E_NOTIMPL;
 }
 
-HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, LPCRECT) {
+HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND parent, LPCRECT) {
     const ControlObject::Use use(object_);
     ControlInPlaceObject& inPlace = object_.Interfaces().inPlace;
     switch (verb) {
@@ -108,6 +110,9 @@ HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, L
             return inPlace.ActivateUI();
         case OLEIVERB_HIDE:
             return inPlace.InPlaceDeactivate();
+        case OLEIVERB_PROPERTIES:
+        case propertiesVerb:
+            return object_.Interfaces().propertyPages.Show(parent);
         case OLEIVERB_DISCARDUNDOSTATE:
             return S_OK;
         default:

@@ -7,6 +7,8 @@
 #include "win32/com/ControlDescription.h"
 #include "win32/com/ControlObject.h"
 #include "win32/com/FolderTreeItem.h"
+#include "win32/com/SettingsPage.h"
+#include "win32/com/VbaCollection.h"
 
 namespace {
 
@@ -21,6 +23,7 @@ std::vector<automation::ServerVerb> Verbs() {
 automation::ComServer automation::DescribeServer(HMODULE module) {
     constexpr WORD toolbarBitmap = 1;
     foldertree::RegisterItemClass();
+    foldertree::RegisterCollectionClass();
     return {
         module,
         true,
@@ -34,6 +37,10 @@ automation::ComServer automation::DescribeServer(HMODULE module) {
          {.clsid = __uuidof(clsFolderTreeItem),
           .progId = L"FolderTree.clsFolderTreeItem",
           .title = L"FolderTree item",
-          .make = [] { return ToCom(std::make_shared<foldertree::clsFolderTreeItem>()); }}},
+          .make = [] { return ToCom(std::make_shared<foldertree::clsFolderTreeItem>()); }},
+         {.clsid = foldertree::settingsPageClass,
+          .progId = L"FolderTree.SettingsPage",
+          .title = L"FolderTree settings page",
+          .make = foldertree::MakeSettingsPage}},
     };
 }
