@@ -237,6 +237,42 @@ TEST(PropertiesVerb, LeavesTheFrameToTheContainer) {
     EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
 }
 
+int settingsSeen = 0;
+
+BOOL CALLBACK CountSetting(HWND child, LPARAM) {
+    const int item = GetDlgCtrlID(child);
+    settingsSeen += item > settingItem && item <= settingItem + 10;
+    return TRUE;
+}
+
+BOOL CALLBACK LookAndCancel(HWND window, LPARAM) {
+    EnumChildWindows(window, CountSetting, 0);
+    if (GetDlgItem(window, IDCANCEL) != nullptr) PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    return TRUE;
+}
+
+/// Called by the message loop of the system's frame: looks for the page, and closes the frame.
+void CALLBACK CloseFrame(HWND, UINT, UINT_PTR, DWORD) {
+    EnumThreadWindows(GetCurrentThreadId(), LookAndCancel, 0);
+}
+
+TEST_F(Page, IsShownInTheSystemsFrameWhereTheContainerHasNone) {
+    ComPtr<IClassFactory> factory;
+    const auto getClassObject = EntryPoint<HRESULT WINAPI(REFCLSID, REFIID, void**)>("DllGetClassObject");
+    ASSERT_EQ(getClassObject(settingsPageClass, IID_PPV_ARGS(factory.GetAddressOf())), S_OK);
+    DWORD cookie = 0;
+    ASSERT_EQ(
+        CoRegisterClassObject(settingsPageClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie),
+        S_OK);
+    settingsSeen = 0;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 500, CloseFrame);
+    EXPECT_EQ(As<IOleObject>(control_)->DoVerb(OLEIVERB_PROPERTIES, nullptr, nullptr, 0, parent_, nullptr), S_OK);
+    KillTimer(nullptr, timer);
+    CoRevokeClassObject(cookie);
+    EXPECT_GE(settingsSeen, 10);
+    EXPECT_EQ(References(control_.Get()), 1u);
+}
+
 // ---- The collection
 
 /// The collection that the control makes when the user ticks first.

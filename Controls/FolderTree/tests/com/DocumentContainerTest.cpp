@@ -248,6 +248,23 @@ TEST(Printing, ShowsAsManyRowsOnAFinePageAsOnTheScreen) {
     EXPECT_NEAR(page.ChangesDown(2375), screen.ChangesDown(380), 4);
 }
 
+TEST(Printing, GoesIntoAMetafileWithUnitsOfItsOwn) {
+    const auto control = LoadedControl();
+    SIZEL extent = {5292, 3969};
+    ASSERT_EQ(As<IOleObject>(control)->SetExtent(DVASPECT_CONTENT, &extent), S_OK);
+    const HDC recording = CreateMetaFileW(nullptr);
+    SetMapMode(recording, MM_ANISOTROPIC);
+    SetWindowExtEx(recording, 5292, 3969, nullptr);
+    ASSERT_EQ(DrawOn(control, recording, {0, 0, 5292, 3969}), S_OK);
+    const HMETAFILE metafile = CloseMetaFile(recording);
+    const Paper page(200, 150);
+    SetMapMode(page.Dc(), MM_ANISOTROPIC);
+    SetViewportExtEx(page.Dc(), 200, 150, nullptr);
+    EXPECT_TRUE(PlayMetaFile(page.Dc(), metafile));
+    EXPECT_GT(page.ChangesDown(190), 5);
+    DeleteMetaFile(metafile);
+}
+
 TEST(Printing, RefusesBoundsWithoutAnArea) {
     const auto control = LoadedControl();
     const Paper page(50, 50);

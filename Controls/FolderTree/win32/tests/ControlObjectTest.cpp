@@ -60,6 +60,9 @@ class Placed {
     /// Called inside each call of the container.
     std::function<void(std::string_view)> onCall;
 
+    /// The container's call that is running fails.
+    void Refuse() { container_->answer = E_FAIL; }
+
     Log& Calls() { return container_->log; }
     ControlObject& Object() { return *static_cast<ControlObject*>(control_.Get()); }
     bool Held() const { return static_cast<bool>(control_); }
@@ -279,6 +282,25 @@ TEST(EndInTheContainersCalls, TheHostsWindowMayGo) {
 
 TEST(EndInTheContainersCalls, TheSiteMayGo) {
     ActInEveryCall(false, [](Placed& placed) { placed.Raw<IOleObject>()->SetClientSite(nullptr); });
+}
+
+// ---- Containers that refuse
+
+TEST(RefusingContainer, MayRefuseAnyOfItsCalls) {
+    ActInEveryCall(false, [](Placed& placed) { placed.Refuse(); });
+}
+
+TEST(RefusingContainer, MayRefuseAllOfItsCalls) {
+    Placed placed;
+    placed.onCall = [&](std::string_view) { placed.Refuse(); };
+    UseControl(placed);
+    EXPECT_EQ(placed.Window(), nullptr);
+    placed.Enable(false);
+    EXPECT_EQ(placed.Raw<IOleObject>()->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+    EXPECT_EQ(placed.Calls().back(), "SaveObject");
+    placed.onCall = nullptr;
+    EXPECT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    EXPECT_NE(placed.Grid(), nullptr);
 }
 
 // ---- No memory
