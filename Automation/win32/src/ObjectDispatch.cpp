@@ -175,17 +175,7 @@ HRESULT ObjectDispatch::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 }
 
 HRESULT ObjectDispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* numbers) {
-    if (names == nullptr || numbers == nullptr || count == 0) return E_INVALIDARG;
-    return ComBoundary([&] {
-        const std::string member = FromWide(names[0]);
-        const bool known = SameMember(member, "_NewEnum") || object_->HasMember(member);
-        numbers[0] = SameMember(member, "_NewEnum") ? DISPID_NEWENUM
-                     : known                        ? TheNames().NumberOf(member)
-                                                    : DISPID_UNKNOWN;
-        // Only a call shows whether the member knows these parameters.
-        for (UINT i = 1; i < count; ++i) numbers[i] = known ? TheNames().NumberOf(FromWide(names[i])) : DISPID_UNKNOWN;
-        return known ? S_OK : DISP_E_UNKNOWNNAME;
-    });
+    return NumbersOfNames(*object_, names, count, numbers);
 }
 
 HRESULT ObjectDispatch::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
@@ -199,6 +189,24 @@ HRESULT ObjectDispatch::GetHeldObject(const void* module, ObjectRef* object) noe
     if (module != ThisModule()) return E_NOINTERFACE;
     *object = object_;
     return S_OK;
+}
+
+DISPID NumberOfName(std::string_view name) {
+    return TheNames().NumberOf(name);
+}
+
+HRESULT NumbersOfNames(const Object& object, LPOLESTR* names, UINT count, DISPID* numbers) noexcept {
+    if (names == nullptr || numbers == nullptr || count == 0) return E_INVALIDARG;
+    return ComBoundary([&] {
+        const std::string member = FromWide(names[0]);
+        const bool known = SameMember(member, "_NewEnum") || object.HasMember(member);
+        numbers[0] = SameMember(member, "_NewEnum") ? DISPID_NEWENUM
+                     : known                        ? TheNames().NumberOf(member)
+                                                    : DISPID_UNKNOWN;
+        // Only a call shows whether the member knows these parameters.
+        for (UINT i = 1; i < count; ++i) numbers[i] = known ? TheNames().NumberOf(FromWide(names[i])) : DISPID_UNKNOWN;
+        return known ? S_OK : DISP_E_UNKNOWNNAME;
+    });
 }
 
 HRESULT InvokeObject(const ObjectRef& object, DISPID member, WORD flags, DISPPARAMS* parameters, VARIANT* result,

@@ -143,6 +143,9 @@ void WriteClass(const ServerClass& entry, const std::wstring& path, const std::o
         classes.Write(key + L"\\MiscStatus", L"", L"0");
         classes.Write(key + L"\\MiscStatus\\1", L"", std::to_wstring(entry.miscStatus));
     }
+    // After the name come the flags of the menu's entry (none) and OLEVERBATTRIB_ONCONTAINERMENU.
+    for (const ServerVerb& verb : entry.verbs)
+        classes.Write(key + L"\\Verb\\" + std::to_wstring(verb.number), L"", verb.name + L",0,2");
     if (entry.toolbarBitmap != 0)
         classes.Write(key + L"\\ToolboxBitmap32", L"", path + L", " + std::to_wstring(entry.toolbarBitmap));
 }

@@ -40,6 +40,8 @@ GridMetrics GridMetrics::For(int dpi, int rowTwips, int fontHeight) {
     metrics.boxSize = Scale(13, dpi);
     metrics.glyphSize = Scale(9, dpi) | 1;  // odd, so that the sign has a middle
     metrics.margin = Scale(4, dpi);
+    constexpr int fineScreen = 192;
+    metrics.line = std::max(1, dpi / fineScreen);
     return metrics;
 }
 

@@ -20,6 +20,7 @@ struct GridMetrics {
     int boxSize = 13;   ///< check box
     int glyphSize = 9;  ///< the sign that opens and closes a node
     int margin = 4;     ///< between a cell's edge and its content
+    int line = 1;       ///< thickness of frames, rules and signs; more than 1 beyond the resolution of screens
 
     /// For a screen of `dpi`, rows of `rowTwips` (0: the grid's default of 19 pixels) and a font of that line height;
     /// rows are never lower than their text.

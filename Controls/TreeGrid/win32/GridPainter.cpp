@@ -102,8 +102,9 @@ class Painter {
             RECT cell = layout_.HeaderCell(place);
             if (cell.left == cell.right) continue;
             Fill(dc_, cell, face_);
-            Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, shadow_);
-            const RECT edge{cell.right - 1, cell.top + metrics_.margin, cell.right, cell.bottom - metrics_.margin};
+            Fill(dc_, {cell.left, cell.bottom - metrics_.line, cell.right, cell.bottom}, shadow_);
+            const RECT edge{cell.right - metrics_.line, cell.top + metrics_.margin, cell.right,
+                            cell.bottom - metrics_.margin};
             if (place != shownName) Fill(dc_, edge, Mix(shadow_, face_, 50));
             if (grid_.RowCount() == 0) continue;
             InflateRect(&cell, -metrics_.margin, 0);
@@ -121,7 +122,7 @@ class Painter {
             const CellLook& look = grid_.Look(row, col);
             const COLORREF back = marked ? GetSysColor(COLOR_HIGHLIGHT) : BackOf(look, isCursor);
             Fill(dc_, cell, back);
-            Fill(dc_, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, line_);
+            Fill(dc_, {cell.left, cell.bottom - metrics_.line, cell.right, cell.bottom}, line_);
             SetTextColor(dc_, marked ? GetSysColor(COLOR_HIGHLIGHTTEXT) : TextOf(look, back));
             SelectObject(dc_, look.bold ? fonts_.Bold() : fonts_.Plain());
             if (place == shownBox)
@@ -134,7 +135,7 @@ class Painter {
         if (!isCursor) return;
         RECT frame = layout_.Row(position);
         const int edge = marked ? COLOR_HIGHLIGHTTEXT : COLOR_HIGHLIGHT;
-        Frame(dc_, frame, focused_ ? GetSysColor(edge) : shadow_, 1);
+        Frame(dc_, frame, focused_ ? GetSysColor(edge) : shadow_, metrics_.line);
     }
 
     bool IsTicked(int32_t row) const {
@@ -160,7 +161,8 @@ class Painter {
         const bool greyed = kind == BoxKind::Greyed || !enabled_;
         const RECT box = layout_.Box(cell);
         Fill(dc_, box, greyed ? Mix(face_, GetSysColor(COLOR_WINDOW), 60) : GetSysColor(COLOR_WINDOW));
-        Frame(dc_, box, greyed ? Mix(shadow_, face_, 60) : Mix(shadow_, GetSysColor(COLOR_WINDOWTEXT), 70), 1);
+        const COLORREF edge = greyed ? Mix(shadow_, face_, 60) : Mix(shadow_, GetSysColor(COLOR_WINDOWTEXT), 70);
+        Frame(dc_, box, edge, metrics_.line);
         if (grid_.CellValue(row, schema_.box) != 0)
             PaintTick(box, greyed ? shadow_ : Mix(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_WINDOWTEXT), 70));
     }
@@ -192,12 +194,13 @@ class Painter {
 
     void PaintGlyph(const RECT& glyph, bool open) {
         Fill(dc_, glyph, GetSysColor(COLOR_WINDOW));
-        Frame(dc_, glyph, shadow_, 1);
+        const int line = metrics_.line;
+        Frame(dc_, glyph, shadow_, line);
         const COLORREF sign = enabled_ ? GetSysColor(COLOR_WINDOWTEXT) : shadow_;
-        const int x = (glyph.left + glyph.right) / 2;
-        const int y = (glyph.top + glyph.bottom) / 2;
-        Fill(dc_, {glyph.left + 2, y, glyph.right - 2, y + 1}, sign);
-        if (!open) Fill(dc_, {x, glyph.top + 2, x + 1, glyph.bottom - 2}, sign);
+        const int x = (glyph.left + glyph.right) / 2 - line / 2;
+        const int y = (glyph.top + glyph.bottom) / 2 - line / 2;
+        Fill(dc_, {glyph.left + 2 * line, y, glyph.right - 2 * line, y + line}, sign);
+        if (!open) Fill(dc_, {x, glyph.top + 2 * line, x + line, glyph.bottom - 2 * line}, sign);
     }
 
     struct Column {

@@ -185,14 +185,14 @@ void GridWindow::OnPaint() {
     const PaintScope paint(Handle());
     pictureStale_ = true;  // until it is painted: what fails on the way is painted with the next frame
     const OffscreenBitmap bitmap(paint.Dc(), layout_.Client());
-    PaintGrid(bitmap.Dc(), Picture(layout_, GetFocus() == Handle()));
+    PaintGrid(bitmap.Dc(), PictureOf(layout_, fonts_, GetFocus() == Handle()));
     bitmap.Show();
     pictureStale_ = false;
     NoteShownRows();
 }
 
-GridPicture GridWindow::Picture(const GridLayout& layout, bool focused) const {
-    return {grid_, layout, fonts_, pictures_, hasBox_, focused, highContrast_()};
+GridPicture GridWindow::PictureOf(const GridLayout& layout, const GridFonts& fonts, bool focused) const {
+    return {grid_, layout, fonts, pictures_, hasBox_, focused, highContrast_()};
 }
 
 void GridWindow::NoteShownRows() {
@@ -203,11 +203,15 @@ void GridWindow::NoteShownRows() {
     lastShownRow_ = count > 0 ? grid_.VisibleRow(std::min(count, end) - 1) : 0;
 }
 
-void GridWindow::Draw(HDC dc, SIZE area) {
-    grid_.DeliverChanges();
-    LoadFontOnce();
-    const GridLayout layout = MeasureGrid(grid_, fonts_, DpiOf(Handle()), area, layout_.TopPosition());
-    PaintGrid(dc, Picture(layout, false));
+GridWindow::Picture::Picture(GridWindow& window, SIZE area, int dpi) : window_(window) {
+    window.grid_.DeliverChanges();
+    const automation::ObjectRef font = window.grid_.Font();  // the host may set another one while this one is read
+    fonts_.Load(font, dpi);
+    layout_ = MeasureGrid(window.grid_, fonts_, dpi, area, window.layout_.TopPosition());
+}
+
+void GridWindow::Picture::Paint(HDC dc) const {
+    PaintGrid(dc, window_.PictureOf(layout_, fonts_, false));
 }
 
 // ---- Scrolling

@@ -49,8 +49,19 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     /// anything, so the window may be gone afterwards.
     void SendEvents() noexcept { accessibility_.SendEvents(); }
     bool HasEvents() const { return accessibility_.HasEvents(); }
-    /// Draws the grid as it stands into the area at the origin of `dc`; works without a window.
-    void Draw(HDC dc, SIZE area);
+    /// The grid as it stands, for an area of its own resolution; works without a window. The grid's observers and its
+    /// font object run while it is made, and nobody else's code while it is painted.
+    class Picture {
+      public:
+        Picture(GridWindow& window, SIZE area, int dpi);
+        /// At the origin of `dc`.
+        void Paint(HDC dc) const;
+
+      private:
+        const GridWindow& window_;
+        GridFonts fonts_;
+        GridLayout layout_;
+    };
     /// Closes an open number editor without offering its text.
     void AbandonEdit() { interaction_.Number().GiveUp(); }
     /// Input that was made after `from` until `to` (message times) was made while nobody could answer it; what of it
@@ -80,7 +91,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     // Painting
     void OnPaint();
     void LoadFontOnce();
-    GridPicture Picture(const GridLayout& layout, bool focused) const;
+    GridPicture PictureOf(const GridLayout& layout, const GridFonts& fonts, bool focused) const;
     void NoteShownRows();
     void Measure();
     void MeasureNames();

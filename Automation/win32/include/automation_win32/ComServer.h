@@ -11,6 +11,12 @@
 
 namespace automation {
 
+/// What a container's menu offers for a control.
+struct ServerVerb {
+    LONG number;
+    std::wstring name;  ///< without a comma
+};
+
 /// One class that hosts may create.
 struct ServerClass {
     CLSID clsid;
@@ -22,6 +28,7 @@ struct ServerClass {
     /// A class with an option is registered only by an Install that names it: its ProgID is another maker's, whom we
     /// stand in for. What that maker registered is never overwritten and never removed.
     std::wstring option = {};
+    std::vector<ServerVerb> verbs = {};
 };
 
 /// Whose registry keys: those of all users (needs the rights to write there) or of the current one.

@@ -30,6 +30,12 @@ class ObjectDispatch final : public ComBase<IDispatch, IObjectHolder> {
     WrapperEntry entry_;
 };
 
+/// The number of a member or parameter name in this module. Throws std::bad_alloc.
+DISPID NumberOfName(std::string_view name);
+
+/// GetIDsOfNames for any object.
+HRESULT NumbersOfNames(const Object& object, LPOLESTR* names, UINT count, DISPID* numbers) noexcept;
+
 /// Invoke for any object, as a late-bound host calls it; for COM classes of a project's own, too.
 HRESULT InvokeObject(const ObjectRef& object, DISPID member, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                      EXCEPINFO* info) noexcept;

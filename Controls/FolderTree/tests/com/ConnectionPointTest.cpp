@@ -128,12 +128,14 @@ TEST(ConnectionPoints, RefuseASinkOfAnotherKind) {
     EXPECT_EQ(Point(control, IID_IPropertyNotifySink)->Advise(nullptr, &cookie), E_POINTER);
 }
 
-TEST(ConnectionPoints, LetGoOfTheirSinksWhenTheControlIsClosed) {
-    const auto control = NewControl();
+TEST(ConnectionPoints, LetGoOfTheirSinksWithTheControlAndNotWhenItIsClosed) {
+    auto control = NewControl();
     const auto sink = automation::MakeCom<EventSink>();
     DWORD cookie = 0;
     Point(control, __uuidof(__ctlFolderTree))->Advise(sink.Get(), &cookie);
     As<IOleObject>(control)->Close(OLECLOSE_NOSAVE);
+    EXPECT_EQ(References(sink.Get()), 2u);
+    control = nullptr;
     EXPECT_EQ(References(sink.Get()), 1u);
 }
 

@@ -30,6 +30,14 @@ TEST(Life, AnswersForEveryInterfaceWithOneIdentity) {
                               IID_IOleInPlaceActiveObject,
                               IID_IViewObject,
                               IID_IViewObject2,
+                              IID_IViewObjectEx,
+                              IID_IPersistStorage,
+                              IID_IPersistMemory,
+                              IID_IRunnableObject,
+                              IID_IQuickActivate,
+                              IID_IDataObject,
+                              IID_ISpecifyPropertyPages,
+                              IID_IPerPropertyBrowsing,
                               IID_IPersist,
                               IID_IPersistPropertyBag,
                               IID_IPersistStreamInit,
@@ -130,21 +138,55 @@ TEST(Life, ListensToItsFontAndLetsItGo) {
     EXPECT_EQ(References(font.Get()), 1u);
 }
 
-TEST(Life, DoesNothingAfterItWasClosed) {
+TEST(Life, WorksOnAfterItWasClosed) {
     const auto control = NewControl();
-    const auto collection = std::make_shared<KeyedCollection>();
-    control->putref_Selection(automation::ToDispatch(collection).Get());
+    control->put_AllowIndexing(VARIANT_TRUE);
     EXPECT_EQ(As<IOleObject>(control)->Close(OLECLOSE_NOSAVE), S_OK);
     EXPECT_EQ(As<IOleObject>(control)->Close(OLECLOSE_NOSAVE), S_OK);
 
-    LONG count = 7;
-    EXPECT_EQ(control->get_ListCount(&count), S_OK);
-    EXPECT_EQ(count, 0);
+    VARIANT_BOOL indexing = VARIANT_FALSE;
+    EXPECT_EQ(control->get_AllowIndexing(&indexing), S_OK);
+    EXPECT_EQ(indexing, VARIANT_TRUE);
+    EXPECT_EQ(control->putref_RDOSessionRef(automation::ToDispatch(SampleSession()).Get()), S_OK);
+    EXPECT_EQ(control->RefreshList(), S_OK);
+    LONG rows = 0;
+    EXPECT_EQ(control->get_ListCount(&rows), S_OK);
+    EXPECT_GT(rows, 10);
+}
+
+TEST(Life, KeepsTheHostsSelectionWhenItIsClosedAndEmptiesItAtItsEnd) {
+    const auto collection = std::make_shared<KeyedCollection>();
+    auto control = NewControl();
+    ComPtr<_clsFolderTreeItem> item;
+    control->CreateSelItem(1, nullptr, nullptr, nullptr, nullptr, item.GetAddressOf());
+    collection->Add(LateBound(item.Get()), "key", Missing(), Missing());
+    const auto given = automation::ToDispatch(collection);
+    control->putref_Selection(given.Get());
+    EXPECT_EQ(As<IOleObject>(control)->Close(OLECLOSE_NOSAVE), S_OK);
+    EXPECT_EQ(collection->Count(), 1);
     ComPtr<IDispatch> selection;
     EXPECT_EQ(control->get_Selection(selection.GetAddressOf()), S_OK);
-    EXPECT_EQ(selection.Get(), nullptr);
-    EXPECT_EQ(control->RefreshList(), S_OK);
-    EXPECT_EQ(control->put_Enabled(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(selection.Get(), given.Get());
+    control = nullptr;
+    EXPECT_EQ(collection->Count(), 0);
+}
+
+TEST(Life, NamesItsClassWithoutRegistration) {
+    const auto object = As<IOleObject>(NewControl());
+    const auto name = [&](DWORD form) {
+        LPOLESTR text = nullptr;
+        EXPECT_EQ(object->GetUserType(form, &text), S_OK);
+        const std::wstring copy = text != nullptr ? text : L"";
+        CoTaskMemFree(text);
+        return copy;
+    };
+    EXPECT_EQ(name(USERCLASSTYPE_FULL), L"FolderTree control");
+    EXPECT_EQ(name(USERCLASSTYPE_SHORT), L"FolderTree");
+    EXPECT_EQ(name(USERCLASSTYPE_APPNAME), L"FolderTree");
+    LPOLESTR text = nullptr;
+    EXPECT_EQ(object->GetUserType(0, &text), E_INVALIDARG);
+    EXPECT_EQ(object->GetUserType(4, &text), E_INVALIDARG);
+    EXPECT_EQ(object->GetUserType(USERCLASSTYPE_FULL, nullptr), E_POINTER);
 }
 
 TEST(Life, KeepsOneComObjectForAnItem) {
@@ -258,6 +300,22 @@ TEST_F(EndDuringLoad, EndsSoonAfterItsLastReference) {
     wire->action = [&] { poster_.Post([&] { owner = nullptr; }); };
     control->RefreshList();
     EXPECT_LT(wire->calls, wire->actAt + 40);
+}
+
+TEST_F(EndDuringLoad, EndsALoadSoonAfterItIsClosedAndLoadsAgain) {
+    auto wire = std::make_shared<Tripwire>();
+    const auto control = NewDeepControl();
+    control->putref_RDOSessionRef(automation::ToDispatch(SampleSession(wire)).Get());
+    wire->calls = 0;
+    wire->actAt = CallsOfALoad() / 3;
+    wire->action = [&] { poster_.Post([&] { As<IOleObject>(control)->Close(OLECLOSE_NOSAVE); }); };
+    EXPECT_EQ(control->RefreshList(), S_OK);
+    EXPECT_LT(wire->calls, wire->actAt + 40);
+
+    EXPECT_EQ(control->RefreshList(), S_OK);
+    LONG rows = 0;
+    control->get_ListCount(&rows);
+    EXPECT_GT(rows, 60);
 }
 
 TEST_F(EndDuringLoad, LeavesTheEndOfTheProgramToItsMessageLoop) {

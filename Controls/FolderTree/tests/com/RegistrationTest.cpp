@@ -98,6 +98,10 @@ class Registration : public ::testing::Test {
         EXPECT_THAT(keys, Contains(Pair(control + "\\ProgID", "FolderTree.ctlFolderTree")));
         EXPECT_THAT(keys, Contains(Key(control + "\\Control")));
         EXPECT_THAT(keys, Contains(Pair(control + "\\MiscStatus\\1", "131473")));
+        EXPECT_THAT(keys, Contains(Pair(control + "\\Verb\\0", "&Edit,0,2")));
+        EXPECT_THAT(keys, Contains(Pair(control + "\\Verb\\1", "&Properties\u2026,0,2")));
+        EXPECT_THAT(
+            keys, Contains(Pair(classes + "FolderTree.SettingsPage\\CLSID", "{C9D3D0EE-DA71-4923-9780-18094729C603}")));
         EXPECT_THAT(keys, Contains(Pair(control + "\\ToolboxBitmap32", HasSubstr("FolderTree.ocx, "))));
         const std::string system = sizeof(void*) == 8 ? "win64" : "win32";
         EXPECT_THAT(keys, Contains(Pair(library + "\\1.0\\0\\" + system, HasSubstr("FolderTree.ocx"))));

@@ -13,6 +13,15 @@ namespace foldertree {
 
 using automation::ComPtr;
 
+namespace {
+
+/// A place without an area hides the control; one of negative size is a mistake.
+bool IsInsideOut(const RECT& place) {
+    return place.right < place.left || place.bottom < place.top;
+}
+
+}  // namespace
+
 ControlInPlaceObject::ControlInPlaceObject(ControlObject& object) : ComPart(object), object_(object) {}
 
 void ControlInPlaceObject::WatchWindow() {
@@ -27,6 +36,7 @@ HRESULT ControlInPlaceObject::Activate() {
     if (object_.Ended() || leaving_) return OLE_E_NOT_INPLACEACTIVE;
     // From here on the container's calls may deactivate or end the control; there is no site any more then.
     site_ = site;
+    object_.running = true;
     HRESULT result = site->OnInPlaceActivate();
     if (FAILED(result)) {
         site_ = nullptr;
@@ -50,6 +60,7 @@ HRESULT ControlInPlaceObject::ShowIn(IOleInPlaceSite& site) {
         result = site.GetWindowContext(frame.GetAddressOf(), document.GetAddressOf(), &place, &clip, &frameInfo);
     if (FAILED(result)) return result;
     if (site_ == nullptr) return OLE_E_NOT_INPLACEACTIVE;
+    if (IsInsideOut(place)) return E_INVALIDARG;
     frame_ = frame;
     document_ = document;
     if (object_.Window().Create(parent, place) == nullptr) return E_FAIL;
@@ -132,6 +143,7 @@ HRESULT ControlInPlaceObject::UIDeactivate() {
 
 HRESULT ControlInPlaceObject::SetObjectRects(const RECT* place, const RECT* clip) {
     if (place == nullptr || clip == nullptr) return E_POINTER;
+    if (IsInsideOut(*place)) return E_INVALIDARG;
     const ControlObject::Use use(object_);
     object_.Window().Move(*place);
     const HWND window = object_.Window().Handle();

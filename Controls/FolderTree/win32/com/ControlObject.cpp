@@ -48,6 +48,13 @@ ULONG ControlObject::Release() {
     return left;
 }
 
+void ControlObject::StopRunning() {
+    const Use use(*this);
+    running = false;
+    if (core_->Refreshing()) core_->CancelLoad();
+    interfaces_->inPlace.InPlaceDeactivate();
+}
+
 void ControlObject::End() {
     if (ended_) return;
     ended_ = true;

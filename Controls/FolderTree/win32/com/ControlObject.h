@@ -39,9 +39,10 @@ class ControlObject final : public IUnknown, private WindowKeeper {
         explicit Use(ControlObject& object) : Held(object) {}
     };
 
-    /// The control goes away, whoever still holds references: a running load ends at its next step, the window and the
-    /// host's objects are let go. Later calls find a control that does nothing.
-    void End();
+    /// Back from running to loaded: a load ends at its next step and the window goes. Everything else stays, what the
+    /// host gave and its sinks too; the control can be loaded and activated again at once.
+    void StopRunning();
+    /// Whether the last reference has gone. Later calls find a control that does nothing.
     bool Ended() const { return ended_; }
 
     ctlFolderTree& Core() { return *core_; }
@@ -52,11 +53,15 @@ class ControlObject final : public IUnknown, private WindowKeeper {
 
     /// Whether a setting changed since the container last saved the control.
     bool dirty = false;
+    /// Whether the container has run or activated the control and not closed it since. Its members work either way.
+    bool running = false;
 
   private:
     ControlObject();
     ~ControlObject();
 
+    /// The control goes away: a running load ends at its next step, the window and the host's objects are let go.
+    void End();
     void Hold() noexcept override;
     void LetGo() noexcept override;
 

@@ -1,11 +1,33 @@
 // ControlOleObject: IOleObject of the control.
 #include "win32/com/ControlOleObject.h"
 
+#include <olectl.h>
+
+#include <iterator>
+#include <utility>
+
 #include "FolderTree.idl.h"
+#include "automation_win32/ComError.h"
+#include "win32/com/ControlDescription.h"
 #include "win32/com/ControlInterfaces.h"
 #include "win32/com/ControlObject.h"
+#include "win32/com/GivenText.h"
+#include "win32/com/ListEnumerator.h"
 
 namespace foldertree {
+
+namespace {
+
+/// The caller frees the name; without memory for it the verb has none.
+OLEVERB GiveVerb(const ControlVerb& verb) {
+    OLEVERB given = {verb.number, nullptr, MF_STRING, OLEVERBATTRIB_ONCONTAINERMENU};
+    GiveText(verb.name, &given.lpszVerbName);
+    return given;
+}
+
+using VerbEnumerator = ListEnumerator<IEnumOLEVERB, IID_IEnumOLEVERB, ControlVerb, OLEVERB, GiveVerb>;
+
+}  // namespace
 
 ControlOleObject::ControlOleObject(ControlObject& object) : ComPart(object), object_(object) {}
 
@@ -34,13 +56,26 @@ void ControlOleObject::SaveIfAsked(DWORD saveOption) {
     site->SaveObject();
 }
 
+void ControlOleObject::SendSaved() {
+    const automation::ComPtr<IOleAdviseHolder> advises = advises_;
+    if (advises != nullptr) advises->SendOnSave();
+}
+
 HRESULT ControlOleObject::Close(DWORD saveOption) {
     const ControlObject::Use use(object_);
+    // Asked to save, or told that the control closes, a container may ask again.
+    if (std::exchange(closing_, true)) return S_OK;
+    CloseOnce(saveOption);
+    closing_ = false;
+    return S_OK;
+}
+
+void ControlOleObject::CloseOnce(DWORD saveOption) {
     SaveIfAsked(saveOption);
-    object_.End();
+    object_.StopRunning();
+    object_.Interfaces().data.SendDataChange(ADVF_DATAONSTOP);
     const automation::ComPtr<IOleAdviseHolder> advises = advises_;
     if (advises != nullptr) advises->SendOnClose();
-    return S_OK;
 }
 
 HRESULT ControlOleObject::SetMoniker(DWORD, IMoniker*) {
@@ -63,7 +98,7 @@ HRESULT ControlOleObject::GetClipboardData(DWORD, IDataObject** data) {
     return E_NOTIMPL;
 }
 
-HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, LPCRECT) {
+HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND parent, LPCRECT) {
     const ControlObject::Use use(object_);
     ControlInPlaceObject& inPlace = object_.Interfaces().inPlace;
     switch (verb) {
@@ -75,6 +110,9 @@ HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, L
             return inPlace.ActivateUI();
         case OLEIVERB_HIDE:
             return inPlace.InPlaceDeactivate();
+        case OLEIVERB_PROPERTIES:
+        case propertiesVerb:
+            return object_.Interfaces().propertyPages.Show(parent);
         case OLEIVERB_DISCARDUNDOSTATE:
             return S_OK;
         default:
@@ -86,7 +124,10 @@ HRESULT ControlOleObject::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND, L
 HRESULT ControlOleObject::EnumVerbs(IEnumOLEVERB** verbs) {
     if (verbs == nullptr) return E_POINTER;
     *verbs = nullptr;
-    return OLEOBJ_E_NOVERBS;
+    return automation::ComBoundary([&] {
+        *verbs = new VerbEnumerator({std::begin(controlVerbs), std::end(controlVerbs)});
+        return S_OK;
+    });
 }
 
 HRESULT ControlOleObject::Update() {
@@ -104,7 +145,11 @@ HRESULT ControlOleObject::GetUserClassID(CLSID* clsid) {
 }
 
 HRESULT ControlOleObject::GetUserType(DWORD form, LPOLESTR* name) {
-    return OleRegGetUserType(__uuidof(::ctlFolderTree), form, name);
+    if (name == nullptr) return E_POINTER;
+    *name = nullptr;
+    if (form < USERCLASSTYPE_FULL || form > USERCLASSTYPE_APPNAME) return E_INVALIDARG;
+    const std::wstring_view text = form == USERCLASSTYPE_FULL ? controlTitle : controlShortTitle;
+    return GiveText(text, name);
 }
 
 HRESULT ControlOleObject::SetExtent(DWORD aspect, SIZEL* extent) {
@@ -112,6 +157,7 @@ HRESULT ControlOleObject::SetExtent(DWORD aspect, SIZEL* extent) {
     if (extent == nullptr) return E_POINTER;
     if (extent->cx < 0 || extent->cy < 0) return E_INVALIDARG;
     extent_ = *extent;
+    extentSet_ = true;
     return S_OK;
 }
 

@@ -11,14 +11,14 @@ namespace foldertree {
 
 class ControlObject;
 
-/// The control's OLEMISC flags, as they are registered: it is active in place whenever it is visible, paints itself
-/// anew at every size, and wants its site before its settings, since its font comes from there.
-inline constexpr DWORD controlMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
-                                           OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
-
 class ControlOleObject final : public ComPart<IOleObject> {
   public:
     explicit ControlOleObject(ControlObject& object);
+
+    /// The size that the container has set, in hundredths of a millimetre; none (0) before.
+    SIZEL ExtentOfContainer() const { return extentSet_ ? extent_ : SIZEL{0, 0}; }
+    /// Tells the container's sinks that the control was saved.
+    void SendSaved();
 
     STDMETHOD(SetClientSite)(IOleClientSite* site) override;
     STDMETHOD(GetClientSite)(IOleClientSite** site) override;
@@ -44,10 +44,13 @@ class ControlOleObject final : public ComPart<IOleObject> {
 
   private:
     void SaveIfAsked(DWORD saveOption);
+    void CloseOnce(DWORD saveOption);
 
     ControlObject& object_;
     automation::ComPtr<IOleAdviseHolder> advises_;
+    bool closing_ = false;
     SIZEL extent_ = {6615, 7938};  // 250 x 300 pixels at 96 dots per inch
+    bool extentSet_ = false;
 };
 
 }  // namespace foldertree

@@ -1,4 +1,4 @@
-// ControlViewObject: IViewObject2 of the control: its picture for containers that draw it themselves.
+// ControlViewObject: IViewObjectEx of the control: its picture for containers that draw it themselves.
 #include "win32/com/ControlViewObject.h"
 
 #include <utility>
@@ -18,15 +18,40 @@ void ControlViewObject::SendViewChange() {
     sink->OnViewChange(DVASPECT_CONTENT, -1);
 }
 
-HRESULT ControlViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC dc, LPCRECTL bounds, LPCRECTL,
-                                BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
+HRESULT ControlViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC target, HDC dc, LPCRECTL bounds,
+                                LPCRECTL, BOOL(STDMETHODCALLTYPE* goesOn)(ULONG_PTR), ULONG_PTR argument) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (bounds == nullptr || dc == nullptr) return E_INVALIDARG;
     const ControlObject::Use use(object_);
     return automation::ComBoundary([&] {
-        object_.Window().Draw(dc, {bounds->left, bounds->top, bounds->right, bounds->bottom});
-        return S_OK;
+        const RECT place{bounds->left, bounds->top, bounds->right, bounds->bottom};
+        const PictureScale scale = PictureScale::For(dc, target, place, NaturalSize());
+        return object_.Window().Draw(dc, place, scale, [&] { return goesOn == nullptr || goesOn(argument) != FALSE; });
     });
+}
+
+HRESULT ControlViewObject::DrawScreenPicture(HDC dc, const RECT& area) {
+    return automation::ComBoundary([&] { return object_.Window().Draw(dc, area); });
+}
+
+// What the container shows on the screen, else what it has set; none where it has said nothing.
+SIZE ControlViewObject::NaturalSize() const {
+    RECT place = {};
+    const HWND window = object_.Window().Handle();
+    if (window == nullptr || !GetWindowRect(window, &place)) return object_.Interfaces().oleObject.ExtentOfContainer();
+    constexpr int hundredthsPerInch = 2540;
+    const int dpi = DpiOf(window);
+    return {MulDiv(place.right - place.left, hundredthsPerInch, dpi),
+            MulDiv(place.bottom - place.top, hundredthsPerInch, dpi)};
+}
+
+SIZE ControlViewObject::PixelsOf(SIZEL size) {
+    constexpr int hundredthsPerInch = 2540;
+    const HDC screen = GetDC(nullptr);
+    const SIZE pixels = {MulDiv(size.cx, GetDeviceCaps(screen, LOGPIXELSX), hundredthsPerInch),
+                         MulDiv(size.cy, GetDeviceCaps(screen, LOGPIXELSY), hundredthsPerInch)};
+    ReleaseDC(nullptr, screen);
+    return pixels;
 }
 
 HRESULT ControlViewObject::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colors) {
@@ -61,6 +86,47 @@ HRESULT ControlViewObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink**
 
 HRESULT ControlViewObject::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL extent) {
     return object_.Interfaces().oleObject.GetExtent(aspect, extent);
+}
+
+HRESULT ControlViewObject::GetRect(DWORD aspect, LPRECTL rect) {
+    if (rect == nullptr) return E_POINTER;
+    *rect = {};
+    // The control covers all of its rectangle, so that its opaque part is the whole.
+    SIZEL extent = {};
+    const DWORD whole = aspect == DVASPECT_OPAQUE ? static_cast<DWORD>(DVASPECT_CONTENT) : aspect;
+    const HRESULT result = GetExtent(whole, -1, nullptr, &extent);
+    if (SUCCEEDED(result)) *rect = {0, 0, extent.cx, extent.cy};
+    return result;
+}
+
+HRESULT ControlViewObject::GetViewStatus(DWORD* status) {
+    if (status == nullptr) return E_POINTER;
+    *status = VIEWSTATUS_OPAQUE;
+    return S_OK;
+}
+
+HRESULT ControlViewObject::QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG, DWORD* result) {
+    if (bounds == nullptr || result == nullptr) return E_POINTER;
+    *result = HITRESULT_OUTSIDE;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    if (PtInRect(bounds, point)) *result = HITRESULT_HIT;
+    return S_OK;
+}
+
+HRESULT ControlViewObject::QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT area, LONG, DWORD* result) {
+    if (bounds == nullptr || area == nullptr || result == nullptr) return E_POINTER;
+    *result = HITRESULT_OUTSIDE;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    RECT common = {};
+    if (IntersectRect(&common, bounds, area)) *result = HITRESULT_HIT;
+    return S_OK;
+}
+
+HRESULT ControlViewObject::GetNaturalExtent(DWORD aspect, LONG, DVTARGETDEVICE*, HDC, DVEXTENTINFO*, LPSIZEL extent) {
+    if (extent == nullptr) return E_POINTER;
+    *extent = {};
+    // A list is as large as there is room for it.
+    return aspect == DVASPECT_CONTENT ? E_NOTIMPL : DV_E_DVASPECT;
 }
 
 }  // namespace foldertree

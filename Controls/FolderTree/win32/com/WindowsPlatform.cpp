@@ -115,6 +115,12 @@ void WindowsPlatform::RaiseChanged() noexcept {
         static_cast<IDispatch&>(sink).Invoke(changedEvent, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none,
                                              nullptr, nullptr, nullptr);
     });
+    TellOfPicture();
+}
+
+void WindowsPlatform::TellOfPicture() noexcept {
+    object_.Interfaces().view.SendViewChange();
+    object_.Interfaces().data.SendDataChange();
 }
 
 void WindowsPlatform::PropertyChanged(std::string_view name) noexcept {
@@ -123,7 +129,7 @@ void WindowsPlatform::PropertyChanged(std::string_view name) noexcept {
     const DISPID property = PropertyId(name);
     object_.Interfaces().connectionPoints.propertyNotifications.ForEachSink(
         [property](IUnknown& sink) { static_cast<IPropertyNotifySink&>(sink).OnChanged(property); });
-    object_.Interfaces().view.SendViewChange();
+    TellOfPicture();
 }
 
 }  // namespace foldertree

@@ -43,6 +43,9 @@ class WindowsPlatform final : public ControlPlatform {
     void TraceLine(std::string_view line) noexcept override { trace_.Write(line); }
 
   private:
+    /// Containers that keep a picture of the control want another one.
+    void TellOfPicture() noexcept;
+
     ControlObject& object_;
     ControlWindow* window_ = nullptr;
     automation::ComObjectFactory factory_;

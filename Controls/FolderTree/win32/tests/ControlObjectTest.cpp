@@ -4,6 +4,9 @@
 #include <ole2.h>
 #include <olectl.h>
 
+#include <algorithm>
+#include <climits>
+
 #include "FakeContainer.h"
 #include "FolderTree.idl.h"
 #include "PoisonedMemory.h"
@@ -56,6 +59,9 @@ class Placed {
 
     /// Called inside each call of the container.
     std::function<void(std::string_view)> onCall;
+
+    /// The container's call that is running fails.
+    void Refuse() { container_->answer = E_FAIL; }
 
     Log& Calls() { return container_->log; }
     ControlObject& Object() { return *static_cast<ControlObject*>(control_.Get()); }
@@ -180,19 +186,39 @@ TEST(PlacedControl, RefusesToBeActivatedWhileItsWindowGoes) {
     EXPECT_NE(placed.Grid(), nullptr);
 }
 
-TEST(PlacedControl, RefusesToBeActivatedAfterItsEnd) {
+TEST(PlacedControl, CanBeActivatedAgainAfterItWasClosed) {
+    Placed placed;
+    for (const LONG verb : {OLEIVERB_SHOW, OLEIVERB_INPLACEACTIVATE, OLEIVERB_UIACTIVATE, OLEIVERB_PRIMARY}) {
+        ASSERT_EQ(placed.Verb(verb), S_OK);
+        EXPECT_NE(placed.Grid(), nullptr);
+        placed.Close();
+        EXPECT_EQ(placed.Window(), nullptr);
+        EXPECT_EQ(placed.Calls().back(), "OnInPlaceDeactivate");
+    }
+}
+
+TEST(PlacedControl, RefusesAPlaceOfNegativeSizeAndKeepsItsOwn) {
     Placed placed;
     ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
-    placed.Close();
-    EXPECT_EQ(placed.Window(), nullptr);
-    for (const LONG verb : {OLEIVERB_SHOW, OLEIVERB_INPLACEACTIVATE, OLEIVERB_UIACTIVATE, OLEIVERB_PRIMARY}) {
-        // Some containers set their site again.
-        const auto site = automation::MakeCom<FakeContainer>(Stage());
-        placed.Raw<IOleObject>()->SetClientSite(site.Get());
-        EXPECT_TRUE(FAILED(placed.Verb(verb)));
-        EXPECT_EQ(site->log, Log{"CanInPlaceActivate"});
-        placed.Raw<IOleObject>()->SetClientSite(nullptr);
-    }
+    RECT before = {};
+    GetWindowRect(placed.Window(), &before);
+    for (const RECT place : {RECT{10, 10, 5, 20}, RECT{10, 10, 20, 5}, RECT{INT_MAX, 0, INT_MIN, 10}})
+        EXPECT_EQ(placed.Raw<IOleInPlaceObject>()->SetObjectRects(&place, &place), E_INVALIDARG);
+    RECT after = {};
+    GetWindowRect(placed.Window(), &after);
+    EXPECT_TRUE(EqualRect(&before, &after));
+    const RECT nothing = {10, 10, 10, 10};
+    EXPECT_EQ(placed.Raw<IOleInPlaceObject>()->SetObjectRects(&nothing, &nothing), S_OK);
+}
+
+TEST(PlacedControl, IsSavedOnceWhereItsContainerClosesItInTheMiddleOfThat) {
+    Placed placed;
+    placed.Enable(false);
+    placed.onCall = [&](std::string_view call) {
+        if (call == "SaveObject") placed.Raw<IOleObject>()->Close(OLECLOSE_SAVEIFDIRTY);
+    };
+    EXPECT_EQ(placed.Raw<IOleObject>()->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+    EXPECT_EQ(std::count(placed.Calls().begin(), placed.Calls().end(), "SaveObject"), 1);
 }
 
 // ---- The end in any call of the container
@@ -255,7 +281,7 @@ TEST(EndInTheContainersCalls, TheLastReferenceMayGo) {
 }
 
 TEST(EndInTheContainersCalls, TheControlMayBeClosed) {
-    ActInEveryCall(true, [](Placed& placed) { placed.Close(); });
+    ActInEveryCall(false, [](Placed& placed) { placed.Close(); });
 }
 
 TEST(EndInTheContainersCalls, TheControlMayBeClosedAndLetGo) {
@@ -275,6 +301,25 @@ TEST(EndInTheContainersCalls, TheHostsWindowMayGo) {
 
 TEST(EndInTheContainersCalls, TheSiteMayGo) {
     ActInEveryCall(false, [](Placed& placed) { placed.Raw<IOleObject>()->SetClientSite(nullptr); });
+}
+
+// ---- Containers that refuse
+
+TEST(RefusingContainer, MayRefuseAnyOfItsCalls) {
+    ActInEveryCall(false, [](Placed& placed) { placed.Refuse(); });
+}
+
+TEST(RefusingContainer, MayRefuseAllOfItsCalls) {
+    Placed placed;
+    placed.onCall = [&](std::string_view) { placed.Refuse(); };
+    UseControl(placed);
+    EXPECT_EQ(placed.Window(), nullptr);
+    placed.Enable(false);
+    EXPECT_EQ(placed.Raw<IOleObject>()->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+    EXPECT_EQ(placed.Calls().back(), "SaveObject");
+    placed.onCall = nullptr;
+    EXPECT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
+    EXPECT_NE(placed.Grid(), nullptr);
 }
 
 // ---- No memory

@@ -739,5 +739,57 @@ TEST_F(ControlWindowTest, APictureTooLargeForABitmapIsDrawnAllTheSame) {
     EXPECT_EQ(pixels.At(5, 100), 0u);
 }
 
+/// The heights between which the ticked row is seen, at a place where it has no text.
+std::pair<int, int> TickedRow(const Pixels& pixels, int x, int height) {
+    std::pair<int, int> range{-1, -1};
+    for (int y = 0; y < height; ++y) {
+        if (pixels.At(x, y) != 0xFFFF00u) continue;
+        if (range.first < 0) range.first = y;
+        range.second = y;
+    }
+    return range;
+}
+
+TEST_F(ControlWindowTest, ItIsAsLargeOnAFineDeviceAsOnTheScreen) {
+    TickRow(grid_, 2, "1");
+    const Pixels screen = Drawing(300, 200, [&](HDC dc) { control_->Draw(dc, {0, 0, 300, 200}); });
+    const Pixels fine = Drawing(1200, 800, [&](HDC dc) {
+        EXPECT_EQ(control_->Draw(dc, {0, 0, 1200, 800}, {{1200, 800}, 384}, nullptr), S_OK);
+    });
+    const auto [top, bottom] = TickedRow(screen, 280, 200);
+    const auto [fineTop, fineBottom] = TickedRow(fine, 1120, 800);
+    ASSERT_GT(top, 0);
+    EXPECT_NEAR(fineTop, 4 * top, 6);
+    EXPECT_NEAR(fineBottom, 4 * bottom, 6);
+}
+
+TEST_F(ControlWindowTest, APictureOfSeveralTilesHasNoSeams) {
+    TickRow(grid_, 2, "1");
+    const PictureScale scale{{5000, 900}, 600};
+    const RECT bounds{0, 0, 5000, 900};
+    const Pixels whole = Drawing(5000, 900, [&](HDC dc) { control_->Draw(dc, bounds, scale, nullptr); });
+    const Pixels part = Drawing(1200, 700, [&](HDC dc) {
+        SetViewportOrgEx(dc, -3500, -150, nullptr);
+        control_->Draw(dc, bounds, scale, nullptr);
+    });
+    int different = 0;
+    for (int y = 0; y < 700; ++y)
+        for (int x = 0; x < 1200; ++x) different += part.At(x, y) != whole.At(3500 + x, 150 + y);
+    EXPECT_EQ(different, 0);
+}
+
+TEST_F(ControlWindowTest, APictureThatCannotBeDrawnIsAFailure) {
+    const HDC gone = CreateCompatibleDC(nullptr);
+    DeleteDC(gone);
+    EXPECT_EQ(control_->Draw(gone, {0, 0, 100, 100}), E_FAIL);
+    Drawing(100, 100, [&](HDC dc) {
+        EXPECT_EQ(control_->Draw(dc, {10, 10, 10, 50}), E_INVALIDARG);
+        int asked = 0;
+        const auto stop = [&] { return ++asked < 2; };
+        EXPECT_EQ(control_->Draw(dc, {0, 0, 100, 100}, {{100, 100}, 96}, stop), S_OK);
+        EXPECT_EQ(control_->Draw(dc, {0, 0, 100, 100}, {{100, 100}, 96}, stop), E_ABORT);
+    });
+}
+
 }  // namespace
 }  // namespace foldertree

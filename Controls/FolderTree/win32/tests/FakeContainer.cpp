@@ -11,8 +11,9 @@ HRESULT FakeContainer::Note(const char* call) {
     const automation::ComPtr<IOleClientSite> keep(this);
     log.emplace_back(call);
     const auto act = onCall;
+    answer = S_OK;
     if (act) act(call);
-    return S_OK;
+    return answer;
 }
 
 HRESULT FakeContainer::GetMoniker(DWORD, DWORD, IMoniker** moniker) {

@@ -22,6 +22,8 @@ class FakeContainer final : public automation::ComBase<IOleClientSite, IOleInPla
     std::vector<std::string_view> log;  ///< needs no memory of its own
     /// Called inside each call, after it was logged.
     std::function<void(std::string_view)> onCall;
+    /// What the call that is running answers; it may be set in `onCall`.
+    HRESULT answer = S_OK;
 
     // IOleClientSite
     STDMETHOD(SaveObject)() override { return Note("SaveObject"); }

@@ -7,8 +7,8 @@
 
 #include "ctlFolderTree.h"
 #include "enumeration/FolderRows.h"
-#include "win32/OffscreenBitmap.h"
 #include "win32/window/MessagePump.h"
+#include "win32/window/TiledPicture.h"
 
 namespace foldertree {
 namespace {
@@ -30,32 +30,6 @@ class HalfMade {
   private:
     Window& window_;
     bool complete_ = false;
-};
-
-/// A device context of the screen.
-class ScreenDc {
-  public:
-    ScreenDc() : dc_(GetDC(nullptr)) {}
-    ~ScreenDc() { ReleaseDC(nullptr, dc_); }
-    ScreenDc(const ScreenDc&) = delete;
-    ScreenDc& operator=(const ScreenDc&) = delete;
-    HDC Get() const { return dc_; }
-
-  private:
-    HDC dc_;
-};
-
-/// Puts a device context back as it was.
-class SavedDc {
-  public:
-    explicit SavedDc(HDC dc) : dc_(dc), state_(SaveDC(dc)) {}
-    ~SavedDc() { RestoreDC(dc_, state_); }
-    SavedDc(const SavedDc&) = delete;
-    SavedDc& operator=(const SavedDc&) = delete;
-
-  private:
-    HDC dc_;
-    int state_;
 };
 
 /// The placeholder of a node that was not read yet is no row that can be chosen.
@@ -262,34 +236,27 @@ void ControlWindow::PaintBorder() {
     ReleaseDC(Handle(), dc);
 }
 
-void ControlWindow::Draw(HDC dc, const RECT& bounds) {
-    POINT corners[2] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
-    LPtoDP(dc, corners, 2);
-    const SIZE pixels{std::abs(corners[1].x - corners[0].x), std::abs(corners[1].y - corners[0].y)};
-    if (pixels.cx <= 2 * borderWidth || pixels.cy <= 2 * borderWidth) return;
-    // By way of a bitmap, so that printers and metafiles with units of their own get the picture of the screen.
-    const ScreenDc screen;
-    const OffscreenBitmap bitmap(screen.Get(), pixels);
-    if (!bitmap.Made()) return DrawInPixels(dc, corners[0], pixels);
-    Paint(bitmap.Dc(), {0, 0}, pixels);
-    StretchBlt(dc, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, bitmap.Dc(), 0, 0,
-               pixels.cx, pixels.cy, SRCCOPY);
+HRESULT ControlWindow::Draw(HDC dc, const RECT& bounds) {
+    return Draw(dc, bounds, PictureScale::For(dc, nullptr, bounds, {0, 0}), nullptr);
 }
 
-// A picture that is too large for a bitmap.
-void ControlWindow::DrawInPixels(HDC dc, POINT origin, SIZE pixels) {
-    const SavedDc saved(dc);
-    SetMapMode(dc, MM_TEXT);
-    SetWindowOrgEx(dc, 0, 0, nullptr);
-    Paint(dc, origin, pixels);
-}
-
-void ControlWindow::Paint(HDC dc, POINT origin, SIZE pixels) {
-    SetViewportOrgEx(dc, origin.x + borderWidth, origin.y + borderWidth, nullptr);
-    grid_.Draw(dc, {pixels.cx - 2 * borderWidth, pixels.cy - 2 * borderWidth});
-    SetViewportOrgEx(dc, origin.x, origin.y, nullptr);
-    const RECT frame{0, 0, pixels.cx, pixels.cy};
-    FrameRect(dc, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+// By way of bitmaps, so that printers and metafiles with units of their own get the picture of the screen.
+HRESULT ControlWindow::Draw(HDC dc, const RECT& bounds, const PictureScale& scale,
+                            const std::function<bool()>& goesOn) {
+    const SIZE pixels = scale.pixels;
+    if (pixels.cx <= 0 || pixels.cy <= 0) return E_INVALIDARG;
+    const int border = std::max(borderWidth, Scale(borderWidth, scale.dpi));
+    const SIZE inner{std::max<LONG>(0, pixels.cx - 2 * border), std::max<LONG>(0, pixels.cy - 2 * border)};
+    const GridWindow::Picture grid(grid_, inner, scale.dpi);
+    const auto paint = [&](HDC tile, POINT origin) {
+        SetViewportOrgEx(tile, origin.x + border, origin.y + border, nullptr);
+        grid.Paint(tile);
+        SetViewportOrgEx(tile, origin.x, origin.y, nullptr);
+        RECT frame{0, 0, pixels.cx, pixels.cy};
+        for (int line = 0; line < border; ++line, InflateRect(&frame, -1, -1))
+            FrameRect(tile, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+    };
+    return DrawInTiles(dc, bounds, {pixels, paint, goesOn});
 }
 
 LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

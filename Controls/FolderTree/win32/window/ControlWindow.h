@@ -12,6 +12,7 @@
 #include "win32/Window.h"
 #include "win32/window/Icons.h"
 #include "win32/window/InputClock.h"
+#include "win32/window/PictureScale.h"
 #include "win32/window/WaitPanel.h"
 
 namespace foldertree {
@@ -66,8 +67,11 @@ class ControlWindow : public Window, private AccessibleHost {
     /// wherever the focus is in the same top-level window: whoever pumps messages during a load asks here first.
     bool TranslateAccelerator(MSG& message);
 
-    /// Draws the control into `bounds` (logical units of `dc`), with or without a window.
-    void Draw(HDC dc, const RECT& bounds);
+    /// Draws the control into `bounds` (logical units of `dc`), with or without a window, as large as `scale` says; as
+    /// on the device, when it says nothing. `goesOn` may be empty. Returns S_OK and what DrawInTiles does, and
+    /// E_INVALIDARG for bounds without an area.
+    HRESULT Draw(HDC dc, const RECT& bounds);
+    HRESULT Draw(HDC dc, const RECT& bounds, const PictureScale& scale, const std::function<bool()>& goesOn);
 
     /// What the container calls the control; asked when an assistive program wants to know.
     void SetDisplayName(std::function<std::string()> name) { displayName_ = std::move(name); }
@@ -98,8 +102,6 @@ class ControlWindow : public Window, private AccessibleHost {
     bool IsMine(HWND window) const;
     void OnFocusMoved();
     void PaintBorder();
-    void DrawInPixels(HDC dc, POINT origin, SIZE pixels);
-    void Paint(HDC dc, POINT origin, SIZE pixels);
     bool SetPointer(HWND under);
     void DropBlockedInput();
 

@@ -351,7 +351,9 @@ TEST(GridWindowPicture, IsTheSameOnTheScreenAndDrawnWithoutAWindow) {
     UpdateWindow(seen.Handle());
     HostWindow::Pump();
     GridWindow unseen({grid, events, pictures, HasBox, L"TestGrid"}, keeper, [] {});
-    const Pixels drawn = Drawing(300, 200, [&](HDC dc) { unseen.Draw(dc, {300, 200}); });
+    const Pixels drawn = Drawing(300, 200, [&](HDC dc) {
+        GridWindow::Picture(unseen, {300, 200}, DpiOf(nullptr)).Paint(dc);
+    });
     EXPECT_EQ(OnScreen(seen.Handle()), drawn);
 }
 
