@@ -147,7 +147,8 @@ TEST(PlacedControl, AsksItsContainerAboutTheKeysThatItDoesNotTake) {
     Placed placed;
     ASSERT_EQ(placed.Verb(OLEIVERB_UIACTIVATE), S_OK);
     placed.Calls().clear();
-    for (const WPARAM key : {VK_TAB, VK_RETURN, VK_ESCAPE}) EXPECT_EQ(placed.Translate(WM_KEYDOWN, key), S_FALSE);
+    for (const WPARAM key : std::initializer_list<WPARAM>{VK_TAB, VK_RETURN, VK_ESCAPE})
+        EXPECT_EQ(placed.Translate(WM_KEYDOWN, key), S_FALSE);
     EXPECT_EQ(placed.Translate(WM_SYSCHAR, L'l'), S_FALSE);
     EXPECT_EQ(placed.Calls(), Log(4, "TranslateAccelerator"));
     placed.Calls().clear();

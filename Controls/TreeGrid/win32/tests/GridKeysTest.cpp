@@ -321,7 +321,7 @@ TEST_F(GridKeysTest, TheControlMayEndInTheMiddleOfABranch) {
 // ---- What is the container's
 
 TEST_F(GridKeysTest, EnterEscAndTabAreLeftToTheContainer) {
-    for (const WPARAM key : {VK_RETURN, VK_ESCAPE, VK_TAB}) {
+    for (const WPARAM key : std::initializer_list<WPARAM>{VK_RETURN, VK_ESCAPE, VK_TAB}) {
         EXPECT_FALSE(Wants(WM_KEYDOWN, key)) << key;
         EXPECT_FALSE(Wants(WM_KEYUP, key)) << key;
     }
@@ -336,7 +336,7 @@ TEST_F(GridKeysTest, LettersWithAltAreLeftToTheContainer) {
 }
 
 TEST_F(GridKeysTest, KeysWithAMeaningAreTakenBeforeTheContainer) {
-    for (const WPARAM key : {VK_BACK, VK_MULTIPLY, VK_DIVIDE, VK_SPACE, VK_F2, VK_HOME})
+    for (const WPARAM key : std::initializer_list<WPARAM>{VK_BACK, VK_MULTIPLY, VK_DIVIDE, VK_SPACE, VK_F2, VK_HOME})
         EXPECT_TRUE(Wants(WM_KEYDOWN, key));
     EXPECT_TRUE(Wants(WM_CHAR, L'c'));
     EXPECT_FALSE(Wants(WM_KEYDOWN, 'C')) << "its character comes";
