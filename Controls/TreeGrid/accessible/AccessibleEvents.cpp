@@ -22,10 +22,10 @@ std::vector<AccessibleEvent> AccessibleEvents::Take() {
     return events;
 }
 
-void AccessibleEvents::Drop() noexcept {
+void AccessibleEvents::Drop() {
+    toldNumber_ = tree_.CursorRow();
     noted_ = {};
     reorder_ = cursor_ = focus_ = false;
-    toldNumber_ = tree_.CursorRow();
     toldRow_ = toldNumber_ != 0 ? grid_.HandleOf(toldNumber_) : RowHandle();
 }
 

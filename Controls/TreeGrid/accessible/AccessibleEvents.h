@@ -34,8 +34,8 @@ class AccessibleEvents {
 
     /// What there is to tell, in its order; from now on it counts as told. When memory runs out, nothing does.
     std::vector<AccessibleEvent> Take();
-    /// Nobody can hear of what changed.
-    void Drop() noexcept;
+    /// Nobody can hear of what changed. When memory runs out, it is not dropped.
+    void Drop();
 
   private:
     void AddCursor(std::vector<AccessibleEvent>& events) const;

@@ -112,5 +112,20 @@ TEST(AccessibleTreeWithoutMemory, TellsLaterWhatItCouldNotTell) {
     });
 }
 
+TEST(AccessibleTreeWithoutMemory, DropsWhatItCannotTellOnceItKnowsTheCursor) {
+    const int64_t failures = FailEachAllocation(true, [&](const MemoryPlan& plan) {
+        LargeTree tree;
+        AccessibleEvents events(tree.grid, tree.tree, tree.view, tree.host);
+        tree.grid.SetCurrentRow(1100);
+        GridChanges changes;
+        changes.cursor = true;
+        events.Note(changes);
+        const bool refused = Refuses(plan, [&] { events.Drop(); });
+        EXPECT_EQ(events.Pending(), refused);
+        return refused && !::testing::Test::HasFailure();
+    });
+    EXPECT_GT(failures, 0);
+}
+
 }  // namespace
 }  // namespace foldertree::testing

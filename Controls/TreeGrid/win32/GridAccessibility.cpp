@@ -78,11 +78,11 @@ GridAccessibility::GridAccessibility(const Parts& parts)
 // ---- Events
 
 void GridAccessibility::SendEvents() noexcept {
-    const HWND window = window_.Handle();
     if (!HasEvents()) return;
-    if (window == nullptr || !SomebodyListens()) return events_.Drop();
     const Held held(keeper_);
     try {
+        const HWND window = window_.Handle();
+        if (window == nullptr || !SomebodyListens()) return events_.Drop();
         for (const AccessibleEvent& event : events_.Take()) {
             NotifyWinEvent(ToEvent(event.kind), window, OBJID_CLIENT, event.child);
             if (window_.Handle() != window) return;

@@ -37,7 +37,7 @@ class GridAccessibility final : private AccessibleAnswers, private AccessibleVie
     void Note(const GridChanges& changes) noexcept { events_.Note(changes); }
     void FocusCame() noexcept { events_.FocusCame(); }
     /// What happened until now happened without a window.
-    void WindowCame() noexcept { events_.Drop(); }
+    void WindowCame() { events_.Drop(); }
     bool HasEvents() const { return events_.Pending(); }
     /// Tells whoever listens what there is to tell; wants to be called once a frame. A listener inside the process runs
     /// at once and may do anything, so the window may be gone afterwards.

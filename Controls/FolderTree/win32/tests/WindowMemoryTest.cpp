@@ -7,7 +7,11 @@
 // After <windows.h>, which it needs
 #include <winternl.h>
 
+#include <oleacc.h>
+
 #include "automation_testing/FailingMemory.h"
+#include "automation_win32/Bstr.h"
+#include "automation_win32/ComPtr.h"
 #include "win32/window/ControlWindow.h"
 
 namespace foldertree {
@@ -304,6 +308,47 @@ TEST(WindowMemoryCount, SeesWhatIsMadeAndWhatIsGivenBack) {
     DeleteObject(bitmap);
     DeleteObject(brush);
     EXPECT_EQ(GdiObjects(), before);
+}
+
+// ---- Assistive programs
+
+/// Asks for all there is, with no memory of its own.
+void ReadAsAnAssistiveProgram(HWND window) {
+    automation::ComPtr<IAccessible> object;
+    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                               reinterpret_cast<void**>(object.GetAddressOf()));
+    automation::ComPtr<IEnumVARIANT> walk;
+    if (!object || FAILED(object.As(&walk))) return;
+    VARIANT child;
+    VARIANT answer;
+    V_VT(&child) = VT_I4;
+    for (V_I4(&child) = CHILDID_SELF; V_VT(&child) == VT_I4;) {
+        for (const auto question : {&IAccessible::get_accName, &IAccessible::get_accValue,
+                                    &IAccessible::get_accDescription, &IAccessible::get_accDefaultAction}) {
+            automation::OwnedBstr text;
+            (object.Get()->*question)(child, text.Out());
+        }
+        object->get_accState(child, &answer);
+        object->accNavigate(NAVDIR_NEXT, child, &answer);
+        if (walk->Next(1, &child, nullptr) != S_OK) break;
+    }
+    automation::ComPtr<IEnumVARIANT> copy;
+    walk->Clone(copy.GetAddressOf());
+}
+
+TEST_F(WindowMemory, AnAssistiveProgramIsToldThatThereIsNone) {
+    ASSERT_TRUE(SUCCEEDED(CoInitialize(nullptr)));
+    Play(Shown, [](Form& form) { ReadAsAnAssistiveProgram(form.Grid()); });
+    Play(Shown, [](Form& form) { ReadAsAnAssistiveProgram(form.control->Panel().Handle()); });
+    CoUninitialize();
+}
+
+TEST_F(WindowMemory, AnEventThatCannotBeToldNow) {
+    Play(Shown, [](Form& form) {
+        form.grid.SetCurrentRow(5);
+        form.grid.SetCellText(4, colSel, "-1");
+        form.control->FlushPaint();
+    });
 }
 
 }  // namespace
