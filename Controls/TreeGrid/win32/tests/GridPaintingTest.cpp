@@ -369,7 +369,9 @@ TEST(GridWindowPicture, FollowsTheUsersChoiceOfHighContrast) {
     parts.highContrast = [&] { return chosen; };
     GridWindow window(parts, keeper, [] {});
     const auto colour = [&] {
-        const Pixels pixels = Drawing(300, 200, [&](HDC dc) { window.Draw(dc, {300, 200}); });
+        const Pixels pixels = Drawing(300, 200, [&](HDC dc) {
+            GridWindow::Picture(window, {300, 200}, DpiOf(nullptr)).Paint(dc);
+        });
         return pixels.At(290, window.Layout().Metrics().headerHeight + 5);
     };
     EXPECT_EQ(colour(), 0xFFFF00u);
