@@ -94,6 +94,16 @@ TEST_F(Context, TraceLinesHaveThePrefixAndNoLineEnd) {
     EXPECT_EQ(platform.lines, (std::vector<std::string>{"ctlFolderTree: GetFolders: Done -3"}));
 }
 
+TEST_F(Context, ALineThatNobodyCanReceiveIsNotWritten) {
+    platform.traceIsHeard = false;
+    context.Trace("GetFolders: Done");
+    context.TraceError({"Error in ctlFolderTree.GetFolders ("}, automation::VbError(91));
+    EXPECT_EQ(platform.lines, std::vector<std::string>{});
+    platform.traceIsHeard = true;
+    context.Trace("GetFolders: Done");
+    EXPECT_EQ(platform.lines, std::vector<std::string>{"ctlFolderTree: GetFolders: Done"});
+}
+
 TEST_F(Context, AnErrorLineNamesPlaceNumberAndText) {
     Error error(0x8004010F, "[MAPI_E_NOT_FOUND]");
     error.SetLine(12);
