@@ -189,9 +189,9 @@ TEST_F(TraceReceiver, ReceivesLinesOfAnyLengthInTheSystemsCodePage) {
         wide.resize(static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()),
                                                             wide.data(), static_cast<int>(wide.size()))));
         std::string text(4 * utf8.size() + 1, '\0');
-        text.resize(static_cast<size_t>(WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()),
-                                                            text.data(), static_cast<int>(text.size()), nullptr,
-                                                            nullptr)));
+        text.resize(
+            static_cast<size_t>(WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
+                                                    static_cast<int>(text.size()), nullptr, nullptr)));
         return text;
     };
     std::vector<std::string> expected;

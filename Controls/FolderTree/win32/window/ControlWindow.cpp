@@ -45,9 +45,10 @@ bool IsRead(const TreeGrid& grid, int32_t row) {
 }  // namespace
 
 ControlWindow::ControlWindow(ctlFolderTree& control, WindowKeeper& keeper)
-    : ControlWindow(ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, CanBeTicked, IsRead,
-                                 [&control] { return control.Refreshing(); }, [&control] { return control.Numbers(); }},
-                    keeper) {}
+    : ControlWindow(
+          ControlParts{control.Grid(), control, [&control] { control.cmdCancel_Click(); }, CanBeTicked, IsRead,
+                       [&control] { return control.Refreshing(); }, [&control] { return control.Numbers(); }},
+          keeper) {}
 
 ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
     : Window(L"ctlFolderTree", keeper),
