@@ -178,6 +178,7 @@ std::vector<Member> SettingMembers() {
          }},
         {"BufferedToLevel", "BufferedToLevel", [](World&, Control& c) { c.BufferedToLevel(); }},
         {"ListCount", "ListCount", [](World&, Control& c) { c.ListCount(); }},
+        {"Numbers", "Numbers", [](World&, Control& c) { c.Numbers(); }},
         {"Localize", "Localize", [](World&, Control& c) { c.Localize("1", "2", "3", "4", "5", "6"); }},
     };
 }

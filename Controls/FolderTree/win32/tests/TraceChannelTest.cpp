@@ -104,20 +104,12 @@ TEST_F(TraceReceiver, IsADebugger) {
     EXPECT_FALSE(TraceHasReceiver());
 }
 
-TEST_F(TraceReceiver, IsLookedForAtEachCallAndFourTimesASecond) {
+TEST_F(TraceReceiver, IsLookedForWhenACallBegins) {
     TraceChannel channel;
     EXPECT_FALSE(channel.IsHeard());
     const Handle section = MakeSection(L"DBWIN_BUFFER");
     channel.AskAnew();
     EXPECT_TRUE(channel.IsHeard());
-
-    TraceChannel running;
-    Set(L"always");
-    EXPECT_TRUE(running.IsHeard());
-    Set(L"ask");
-    const Handle gone = MakeSection(L"some other");
-    Sleep(300);
-    EXPECT_TRUE(running.IsHeard()) << "the section is still there";
 }
 
 TEST_F(TraceReceiver, ThatComesInTheMiddleIsFoundWithoutANewCall) {
@@ -154,9 +146,12 @@ class Viewer {
     }
     /// The lines that came.
     const std::vector<std::string>& Stop() {
+        if (!thread_.joinable()) return lines_;
+        // The buffer is free again once the last line has been taken.
+        WaitForSingleObject(ready_.Get(), 10'000);
         stop_ = true;
         SetEvent(data_.Get());
-        if (thread_.joinable()) thread_.join();
+        thread_.join();
         return lines_;
     }
 
