@@ -2,15 +2,15 @@
 #include "win32/com/TraceChannel.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+#include <winternl.h>
 
 #include <atomic>
-#include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "win32/com/TraceReceivers.h"
-#include "winternl.h"
 
 namespace foldertree {
 namespace {
