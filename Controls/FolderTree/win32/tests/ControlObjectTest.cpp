@@ -455,9 +455,9 @@ TEST(NoMemory, IsAResultOfAnEnumeratorsCopy) {
 
 TEST(NoMemory, LosesATraceLineAndNothingElse) {
     Placed placed;
+    const std::string line(1000, 'l');  // a usual one needs no memory
     ExpectNoMemoryIsAResult([&] {
-        // A usual one needs none.
-        placed.Object().Platform().TraceLine(std::string(1000, 'l'));
+        placed.Object().Platform().TraceLine(line);
         return AllocationFailurePending() ? S_OK : E_OUTOFMEMORY;
     });
 }
