@@ -1,7 +1,10 @@
 # Tests: the same GoogleTest sources run natively, one CTest test per case, and under Wine, one CTest test per binary.
 #
-# foldertree_add_test(name SOURCES ... LIBS ... [USES_DISPLAY] [TIMEOUT seconds])
+# foldertree_add_test(name SOURCES ... LIBS ... [OPTIMISED] [USES_DISPLAY] [TIMEOUT seconds])
+#   OPTIMISED     the test itself works hard, not only what it tests
 #   USES_DISPLAY  the test moves the mouse or the focus, so no other such test runs beside it
+# foldertree_add_test_library(name SOURCES ... LIBS ... [OPTIMISED])
+#   what several of these programs share; its include root is the current folder
 # foldertree_add_script_test(name COMMAND command args... [USES_DISPLAY] [TIMEOUT seconds])
 #   any other program whose exit code is the verdict; it runs in the root of the sources;
 #   also in builds without unit tests
@@ -30,6 +33,43 @@ if(FOLDERTREE_TESTS)
     endif()
 endif()
 
+# Test sources are many and run once, so they are not optimised (the code under test is), and what nearly all of them
+# include is parsed once a build. Headers that were parsed for the one cannot serve the other.
+function(foldertree_compile_tests target optimised)
+    target_link_libraries(${target} PRIVATE GTest::gtest_main GTest::gmock foldertree_warnings)
+    if(optimised)
+        target_compile_options(${target} PRIVATE -O1)
+    else()
+        target_compile_options(${target} PRIVATE -O0)
+        target_precompile_headers(${target} REUSE_FROM foldertree_test_headers)
+    endif()
+    # Goldens and sample data are found from here.
+    target_compile_definitions(${target} PRIVATE FOLDERTREE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+endfunction()
+
+if(FOLDERTREE_TESTS)
+    set(empty "${PROJECT_BINARY_DIR}/TestHeaders.cpp")
+    file(TOUCH "${empty}")
+    add_library(foldertree_test_headers OBJECT EXCLUDE_FROM_ALL "${empty}")
+    target_link_libraries(foldertree_test_headers PRIVATE GTest::gtest_main GTest::gmock foldertree_warnings)
+    target_compile_options(foldertree_test_headers PRIVATE -O0)
+    # Not windows.h, whose macros have no place in portable tests.
+    target_precompile_headers(foldertree_test_headers PRIVATE
+        <gmock/gmock.h> <gtest/gtest.h>
+        <algorithm> <functional> <map> <memory> <optional> <random> <set> <string> <string_view> <vector>)
+endif()
+
+function(foldertree_add_test_library name)
+    if(NOT FOLDERTREE_TESTS)
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "OPTIMISED" "" "SOURCES;LIBS")
+    add_library(${name} STATIC EXCLUDE_FROM_ALL ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_link_libraries(${name} PUBLIC ${arg_LIBS})
+    foldertree_compile_tests(${name} "${arg_OPTIMISED}")
+endfunction()
+
 function(foldertree_test_properties result timeout usesDisplay)
     if(NOT timeout)
         set(timeout 300)
@@ -49,13 +89,10 @@ function(foldertree_add_test name)
     if(NOT FOLDERTREE_TESTS)
         return()
     endif()
-    cmake_parse_arguments(PARSE_ARGV 1 arg "USES_DISPLAY" "TIMEOUT" "SOURCES;LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "OPTIMISED;USES_DISPLAY" "TIMEOUT" "SOURCES;LIBS")
     add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest_main GTest::gmock foldertree_warnings)
-    # Test sources are many and run once; the code under test keeps its optimisation.
-    target_compile_options(${name} PRIVATE -O0)
-    # Goldens and sample data are found from here.
-    target_compile_definitions(${name} PRIVATE FOLDERTREE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${name} PRIVATE ${arg_LIBS})
+    foldertree_compile_tests(${name} "${arg_OPTIMISED}")
 
     foldertree_test_properties(properties "${arg_TIMEOUT}" ${arg_USES_DISPLAY})
     if(WIN32)

@@ -4,7 +4,7 @@ add_library(foldertree_warnings INTERFACE)
 target_compile_options(foldertree_warnings INTERFACE
     $<$<COMPILE_LANGUAGE:CXX>:
         -Wall -Wextra -Wpedantic -Werror
-        -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Woverloaded-virtual -Wshadow -Wundef
+        -Wcast-qual -Wconversion -Wformat=2 -Wimplicit-fallthrough -Woverloaded-virtual -Wshadow -Wsign-conversion -Wundef
         -Wunused>)
 
 # COM interfaces have virtual functions and no virtual destructor, and cannot help it.

@@ -29,7 +29,7 @@ TEST(TextHash, SpreadsIdentifiersThatDifferInAFewDigits) {
     int collisions = 0;
     for (int each = 0; each < 100'000; ++each) {
         const std::string text = std::string(80, '0') + std::to_string(1'000'000 + each);
-        const size_t place = HashText(text) % seen.size();
+        const auto place = static_cast<size_t>(HashText(text) % seen.size());
         if (seen[place]) ++collisions;
         seen[place] = true;
     }

@@ -1,9 +1,14 @@
-// FailingMemory: the program's operator new, which a test can make fail.
+// FailingMemory: the program's operator new, which a test can make fail, and an operator delete that leaves nothing.
 #include "automation_testing/FailingMemory.h"
 
 #include <atomic>
 #include <cstdlib>
 #include <new>
+#ifdef _WIN32
+#include <malloc.h>
+
+#include <cstring>
+#endif
 
 namespace automation::testing {
 
@@ -39,6 +44,10 @@ void* Allocate(std::size_t size) noexcept {
 void Free(void* memory) noexcept {
     if (memory == nullptr) return;
     live.fetch_sub(1, std::memory_order_relaxed);
+#ifdef _WIN32
+    // Where no sanitizer looks, what is used after its end shall at least not work by chance.
+    std::memset(memory, 0xDD, _msize(memory));
+#endif
     std::free(memory);
 }
 

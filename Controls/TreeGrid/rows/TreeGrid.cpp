@@ -502,8 +502,9 @@ void TreeGrid::DeliverChanges() noexcept {
     const GridChanges changes = std::exchange(impl_->changes, {});
     // By position and not by iterator: an observer may leave, or take another along, when it hears of a change.
     const bool outermost = !std::exchange(impl_->delivering, true);
-    for (size_t each = 0; each < impl_->observers.size(); ++each)
-        if (TreeGridObserver* const observer = impl_->observers[each]) observer->GridChanged(changes);
+    size_t next = 0;
+    while (next < impl_->observers.size())
+        if (TreeGridObserver* const observer = impl_->observers[next++]) observer->GridChanged(changes);
     if (!outermost) return;
     impl_->delivering = false;
     std::erase(impl_->observers, nullptr);

@@ -43,9 +43,9 @@ DWORD ToEvent(AccessibleEvent::Kind kind) {
 }
 
 bool SomebodyListens() {
-    for (const DWORD event : {EVENT_OBJECT_REORDER, EVENT_OBJECT_SELECTION, EVENT_OBJECT_FOCUS,
-                              EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_DESCRIPTIONCHANGE})
-        if (IsWinEventHookInstalled(event)) return true;
+    for (const int event : {EVENT_OBJECT_REORDER, EVENT_OBJECT_SELECTION, EVENT_OBJECT_FOCUS, EVENT_OBJECT_STATECHANGE,
+                            EVENT_OBJECT_DESCRIPTIONCHANGE})
+        if (IsWinEventHookInstalled(static_cast<DWORD>(event))) return true;
     return false;
 }
 

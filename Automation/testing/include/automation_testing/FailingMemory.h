@@ -16,7 +16,8 @@ struct MemoryPlan {
 /// null, where the caller asked for that). Scopes do not nest, and other threads are left alone. Not seen: malloc, the
 /// system's own allocations, over-aligned types, and the memory of exceptions that are thrown.
 ///
-/// Without a scope, allocations take their usual way. Nothing is asserted in here: look at the outcome after the scope.
+/// Without a scope, allocations take their usual way; in Windows builds freed memory is overwritten. Nothing is
+/// asserted in here: look at the outcome after the scope.
 class FailingMemory {
   public:
     explicit FailingMemory(MemoryPlan plan = {});

@@ -81,7 +81,7 @@ HWND Desktop::List() const {
 
 void Desktop::Press(WPARAM key) const {
     SendMessageW(List(), WM_KEYDOWN, key, 1);
-    SendMessageW(List(), WM_KEYUP, key, 0xC0000001);
+    SendMessageW(List(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
     HandleMessages();
 }
 

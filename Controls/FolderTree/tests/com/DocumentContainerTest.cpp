@@ -408,7 +408,7 @@ TEST_F(Pictures, AreRefusedInOtherFormats) {
 
 TEST_F(Pictures, AreRefusedWithoutASizeAndBeyondAllSizes) {
     STGMEDIUM medium = {};
-    for (const CLIPFORMAT cf : {CF_DIB, CF_ENHMETAFILE, CF_METAFILEPICT}) {
+    for (const CLIPFORMAT cf : {CLIPFORMAT{CF_DIB}, CLIPFORMAT{CF_ENHMETAFILE}, CLIPFORMAT{CF_METAFILEPICT}}) {
         FORMATETC format = Format(cf, TYMED_HGLOBAL | TYMED_ENHMF | TYMED_MFPICT);
         SIZEL extent = {0, 2000};
         As<IOleObject>(control_)->SetExtent(DVASPECT_CONTENT, &extent);

@@ -86,7 +86,7 @@ TEST_F(LateBinding, TakesAnObjectByReferenceAndByValue) {
     EXPECT_EQ(tree_->Get("Application").ToObject(), nullptr);
 
     // By value, as a script does without Set; straight through COM, since an adapter would try the other way, too.
-    for (const WORD kind : {DISPATCH_PROPERTYPUT, DISPATCH_PROPERTYPUTREF}) {
+    for (const WORD kind : {WORD{DISPATCH_PROPERTYPUT}, WORD{DISPATCH_PROPERTYPUTREF}}) {
         automation::Variant argument{Value(application)};
         DISPID put = DISPID_PROPERTYPUT;
         DISPPARAMS parameters = {&argument.Raw(), &put, 1, 1};

@@ -302,7 +302,7 @@ TEST(StreamPersistence, LoadsOrRefusesADamagedStreamAndThenKeepsItsSettings) {
     const std::vector<uint8_t> good = SavedStream(saved);
     int refused = 0;
     for (size_t at = 0; at < good.size(); ++at) {
-        for (const uint8_t change : {0x01, 0x80, 0xFF}) {
+        for (const int change : {0x01, 0x80, 0xFF}) {
             std::vector<uint8_t> damaged = good;
             damaged[at] = static_cast<uint8_t>(damaged[at] ^ change);
             const auto control = NewControl();

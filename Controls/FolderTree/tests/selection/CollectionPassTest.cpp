@@ -150,8 +150,9 @@ TEST_F(SelectionPass, EndsWhereTheHostAssignsAnotherCollectionAndLeavesThatOneAl
 
 TEST_F(SelectionPass, EndsWhereTheEndOfAWalkAssignsAnotherCollection) {
     for (const Running& member : MembersOverTheSelection()) {
-        for (int at = 0; at < 6; ++at) {
-            SCOPED_TRACE(std::string(member.name) + ", end " + std::to_string(at));
+        int ends = 0;
+        for (;; ++ends) {
+            SCOPED_TRACE(std::string(member.name) + ", end " + std::to_string(ends));
             const auto walked = std::make_shared<HostsCollection>();
             for (const char* entryID : {"0001", "0002", "0003"}) AddItem(*walked->items, HostItem("B2", entryID));
             const auto assigned = NewCollection();
@@ -159,7 +160,7 @@ TEST_F(SelectionPass, EndsWhereTheEndOfAWalkAssignsAnotherCollection) {
             control->SetSelection(nullptr);
             control->RefreshList();
             control->SetSelection(walked);
-            walked->endsBefore = at;
+            walked->endsBefore = ends;
             walked->onWalkEnd = [&] { control->SetSelection(assigned); };
             member.run(*control);
             if (std::exchange(walked->onWalkEnd, nullptr) != nullptr) break;
@@ -167,6 +168,7 @@ TEST_F(SelectionPass, EndsWhereTheEndOfAWalkAssignsAnotherCollection) {
             EXPECT_TRUE(IsTicked(Grid(), Row("F0")));
             EXPECT_EQ(control->Selection(), assigned);
         }
+        EXPECT_GE(ends, 1) << member.name << " reads no collection to its end";
     }
 }
 

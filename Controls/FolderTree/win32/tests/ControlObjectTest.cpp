@@ -9,8 +9,8 @@
 
 #include "FakeContainer.h"
 #include "FolderTree.idl.h"
-#include "PoisonedMemory.h"
 #include "WindowFixture.h"
+#include "automation_testing/FailingMemory.h"
 #include "automation_win32/ModuleLock.h"
 #include "win32/com/ControlInterfaces.h"
 #include "win32/com/ControlObject.h"
@@ -20,6 +20,10 @@ namespace foldertree {
 namespace {
 
 using automation::ComPtr;
+using automation::testing::FailEachAllocation;
+using automation::testing::FailingMemory;
+using automation::testing::MemoryPlan;
+using automation::testing::SparedMemory;
 using Log = std::vector<std::string_view>;
 
 class Ole : public testing::Environment {
@@ -328,20 +332,16 @@ TEST(RefusingContainer, MayRefuseAllOfItsCalls) {
 /// Runs the call with one allocation failing, the first, the second, and so on until it makes no further one. The call
 /// returns its HRESULT, and no exception.
 void ExpectNoMemoryIsAResult(const std::function<HRESULT()>& call) {
-    int failures = 0;
-    for (int n = 1;; ++n) {
-        ASSERT_LT(n, 10000);
-        FailAllocation(n);
+    int told = 0;
+    FailEachAllocation(false, [&](const MemoryPlan& plan) {
+        const FailingMemory memory(plan);
         const HRESULT result = call();
-        const bool enough = AllocationFailurePending();
-        FailAllocation(0);
-        if (enough) {
-            EXPECT_EQ(result, S_OK);
-            break;
-        }
-        failures += result == E_OUTOFMEMORY;
-    }
-    EXPECT_GT(failures, 0) << "no allocation failed";
+        const bool refused = memory.Refused() > 0;
+        EXPECT_TRUE(refused || result == S_OK) << result;
+        told += refused && result == E_OUTOFMEMORY;
+        return refused;
+    });
+    EXPECT_GT(told, 0) << "no allocation failed";
 }
 
 /// A sink that hears of everything and keeps nothing.
@@ -372,10 +372,11 @@ TEST(NoMemory, IsAResultOfTheFirstCallOfTheServer) {
 TEST(NoMemory, IsAResultOfActivation) {
     Placed placed;
     ExpectNoMemoryIsAResult([&] {
-        const int armed = DisarmAllocationFailure();
-        placed.Verb(OLEIVERB_HIDE);
-        EXPECT_EQ(placed.Window(), nullptr);
-        FailAllocation(armed);
+        {
+            const SparedMemory spared;
+            placed.Verb(OLEIVERB_HIDE);
+            EXPECT_EQ(placed.Window(), nullptr);
+        }
         return placed.Verb(OLEIVERB_SHOW);
     });
     EXPECT_NE(placed.Grid(), nullptr);
@@ -391,10 +392,11 @@ TEST(NoMemory, KeepsNoEventBack) {
     auto* const control = placed.Raw<IOleControl>();
     control->FreezeEvents(TRUE);
     placed.Object().Platform().RaiseChanged();
-    FailAllocation(1);
-    EXPECT_EQ(control->FreezeEvents(FALSE), S_OK);
-    EXPECT_TRUE(AllocationFailurePending()) << "to tell of an event needs no memory";
-    FailAllocation(0);
+    {
+        const FailingMemory memory({.first = 1});
+        EXPECT_EQ(control->FreezeEvents(FALSE), S_OK);
+        EXPECT_EQ(memory.Asked(), 0) << "to tell of an event needs no memory";
+    }
     EXPECT_EQ(sink->calls, 1);
     events->Unadvise(cookie);
 }
@@ -420,19 +422,15 @@ TEST(NoMemory, NeverPassesThePlatform) {
     Placed placed;
     ASSERT_EQ(placed.Verb(OLEIVERB_SHOW), S_OK);
     WindowsPlatform& platform = placed.Object().Platform();
-    int failures = 0;
+    int64_t failures = 0;
     for (const auto& [name, call] : platformCalls) {
-        for (int n = 1;; ++n) {
-            ASSERT_LT(n, 10000) << name;
+        failures += FailEachAllocation(false, [&](const MemoryPlan& plan) {
             // Whatever the call has to show is there to be painted.
             InvalidateRect(placed.Window(), nullptr, TRUE);
-            FailAllocation(n);
-            EXPECT_NO_THROW(call(platform)) << name << ", allocation " << n;
-            const bool enough = AllocationFailurePending();
-            FailAllocation(0);
-            if (enough) break;
-            ++failures;
-        }
+            const FailingMemory memory(plan);
+            EXPECT_NO_THROW(call(platform)) << name << ", allocation " << plan.first;
+            return memory.Refused() > 0;
+        });
     }
     EXPECT_GT(failures, 5);
     // Once there is memory again, everything is shown as ever.
@@ -456,10 +454,12 @@ TEST(NoMemory, IsAResultOfAnEnumeratorsCopy) {
 TEST(NoMemory, LosesATraceLineAndNothingElse) {
     Placed placed;
     const std::string line(1000, 'l');  // a usual one needs no memory
-    ExpectNoMemoryIsAResult([&] {
+    const int64_t failures = FailEachAllocation(false, [&](const MemoryPlan& plan) {
+        const FailingMemory memory(plan);
         placed.Object().Platform().TraceLine(line);
-        return AllocationFailurePending() ? S_OK : E_OUTOFMEMORY;
+        return memory.Refused() > 0;
     });
+    EXPECT_GT(failures, 0);
 }
 
 }  // namespace

@@ -332,8 +332,8 @@ TEST_F(LoadingControl, KeysThatWaitedForAReadAreDroppedWithTheirCharacters) {
     grid_.SetCurrentRow(1);
     grid_.SetIsNode(1, true);
     Read(300, [&] {
-        for (const WPARAM key : {VK_SPACE, VK_DOWN, VK_SUBTRACT})
-            PostMessageW(control_->Grid().Handle(), WM_KEYDOWN, key, 1);
+        for (const int key : {VK_SPACE, VK_DOWN, VK_SUBTRACT})
+            PostMessageW(control_->Grid().Handle(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
     });
     control_->PumpMessages();
     HostWindow::Pump();
