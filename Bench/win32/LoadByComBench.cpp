@@ -1,13 +1,14 @@
 // LoadByComBench: what a folder costs when the control reads the mail through COM, in a window that is shown, in each
 // access mode; and what of that the mail itself takes, read by the same calls with no control.
 //
-// load_by_com_bench [folders]; FOLDERTREE_TRACE=ask measures a control that nobody listens to, also under Wine.
+// load_by_com_bench [folders [mode]]; FOLDERTREE_TRACE=ask measures a control that nobody listens to, also under Wine.
 #include <windows.h>
 
 #include <objbase.h>
 #include <ocidl.h>
 #include <psapi.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -133,13 +134,13 @@ void MeasureWalk(automation::ComObjectFactory& factory) {
                 seconds * 1e6 / count);
 }
 
-void Run(int32_t folders) {
+void Run(int32_t folders, int32_t first, int32_t last) {
     automation::ComObjectFactory factory;
     const ObjectRef session = factory.Create("LocalStores.Session");
     session->Get("Open", "sample?folders=" + std::to_string(folders));
     MeasureWalk(factory);
     constexpr const char* modes[] = {"mode 0, RDO tables", "mode 1, RDO objects", "mode 2, Outlook", "mode 3, CDO"};
-    for (int32_t mode = 0; mode < 4; ++mode) MeasureLoad(modes[mode], mode, factory, session);
+    for (int32_t mode = first; mode <= last; ++mode) MeasureLoad(modes[mode], mode, factory, session);
 }
 
 }  // namespace
@@ -148,7 +149,9 @@ int main(int count, char** arguments) {
     OleInitialize(nullptr);
     int result = 0;
     try {
-        Run(count > 1 ? std::atoi(arguments[1]) : 20'000);
+        const int32_t folders = count > 1 ? std::atoi(arguments[1]) : 20'000;
+        const int32_t only = count > 2 ? std::clamp(std::atoi(arguments[2]), 0, 3) : -1;
+        Run(folders, only < 0 ? 0 : only, only < 0 ? 3 : only);
     } catch (const automation::Error& error) {
         std::printf("Error 0x%X: %s\n", error.Number(), error.Text().c_str());
         result = 1;
