@@ -3,6 +3,9 @@
 
 #include <dispex.h>
 
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <vector>
 
 #include "MemberNumbers.h"
@@ -17,12 +20,24 @@ namespace {
 /// Visual Basic's 438 as a host tells it.
 constexpr uint32_t noSuchMemberOfHost = 0x800A0000 | errors::noSuchMember;
 
+/// Room for what a usual call needs to put together; a longer one takes more from the heap.
+class CallMemory {
+  public:
+    std::pmr::memory_resource* Resource() { return &resource_; }
+
+  private:
+    std::array<std::byte, 512> space_;
+    std::pmr::monotonic_buffer_resource resource_{space_.data(), space_.size()};
+};
+
 /// The arguments of a call in the order of IDispatch: the last one first, named ones before all.
 class DispatchArguments {
   public:
-    DispatchArguments(const Invocation& call, std::span<const DISPID> namedNumbers)
-        : variants_(call.arguments.size() + call.named.size()), named_(namedNumbers.begin(), namedNumbers.end()) {
-        if (call.access != Access::Call) named_.insert(named_.begin(), DISPID_PROPERTYPUT);
+    DispatchArguments(const Invocation& call, std::span<const DISPID> namedNumbers, CallMemory& memory)
+        : variants_(call.arguments.size() + call.named.size(), memory.Resource()), named_(memory.Resource()) {
+        named_.reserve(namedNumbers.size() + 1);
+        if (call.access != Access::Call) named_.push_back(DISPID_PROPERTYPUT);
+        named_.insert(named_.end(), namedNumbers.begin(), namedNumbers.end());
         for (VARIANT& variant : variants_) VariantInit(&variant);
         try {
             auto place = variants_.begin();
@@ -46,8 +61,8 @@ class DispatchArguments {
         for (VARIANT& variant : variants_) VariantClear(&variant);
     }
 
-    std::vector<VARIANT> variants_;
-    std::vector<DISPID> named_;
+    std::pmr::vector<VARIANT> variants_;
+    std::pmr::vector<DISPID> named_;
 };
 
 WORD Flags(Access access) {
@@ -129,12 +144,13 @@ MemberNumbers& ComObject::Numbers() const {
 Value ComObject::Invoke(const Invocation& call) {
     if (!dispatch_) throw VbError(errors::noSuchMember);
     const ObjectRef alive = shared_from_this();  // the call may release the last other reference
-    std::vector<std::string_view> names;
+    CallMemory memory;
+    std::pmr::vector<std::string_view> names(memory.Resource());
     for (const NamedArgument& argument : call.named) names.push_back(argument.name);
-    std::vector<DISPID> numbers{DISPID_VALUE};
+    std::pmr::vector<DISPID> numbers(1 + names.size(), DISPID_VALUE, memory.Resource());
     if (!call.member.empty()) Check(Numbers().Find(dispatch_.Get(), call.member, names, numbers));
 
-    DispatchArguments arguments(call, std::span(numbers).subspan(1));
+    DispatchArguments arguments(call, std::span(numbers).subspan(1), memory);
     try {
         return InvokeWith(dispatch_.Get(), numbers[0], Flags(call.access), arguments.Parameters());
     } catch (const Error& error) {
@@ -175,8 +191,8 @@ std::unique_ptr<Enumerator> ComObject::NewEnum() {
 bool ComObject::HasMember(std::string_view member) const {
     if (!dispatch_) return false;
     if (member.empty()) return true;  // only its use shows whether there is a default member
-    std::vector<DISPID> numbers;
-    return SUCCEEDED(Numbers().Find(dispatch_.Get(), member, {}, numbers));
+    DISPID number = DISPID_UNKNOWN;
+    return SUCCEEDED(Numbers().Find(dispatch_.Get(), member, {}, {&number, 1}));
 }
 
 }  // namespace automation

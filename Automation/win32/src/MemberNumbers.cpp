@@ -3,7 +3,10 @@
 
 #include <dispex.h>
 
-#include "automation/Text.h"
+#include <algorithm>
+#include <map>
+#include <optional>
+
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComPtr.h"
 
@@ -37,28 +40,28 @@ std::optional<GUID> FixedType(IDispatch* dispatch) {
 }
 
 std::string CacheKey(std::string_view member, std::span<const std::string_view> parameters) {
-    std::string key = FoldAscii(member);
-    for (const std::string_view parameter : parameters) (key += '\n') += FoldAscii(parameter);
+    std::string key(member);
+    for (const std::string_view parameter : parameters) (key += '\n') += parameter;
     return key;
 }
 
 /// Objects of some script engines answer to IDispatchEx only.
-HRESULT AskExtended(IDispatch* dispatch, std::string_view member, std::vector<DISPID>& numbers) {
+HRESULT AskExtended(IDispatch* dispatch, std::string_view member, DISPID& number) {
     ComPtr<IDispatchEx> extended;
     if (FAILED(dispatch->QueryInterface(IID_PPV_ARGS(extended.GetAddressOf())))) return E_NOTIMPL;
-    return extended->GetDispID(OwnedBstr(member).Get(), fdexNameCaseInsensitive, numbers.data());
+    return extended->GetDispID(OwnedBstr(member).Get(), fdexNameCaseInsensitive, &number);
 }
 
 HRESULT Ask(IDispatch* dispatch, std::string_view member, std::span<const std::string_view> parameters,
-            std::vector<DISPID>& numbers) {
+            std::span<DISPID> numbers) {
     std::vector<std::wstring> names{ToWide(member)};
     for (const std::string_view parameter : parameters) names.push_back(ToWide(parameter));
     std::vector<LPOLESTR> pointers;
     for (std::wstring& name : names) pointers.push_back(name.data());
-    numbers.assign(names.size(), DISPID_UNKNOWN);
+    std::ranges::fill(numbers, DISPID_UNKNOWN);
     const HRESULT result = dispatch->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()),
                                                    LOCALE_USER_DEFAULT, numbers.data());
-    return result == E_NOTIMPL && parameters.empty() ? AskExtended(dispatch, member, numbers) : result;
+    return result == E_NOTIMPL && parameters.empty() ? AskExtended(dispatch, member, numbers[0]) : result;
 }
 
 }  // namespace
@@ -75,21 +78,24 @@ std::shared_ptr<MemberNumbers> MemberNumbers::For(IDispatch* dispatch) {
 }
 
 HRESULT MemberNumbers::Find(IDispatch* dispatch, std::string_view member, std::span<const std::string_view> parameters,
-                            std::vector<DISPID>& numbers) {
+                            std::span<DISPID> numbers) {
+    if (parameters.empty() && Known(member, numbers)) return S_OK;
     std::string key = CacheKey(member, parameters);
-    {
-        const std::lock_guard lock(mutex_);
-        if (const auto known = known_.find(key); known != known_.end()) {
-            numbers = known->second;
-            return S_OK;
-        }
-    }
+    if (!parameters.empty() && Known(key, numbers)) return S_OK;
     const HRESULT result = Ask(dispatch, member, parameters, numbers);
     if (SUCCEEDED(result)) {
         const std::lock_guard lock(mutex_);
-        known_.emplace(std::move(key), numbers);
+        known_.try_emplace(std::move(key), numbers.begin(), numbers.end());
     }
     return result;
+}
+
+bool MemberNumbers::Known(std::string_view key, std::span<DISPID> numbers) {
+    const std::lock_guard lock(mutex_);
+    const auto known = known_.find(key);
+    if (known == known_.end()) return false;
+    std::ranges::copy(known->second, numbers.begin());
+    return true;
 }
 
 }  // namespace automation
