@@ -69,8 +69,8 @@ Value Identifier(const Place& place, size_t size, uint8_t flags) {
     Bytes id;
     id.items.resize(size);
     id.items[0] = flags;
-    uint64_t noise =
-        static_cast<uint64_t>(place.number) * 0x9E3779B97F4A7C15ull + static_cast<uint64_t>(place.deep + 2);
+    constexpr uint64_t spread = 0x9E3779B97F4A7C15;
+    uint64_t noise = static_cast<uint64_t>(place.number) * spread + static_cast<uint64_t>(place.deep + 2);
     const int32_t numbers[] = {place.store, place.number, place.deep};
     size_t at = 4;
     for (const int32_t number : numbers)

@@ -307,7 +307,7 @@ void ReadAllRowsAsAScreenReader(benchmark::State& state) {
             for (int32_t position = 0; position < tree.ChildCount(); ++position) {
                 const int32_t row = tree.RowOf(tree.IdOf(tree.RowAt(position)));
                 sum += tree.RowName(row).size() + tree.RowValue(row).size() + tree.RowDescription(row).size();
-                sum += tree.RowState(row).checked ? 1 : 0;
+                sum += size_t{tree.RowState(row).checked};
                 sum += TextOf(tree.RowAction(row)).size();
             }
             benchmark::DoNotOptimize(sum);
