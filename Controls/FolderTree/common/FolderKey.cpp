@@ -6,7 +6,8 @@ namespace foldertree {
 std::string FolderKey(std::string_view storeID, std::string_view entryID, std::string_view restOfEntryID) {
     std::string key;
     key.reserve(storeID.size() + entryID.size() + restOfEntryID.size() + 2);
-    return key.append("S").append(storeID).append("|").append(entryID).append(restOfEntryID);
+    key.append("S").append(storeID).append("|").append(entryID).append(restOfEntryID);
+    return key;
 }
 
 std::string AddressListKey(std::string_view listID) {

@@ -18,11 +18,12 @@ inline int32_t RequireRow(const TreeGrid& grid, RowHandle handle, int32_t lastSe
     return *row;
 }
 
-/// Visits the data rows from the first to the last. Rows may come and go meanwhile; when the visited row itself goes,
-/// the place is lost with it and the walk ends.
-template <class Visit>
-void ForEachRow(const TreeGrid& grid, Visit&& visit) {
+/// Visits the wanted data rows from the first to the last. Rows may come and go during a visit; when the visited row
+/// itself goes, the place is lost with it and the walk ends. To ask `isWanted` must run no other code.
+template <class IsWanted, class Visit>
+void ForEachRow(const TreeGrid& grid, IsWanted&& isWanted, Visit&& visit) {
     for (int32_t row = grid.FixedRowCount(); row < grid.RowCount(); ++row) {
+        if (!isWanted(std::as_const(row))) continue;
         const RowHandle place = grid.HandleOf(row);
         visit(std::as_const(row));
         const std::optional<int32_t> now = grid.RowOf(place, row);

@@ -1,7 +1,10 @@
 // modApplication: small helpers that the store readers share.
 #include "common/modApplication.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <string_view>
 
 #include "automation/Text.h"
 #include "common/ErrorEdges.h"
@@ -20,13 +23,15 @@ automation::Value GetFieldValue(const automation::ObjectRef& source, int32_t pro
 std::string BytesToHex(const automation::Bytes& bytes) {
     // The same digits as HexPadded of width 2, without a text for each byte: identifiers are read by the hundred
     // thousand.
-    static constexpr char digits[] = "0123456789ABCDEF";
+    static constexpr auto pairs = [] {
+        constexpr std::string_view digits = "0123456789ABCDEF";
+        std::array<std::array<char, 2>, 256> all{};
+        for (size_t byte = 0; byte < all.size(); ++byte) all[byte] = {digits[byte >> 4], digits[byte & 15]};
+        return all;
+    }();
     std::string hex(bytes.items.size() * 2, '0');
-    size_t at = 0;
-    for (const uint8_t byte : bytes.items) {
-        hex[at++] = digits[byte >> 4];
-        hex[at++] = digits[byte & 15];
-    }
+    char* at = hex.data();
+    for (const uint8_t byte : bytes.items) at = std::copy_n(pairs[byte].data(), 2, at);
     return hex;
 }
 

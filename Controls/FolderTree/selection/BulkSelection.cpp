@@ -11,11 +11,12 @@ namespace foldertree {
 template <class Visit>
 void BulkSelection::ForEachPickRow(Visit&& visit) {
     const TreeGrid& grid = context_.grid;
-    ForEachRow(grid, [&](int32_t row) {
+    const auto isFolder = [&grid](int32_t row) {
         const std::string_view kind = grid.CellView(row, colRowKind);
         const auto is = [kind](std::string_view other) { return automation::EqualNoCase(kind, other); };
-        if (!is(rowKind::dummy) && !is(rowKind::store) && !is(rowKind::header)) visit(row);
-    });
+        return !is(rowKind::dummy) && !is(rowKind::store) && !is(rowKind::header);
+    };
+    ForEachRow(grid, isFolder, visit);
 }
 
 bool BulkSelection::MayBePicked(int32_t row) const {

@@ -160,8 +160,8 @@ void SelectionView::ReadTicks(CollectionPass& pass) {
     OrderedInsertion insertion(context_, selection_, pass);
     insertion.RemoveCompleteItems();
     const TreeGrid& grid = context_.grid;
-    ForEachRow(grid, [&](int32_t row) {
-        if (!context_.state.multiSelect || grid.CellValue(row, colSel) == 0) return;
+    const auto isTicked = [&](int32_t row) { return context_.state.multiSelect && grid.CellValue(row, colSel) != 0; };
+    ForEachRow(grid, isTicked, [&](int32_t row) {
         // A row whose key is taken is told and passed over; the rest of the selection must not get lost with it. Where
         // memory runs out the reading ends, and the next one starts anew from the ticks.
         auto error = Attempt([&] { insertion.InsertRow(row, grid); });

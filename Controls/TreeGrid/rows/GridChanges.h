@@ -18,15 +18,17 @@ struct GridChanges {
     int32_t firstOutline = noRow;  ///< levels, nodes or node states changed from here on
     int32_t firstChanged = noRow;  ///< texts or looks changed between these two rows
     int32_t lastChanged = -1;
-    NotedRows noted;          ///< rows whose tick, number or node state changed
     bool levels = false;      ///< levels or nodes changed, not only what is open
     bool emptied = false;     ///< for a moment there was no data row
     bool columns = false;     ///< hidden columns, widths to fit, data types
     bool appearance = false;  ///< font, colours, enabled
     bool cursor = false;      ///< the cursor went to another row, or its row went
+    NotedRows noted;          ///< rows whose tick, number or node state changed
 
-    bool Any() const { return *this != GridChanges(); }
-    bool operator==(const GridChanges&) const = default;
+    bool Any() const {
+        return firstMoved != noRow || firstOutline != noRow || firstChanged != noRow || levels || emptied || columns ||
+               appearance || cursor || !noted.Empty();
+    }
 
     void RowsMovedFrom(int32_t row) { firstMoved = std::min(firstMoved, row); }
     void OutlineChangedFrom(int32_t row) { firstOutline = std::min(firstOutline, row); }

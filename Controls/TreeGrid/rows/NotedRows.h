@@ -19,7 +19,6 @@ class NotedRows {
     struct Note {
         RowHandle row;
         uint8_t changes = 0;  ///< Change values
-        bool operator==(const Note&) const = default;
     };
 
     void Add(RowHandle row, uint8_t changes) noexcept {
@@ -43,10 +42,6 @@ class NotedRows {
     bool Empty() const { return count_ == 0; }
     /// There were more rows than are kept.
     bool More() const { return more_; }
-
-    bool operator==(const NotedRows& other) const {
-        return more_ == other.more_ && std::equal(begin(), end(), other.begin(), other.end());
-    }
 
   private:
     std::array<Note, most> notes_;

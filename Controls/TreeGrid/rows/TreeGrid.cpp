@@ -499,7 +499,8 @@ void TreeGrid::RemoveObserver(TreeGridObserver* observer) {
 
 void TreeGrid::DeliverChanges() noexcept {
     if (!impl_->changes.Any()) return;
-    const GridChanges changes = std::exchange(impl_->changes, {});
+    static constexpr GridChanges none;
+    const GridChanges changes = std::exchange(impl_->changes, none);
     // By position and not by iterator: an observer may leave, or take another along, when it hears of a change.
     const bool outermost = !std::exchange(impl_->delivering, true);
     size_t next = 0;
