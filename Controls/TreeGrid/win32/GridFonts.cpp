@@ -39,6 +39,8 @@ void ReadMembers(automation::Object& object, int dpi, LOGFONTW& font) {
     if (object.HasMember("Charset")) font.lfCharSet = static_cast<BYTE>(object.Get("Charset").ToLong());
 }
 
+}  // namespace
+
 int LineHeightOf(HFONT font) {
     const HDC dc = CreateCompatibleDC(nullptr);
     const HGDIOBJ before = SelectObject(dc, font);
@@ -48,8 +50,6 @@ int LineHeightOf(HFONT font) {
     DeleteDC(dc);
     return metrics.tmHeight;
 }
-
-}  // namespace
 
 GridFonts::~GridFonts() {
     Release();

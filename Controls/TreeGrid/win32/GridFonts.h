@@ -7,6 +7,9 @@
 
 namespace foldertree {
 
+/// The height of a font's lines, in pixels.
+int LineHeightOf(HFONT font);
+
 /// Owns the two GDI fonts.
 class GridFonts {
   public:

@@ -4,9 +4,9 @@
 #include <windows.h>
 
 #include "interaction/GridView.h"
+#include "layout/GridLayout.h"
 #include "rows/TreeGrid.h"
 #include "win32/GridFonts.h"
-#include "win32/GridLayout.h"
 #include "win32/GridPictures.h"
 
 namespace foldertree {

@@ -50,6 +50,7 @@ GridWindow::GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::functio
       interaction_(grid_, parts.events, *this, hasBox_, std::move(parts.isRead)),
       stale_(std::move(stale)),
       highContrast_(std::move(parts.highContrast)),
+      askDpi_(std::move(parts.dpi)),
       accessibility_({*this, keeper, grid_, hasBox_, interaction_, *this, parts.accessibleHost}) {
     grid_.AddObserver(this);
 }
@@ -127,8 +128,9 @@ void GridWindow::ReloadFont() {
 
 void GridWindow::LoadFontOnce() {
     if (fontLoaded_) return;
+    dpi_ = SaneDpi(askDpi_(Handle()));
     const automation::ObjectRef font = grid_.Font();  // the host may set another one while this one is read
-    fonts_.Load(font, DpiOf(Handle()));
+    fonts_.Load(font, dpi_);
     fontLoaded_ = true;
     widestName_ = 0;
 }
@@ -137,7 +139,7 @@ void GridWindow::Measure() {
     RECT client{};
     GetClientRect(Handle(), &client);
     const int32_t count = grid_.VisibleCount();
-    const GridLayout atTop = MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, 0);
+    const GridLayout atTop = MeasureGrid(grid_, fonts_, dpi_, {client.right, client.bottom}, 0);
     int32_t position = 0;
     if (const auto top = grid_.RowOf(topRow_)) {
         position = grid_.VisiblePosition(grid_.VisibleAncestor(*top)).value_or(0);
@@ -147,8 +149,7 @@ void GridWindow::Measure() {
     position = std::clamp(position, 0, std::max(0, count - atTop.FullRows()));
     if (position != layout_.TopPosition()) pictureStale_ = true;
     topRow_ = count > 0 ? grid_.HandleOf(grid_.VisibleRow(position)) : RowHandle();
-    layout_ =
-        position == 0 ? atTop : MeasureGrid(grid_, fonts_, DpiOf(Handle()), {client.right, client.bottom}, position);
+    layout_ = position == 0 ? atTop : MeasureGrid(grid_, fonts_, dpi_, {client.right, client.bottom}, position);
     MeasureNames();
 }
 

@@ -6,10 +6,10 @@
 
 #include "accessible/AccessibleHost.h"
 #include "interaction/GridInteraction.h"
+#include "layout/GridLayout.h"
 #include "rows/TreeGrid.h"
 #include "win32/GridAccessibility.h"
 #include "win32/GridFonts.h"
-#include "win32/GridLayout.h"
 #include "win32/GridPainter.h"
 #include "win32/GridPictures.h"
 #include "win32/HighContrast.h"
@@ -28,6 +28,7 @@ struct GridWindowParts {
     NodeIsRead isRead = nullptr;
     const AccessibleHost& accessibleHost = NoAccessibleHost();
     std::function<bool()> highContrast = IsHighContrast;
+    std::function<int(HWND)> dpi = DpiOf;
 };
 
 /// Holds no folder logic and no row: what is seen comes from the grid when it is painted, and every gesture goes
@@ -76,6 +77,10 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     void SetFocusHandler(std::function<void()> handler) { focusHandler_ = std::move(handler); }
 
     const GridLayout& Layout() const { return layout_; }
+    /// The plain font, and the resolution that it is for; null until there was a window. It lasts until the next
+    /// Refresh.
+    HFONT Font() const { return fonts_.Plain(); }
+    int Dpi() const { return dpi_; }
     const NumberEditor* Editor() const { return editor_.get(); }
 
   protected:
@@ -135,8 +140,10 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     std::function<void()> stale_;
     std::function<void()> focusHandler_;
     std::function<bool()> highContrast_;
+    std::function<int(HWND)> askDpi_;
 
     GridFonts fonts_;
+    int dpi_ = usualDpi;  ///< of the screen, when it was last asked
     bool fontLoaded_ = false;
     GridLayout layout_;
 

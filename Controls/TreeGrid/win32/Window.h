@@ -60,9 +60,5 @@ class Window {
 
 /// Dots per inch of the window's screen (of the primary screen when null).
 int DpiOf(HWND window);
-/// A length for 96 dots per inch, at `dpi`.
-inline int Scale(int length, int dpi) {
-    return MulDiv(length, dpi, 96);
-}
 
 }  // namespace foldertree

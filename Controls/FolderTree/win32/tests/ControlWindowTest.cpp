@@ -1,9 +1,14 @@
 // ControlWindowTest: the control's window with its wait panel, in and out of a host window.
 #include "win32/window/ControlWindow.h"
 
+#include <commctrl.h>
+
+#include <map>
 #include <set>
 
 #include "WindowFixture.h"
+#include "automation_win32/Bstr.h"
+#include "common/ShownTexts.h"
 
 namespace foldertree {
 namespace {
@@ -38,8 +43,9 @@ class ControlWindowTest : public testing::Test {
     }
 
     void MakeControl() {
-        control_ =
-            std::make_unique<ControlWindow>(ControlParts{grid_, events_, [this] { OnCancel(); }, HasBox}, keeper_);
+        ControlParts parts{grid_, events_, [this] { OnCancel(); }, HasBox};
+        parts.now = [this] { return now_; };
+        control_ = std::make_unique<ControlWindow>(std::move(parts), keeper_);
     }
     void Show() {
         control_->Create(host_.Handle(), {10, 10, 410, 310});
@@ -56,7 +62,11 @@ class ControlWindowTest : public testing::Test {
         if (call) call();
     }
     HWND Panel() const { return control_->Panel().Handle(); }
-    HWND CancelButton() const { return GetWindow(Panel(), GW_CHILD); }
+    HWND CancelButton() const { return FindWindowExW(Panel(), nullptr, L"BUTTON", nullptr); }
+    HWND Label() const { return FindWindowExW(Panel(), nullptr, L"STATIC", nullptr); }
+    HWND PathText() const { return FindWindowExW(Panel(), Label(), L"STATIC", nullptr); }
+    HWND Bar() const { return FindWindowExW(Panel(), nullptr, PROGRESS_CLASSW, nullptr); }
+    LRESULT BarPosition() const { return SendMessageW(Bar(), PBM_GETPOS, 0, 0); }
     static std::wstring TextOf(HWND window) {
         wchar_t text[100];
         return {text, static_cast<size_t>(GetWindowTextW(window, text, 100))};
@@ -82,6 +92,7 @@ class ControlWindowTest : public testing::Test {
     TestKeeper keeper_;
     std::function<void()> onCancel_;
     int cancels_ = 0;
+    FrameClock::Clock::time_point now_ = FrameClock::Clock::time_point(std::chrono::hours(1));
     std::unique_ptr<ControlWindow> control_;
 };
 
@@ -161,6 +172,28 @@ TEST_F(ControlWindowTest, AClickOnCancelCancelsOnce) {
     EXPECT_EQ(cancels_, 1);
 }
 
+TEST_F(ControlWindowTest, ThePanelSaysThatItIsCancellingWhileTheReadGoesOn) {
+    Show();
+    for (const bool byKey : {false, true}) {
+        control_->ShowWaitPanel(true);
+        control_->FlushPaint();
+        EXPECT_EQ(TextOf(Label()), L"Please wait\u2026");
+        const Pixels before = OnScreen(Label());
+        onCancel_ = [&] {
+            EXPECT_EQ(TextOf(Label()), automation::ToWide(shownTexts::cancelling));
+            EXPECT_FALSE(GetUpdateRect(Label(), nullptr, FALSE)) << "it is on the screen already";
+            EXPECT_NE(OnScreen(Label()), before);
+        };
+        MSG message = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
+        if (byKey)
+            EXPECT_TRUE(control_->TranslateAccelerator(message));
+        else
+            SendMessageW(CancelButton(), BM_CLICK, 0, 0);
+        control_->ShowWaitPanel(false);
+    }
+    EXPECT_EQ(cancels_, 2);
+}
+
 TEST_F(ControlWindowTest, EscCancelsWhereverTheFocusIsInTheSameHostWindow) {
     Show();
     control_->ShowWaitPanel(true);
@@ -221,14 +254,14 @@ TEST_F(ControlWindowTest, TheControlMayEndInsideCancelByEsc) {
 TEST_F(ControlWindowTest, AMillionProgressStepsArePaintedAtMostSixtyTimesASecond) {
     Show();
     control_->ShowWaitPanel(true);
-    WatchPaints(Panel());
+    WatchPaints(PathText());
     const auto start = std::chrono::steady_clock::now();
     for (int step = 1; step <= 1000000; ++step) {
         control_->SetProgressText("Mailbox\\Folder");
         control_->SetProgress(1000000, step);
     }
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    const INT_PTR frames = PaintsOf(Panel());
+    const INT_PTR frames = PaintsOf(PathText());
     RecordProperty("seconds", std::to_string(taken.count()));
     EXPECT_GE(frames, 1);
     EXPECT_LE(static_cast<double>(frames), taken.count() * 63 + 2);
@@ -237,24 +270,29 @@ TEST_F(ControlWindowTest, AMillionProgressStepsArePaintedAtMostSixtyTimesASecond
 TEST_F(ControlWindowTest, TheLastStepOfManyReachesTheScreen) {
     Show();
     control_->ShowWaitPanel(true);
-    for (int step = 1; step <= 1000; ++step) control_->SetProgress(1000, step);
-    EXPECT_TRUE(
-        HostWindow::PumpUntil([this] { return OnScreen(Panel()).At(290, 62) == SystemPixel(COLOR_HIGHLIGHT); }));
+    for (int step = 1; step <= 1000; ++step) {
+        control_->SetProgressText("Mailbox\\Folder " + std::to_string(step));
+        control_->SetProgress(1000, step);
+    }
+    now_ += std::chrono::milliseconds(500);
+    EXPECT_TRUE(HostWindow::PumpUntil([this] { return BarPosition() == 100; }));
+    EXPECT_EQ(TextOf(PathText()), L"Mailbox\\Folder 1000");
 }
 
 TEST_F(ControlWindowTest, TheBarShowsFullBeyondItsMaximumAndEmptyForNonsense) {
     Show();
     control_->ShowWaitPanel(true);
-    const auto colourAtTheEnd = [&](double maximum, double value) {
+    const auto positionFor = [&](double maximum, double value) {
+        now_ += std::chrono::milliseconds(500);
         control_->SetProgress(maximum, value);
         control_->FlushPaint();
-        return OnScreen(Panel()).At(290, 62);
+        return BarPosition();
     };
-    EXPECT_EQ(colourAtTheEnd(10, 11), SystemPixel(COLOR_HIGHLIGHT));
-    EXPECT_EQ(colourAtTheEnd(10, 4), SystemPixel(COLOR_WINDOW));
-    EXPECT_EQ(colourAtTheEnd(1e12, 9.99e11), SystemPixel(COLOR_HIGHLIGHT));
-    EXPECT_EQ(colourAtTheEnd(0, 5), SystemPixel(COLOR_WINDOW));
-    EXPECT_EQ(colourAtTheEnd(-3, -5), SystemPixel(COLOR_WINDOW));
+    EXPECT_EQ(positionFor(10, 11), 100);
+    EXPECT_EQ(positionFor(10, 4), 40);
+    EXPECT_EQ(positionFor(1e12, 9.99e11), 99);
+    EXPECT_EQ(positionFor(0, 5), 0);
+    EXPECT_EQ(positionFor(-3, -5), 0);
 }
 
 TEST_F(ControlWindowTest, ChangesOfTheGridAreShownByThemselves) {
@@ -276,6 +314,7 @@ TEST_F(ControlWindowTest, ChangesOfTheGridAreShownByThemselves) {
 TEST_F(ControlWindowTest, AWaitPanelThatComesUpShowsNothingOfTheLastLoad) {
     Show();
     const auto panelOfALoad = [&] {
+        now_ += std::chrono::seconds(1);
         control_->ShowWaitPanel(true);
         const Pixels pixels = OnScreen(Panel());
         control_->SetProgressText("Mailbox\\Inbox");
@@ -287,6 +326,55 @@ TEST_F(ControlWindowTest, AWaitPanelThatComesUpShowsNothingOfTheLastLoad) {
     };
     const Pixels first = panelOfALoad();
     EXPECT_EQ(panelOfALoad(), first);
+}
+
+TEST_F(ControlWindowTest, ThePanelIsMadeOfTheSystemsOwnControls) {
+    Show();
+    std::vector<std::wstring> classes;
+    for (HWND part = GetWindow(Panel(), GW_CHILD); part != nullptr; part = GetWindow(part, GW_HWNDNEXT)) {
+        wchar_t name[50];
+        classes.emplace_back(name, static_cast<size_t>(GetClassNameW(part, name, 50)));
+    }
+    EXPECT_EQ(classes, (std::vector<std::wstring>{L"Static", L"Static", L"msctls_progress32", L"Button"}));
+}
+
+TEST_F(ControlWindowTest, ThePathIsCutInItsMiddleAndSeenBeforeItIsTold) {
+    Show();
+    control_->ShowWaitPanel(true);
+    const auto pathInk = [&](const std::string& path) {
+        control_->SetProgressText(path);
+        control_->FlushPaint();
+        const Pixels pixels = OnScreen(PathText());
+        return pixels.Drawn({0, 0, pixels.width, pixels.height});
+    };
+    EXPECT_EQ(pathInk(""), 0);
+    EXPECT_GT(pathInk("Mailbox\\Inbox"), 20);
+    EXPECT_GT(pathInk("Mailbox\\" + std::string(200, 'x') + "\\Inbox"), 100);
+    EXPECT_EQ(TextOf(PathText()), L"") << "the second telling waits";
+}
+
+TEST_F(ControlWindowTest, ProgressIsToldTwiceASecondAtMostHoweverFastItIs) {
+    static std::map<std::pair<DWORD, HWND>, int> heard;
+    heard.clear();
+    const auto hear = [](HWINEVENTHOOK, DWORD event, HWND window, LONG, LONG, DWORD, DWORD) {
+        ++heard[{event, window}];
+    };
+    Show();
+    control_->ShowWaitPanel(true);
+    HostWindow::Pump();
+    const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_VALUECHANGE, nullptr, hear,
+                                               GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+    constexpr int seconds = 10;
+    for (int step = 1; step <= 100 * seconds; ++step) {
+        now_ += std::chrono::milliseconds(10);
+        control_->SetProgressText("Mailbox\\Folder " + std::to_string(step));
+        control_->SetProgress(100 * seconds, step);
+        control_->FlushPaint();
+    }
+    HostWindow::Pump();
+    UnhookWinEvent(hook);
+    EXPECT_EQ((heard[{EVENT_OBJECT_VALUECHANGE, Panel()}]), 2 * seconds);
+    for (const auto& [what, times] : heard) EXPECT_LE(times, 2 * seconds) << std::hex << what.first;
 }
 
 // ---- Input during a load

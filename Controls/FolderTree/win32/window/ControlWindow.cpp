@@ -55,7 +55,8 @@ ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
       parts_(std::move(parts)),
       grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid", parts_.isRead, *this}, keeper,
             [this] { NoteStale(); }),
-      panel_(keeper, parts_.cancel, [this] { OnFocusMoved(); }) {
+      panel_(
+          keeper, parts_.cancel, [this] { OnFocusMoved(); }, parts_.now) {
     grid_.SetFocusHandler([this] { OnFocusMoved(); });
 }
 
@@ -74,7 +75,9 @@ HWND ControlWindow::Create(HWND parent, const RECT& place) {
     HalfMade half(*this);
     RECT inner{};
     GetClientRect(Handle(), &inner);
-    if (grid_.Create(Handle(), inner) == nullptr || panel_.Create(Handle()) == nullptr) return nullptr;
+    if (grid_.Create(Handle(), inner) == nullptr) return nullptr;
+    panel_.Follow(grid_.Font(), grid_.Dpi());
+    if (panel_.Create(Handle()) == nullptr) return nullptr;
     SetUserMode(userMode_);
     half.Complete();
     return Handle();
@@ -145,14 +148,16 @@ void ControlWindow::DrawFrame() {
     if (timerRuns_) KillTimer(Handle(), frameTimer);
     timerRuns_ = false;
     grid_.Refresh();
+    panel_.Follow(grid_.Font(), grid_.Dpi());
     panel_.Refresh();
     if (Handle() == nullptr) return;
     UpdateWindow(grid_.Handle());
-    UpdateWindow(panel_.Handle());
+    RedrawWindow(panel_.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     clock_.Drawn();
+    panel_.Tell();
     grid_.SendEvents();
-    // While a load runs they wait for its end.
-    if (grid_.HasEvents()) NoteStale();
+    // While a load runs the grid's wait for its end, and progress is not told more often than can be followed.
+    if (grid_.HasEvents() || panel_.HasNews()) NoteStale();
 }
 
 void ControlWindow::FlushPaint() {
@@ -198,7 +203,7 @@ bool ControlWindow::TranslateAccelerator(MSG& message) {
     if (Handle() == nullptr || !userMode_) return false;
     const bool escape = message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE;
     if (escape && panel_.Visible() && GetAncestor(message.hwnd, GA_ROOT) == GetAncestor(Handle(), GA_ROOT)) {
-        parts_.cancel();
+        panel_.Cancel();
         return true;
     }
     if (!IsMine(message.hwnd)) return false;
@@ -221,7 +226,7 @@ void ControlWindow::SetBusyPointer(bool busy) {
 
 // The hourglass stands everywhere but on the Cancel button, which can be pressed all the time.
 bool ControlWindow::SetPointer(HWND under) {
-    const bool onButton = GetParent(under) == panel_.Handle();
+    const bool onButton = under == panel_.CancelButton();
     SetCursor(LoadCursorW(nullptr, busy_ && !onButton ? IDC_WAIT : IDC_ARROW));
     return true;
 }
@@ -278,7 +283,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             RECT inner{};
             GetClientRect(Handle(), &inner);
             if (grid_.Handle() != nullptr) MoveWindow(grid_.Handle(), 0, 0, inner.right, inner.bottom, TRUE);
-            panel_.Centre();
+            panel_.Place();
             return 0;
         }
         case WM_TIMER:

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "accessible/AccessibleHost.h"
-#include "win32/FrameClock.h"
+#include "layout/FrameClock.h"
 #include "win32/GridWindow.h"
 #include "win32/Window.h"
 #include "win32/window/Icons.h"
@@ -28,6 +28,7 @@ struct ControlParts {
     NodeIsRead isRead = nullptr;
     std::function<bool()> busy = [] { return false; };  ///< whether a load or an expansion runs
     std::function<std::optional<int32_t>()> numbers = [] { return std::nullopt; };  ///< AccessibleHost::Numbers
+    WaitPanel::Now now = FrameClock::Clock::now;
 };
 
 /// Keeps captions, panel and progress whether it has a window or not, so that a control without one works in full; each

@@ -1,10 +1,14 @@
 // WaitPanel: the panel with progress and Cancel that covers the middle of the control while it reads.
 #include "win32/window/WaitPanel.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
+#include <cstring>
 
 #include "automation_win32/Module.h"
-#include "win32/OffscreenBitmap.h"
+#include "common/ShownTexts.h"
+#include "win32/GridFonts.h"
 #include "win32/PaintScope.h"
 #include "win32/ShownText.h"
 
@@ -12,25 +16,23 @@ namespace foldertree {
 namespace {
 
 constexpr int cancelButton = 1;
-constexpr SIZE panelSize{320, 122};  // at 96 dots per inch
+constexpr std::chrono::milliseconds beat{500};
+constexpr int wholeBar = 100;
 
-void Fill(HDC dc, const RECT& area, int systemColor) {
-    FillRect(dc, &area, GetSysColorBrush(systemColor));
-}
-
-void Text(HDC dc, RECT area, const std::string& text, UINT format) {
-    // Windows may write the ellipsis into the buffer, hence a copy with room to spare.
-    std::wstring wide = ShownText(text);
-    DrawTextW(dc, wide.c_str(), static_cast<int>(wide.size()), &area,
-              format | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+void MakeBarsKnown() {
+    INITCOMMONCONTROLSEX classes{sizeof classes, ICC_PROGRESS_CLASS};
+    InitCommonControlsEx(&classes);
 }
 
 }  // namespace
 
-WaitPanel::WaitPanel(WindowKeeper& keeper, std::function<void()> cancel, std::function<void()> focusMoved)
+WaitPanel::WaitPanel(WindowKeeper& keeper, std::function<void()> cancel, std::function<void()> focusMoved, Now now)
     : Window(L"ctlFolderTree.WaitPanel", keeper),
       cancel_(std::move(cancel)),
       focusMoved_(std::move(focusMoved)),
+      now_(std::move(now)),
+      cancellingText_(shownTexts::cancelling),
+      beat_(beat),
       accessibility_(*this, keeper) {}
 
 WaitPanel::~WaitPanel() {
@@ -38,54 +40,114 @@ WaitPanel::~WaitPanel() {
     ReleaseFont();
 }
 
+// ---- The windows
+
 HWND WaitPanel::Create(HWND parent) {
     if (CreateHandle(parent, {0, 0, 0, 0}, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT) ==
-        nullptr)
+            nullptr ||
+        !MakeParts())
         return nullptr;
-    dpi_ = DpiOf(Handle());
-    LoadFont();
-    button_ = CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, 0, 0,
-                              0, 0, Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(cancelButton)),
-                              automation::ThisModule(), nullptr);
-    SendMessageW(button_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    stale_ = captionsStale_ = true;
-    Centre();
+    captionsStale_ = pathStale_ = true;
+    pathTold_ = false;
+    toldPercent_ = 0;
+    Place();
     Refresh();
     Show(visible_);
     return Handle();
 }
 
-void WaitPanel::OnHandleGone() {
-    button_ = nullptr;
+bool WaitPanel::MakeParts() {
+    MakeBarsKnown();
+    label_ = MakePart(L"STATIC", SS_LEFT | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS);
+    pathText_ = MakePart(L"STATIC", SS_OWNERDRAW);
+    bar_ = MakePart(PROGRESS_CLASSW, PBS_SMOOTH);
+    button_ = MakePart(L"BUTTON", WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY);
+    if (label_ == nullptr || pathText_ == nullptr || bar_ == nullptr || button_ == nullptr) return false;
+    SetWindowLongPtrW(button_, GWLP_ID, cancelButton);
+    SendMessageW(bar_, PBM_SETRANGE32, 0, wholeBar);
+    return true;
 }
 
-void WaitPanel::Centre() {
+HWND WaitPanel::MakePart(const wchar_t* className, DWORD style) {
+    const HWND part = CreateWindowExW(0, className, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, Handle(), nullptr,
+                                      automation::ThisModule(), nullptr);
+    if (part != nullptr) SendMessageW(part, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+    return part;
+}
+
+void WaitPanel::OnHandleGone() {
+    label_ = pathText_ = bar_ = button_ = nullptr;
+}
+
+void WaitPanel::Place() {
     if (Handle() == nullptr) return;
     RECT inner{};
     GetClientRect(GetParent(Handle()), &inner);
-    const int width = std::min<int>(Scale(panelSize.cx, dpi_), inner.right);
-    const int height = std::min<int>(Scale(panelSize.cy, dpi_), inner.bottom);
-    SetWindowPos(Handle(), HWND_TOP, (inner.right - width) / 2, (inner.bottom - height) / 2, width, height,
-                 SWP_NOACTIVATE);
-    PlaceButton();
-    InvalidateRect(Handle(), nullptr, FALSE);
+    metrics_.buttonTextWidth = ButtonTextWidth();
+    layout_ = WaitPanelLayout::For({inner.right, inner.bottom}, metrics_);
+    const Rect& panel = layout_.panel;
+    SetWindowPos(Handle(), HWND_TOP, panel.left, panel.top, panel.Width(), panel.Height(), SWP_NOACTIVATE);
+    const std::pair<HWND, Rect> parts[] = {
+        {label_, layout_.label}, {pathText_, layout_.path}, {bar_, layout_.bar}, {button_, layout_.button}};
+    for (const auto& [part, place] : parts)
+        if (part != nullptr) MoveWindow(part, place.left, place.top, place.Width(), place.Height(), TRUE);
+    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
 }
+
+void WaitPanel::Follow(HFONT font, int dpi) {
+    LOGFONTW description{};
+    if (GetObjectW(font, sizeof description, &description) == 0) return;
+    if (dpi == metrics_.dpi && std::memcmp(&description, &fontDescription_, sizeof description) == 0) return;
+    const HFONT copy = CreateFontIndirectW(&description);
+    if (copy == nullptr) return;
+    for (const HWND part : {label_, pathText_, bar_, button_})
+        if (part != nullptr) SendMessageW(part, WM_SETFONT, reinterpret_cast<WPARAM>(copy), TRUE);
+    ReleaseFont();
+    font_ = copy;
+    fontDescription_ = description;
+    metrics_.dpi = dpi;
+    metrics_.lineHeight = LineHeightOf(copy);
+    Place();
+}
+
+void WaitPanel::ReleaseFont() {
+    if (font_ != nullptr) DeleteObject(font_);
+    font_ = nullptr;
+}
+
+int WaitPanel::ButtonTextWidth() const {
+    const std::wstring caption = ShownText(cancelCaption_);
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const HGDIOBJ before = SelectObject(dc, font_ != nullptr ? font_ : GetStockObject(DEFAULT_GUI_FONT));
+    SIZE size{};
+    GetTextExtentPoint32W(dc, caption.c_str(), static_cast<int>(caption.size()), &size);
+    SelectObject(dc, before);
+    DeleteDC(dc);
+    return size.cx;
+}
+
+// ---- What it shows
 
 void WaitPanel::SetCaptions(std::string_view pleaseWait, std::string_view cancel) {
     pleaseWait_ = pleaseWait;
     cancelCaption_ = cancel;
-    stale_ = captionsStale_ = true;
+    captionsStale_ = true;
 }
 
 void WaitPanel::SetPath(std::string_view path) {
     path_ = path;
-    stale_ = true;
+    pathStale_ = true;
+    pathTold_ = false;
 }
 
 void WaitPanel::SetProgress(double maximum, double value) {
     maximum_ = maximum;
     value_ = value;
-    stale_ = true;
+}
+
+int WaitPanel::Percent() const {
+    if (!(maximum_ > 0) || !(value_ > 0)) return 0;
+    return static_cast<int>(std::min(1.0, value_ / maximum_) * wholeBar);
 }
 
 void WaitPanel::Show(bool visible) {
@@ -94,7 +156,10 @@ void WaitPanel::Show(bool visible) {
         // What the last load showed is over.
         SetPath({});
         SetProgress(1, 0);
+        beat_.Restart();
     }
+    captionsStale_ = captionsStale_ || cancelling_;
+    cancelling_ = false;
     visible_ = visible;
     if (Handle() == nullptr) return;
     if (visible) {
@@ -106,90 +171,75 @@ void WaitPanel::Show(bool visible) {
     }
 }
 
-void WaitPanel::Refresh() {
-    if (Handle() == nullptr || !stale_) return;
-    if (captionsStale_) SetWindowTextW(button_, ShownText(cancelCaption_).c_str());
-    stale_ = captionsStale_ = false;
-    InvalidateRect(Handle(), nullptr, FALSE);
-}
-
-WaitPanel::Places WaitPanel::PlacesNow() const {
-    RECT client{};
-    GetClientRect(Handle(), &client);
-    return PlacesIn({client.right, client.bottom});
-}
-
-WaitPanel::Places WaitPanel::PlacesIn(SIZE client) const {
-    const auto scaled = [this](int length) { return Scale(length, dpi_); };
-    const int margin = scaled(14);
-    const int right = client.cx - margin;
-    Places places{};
-    places.label = {margin, scaled(10), right, scaled(28)};
-    places.path = {margin, scaled(30), right, scaled(48)};
-    places.bar = {margin, scaled(55), right, scaled(69)};
-    const int buttonWidth = std::min<int>(scaled(84), client.cx);
-    places.button = {(client.cx - buttonWidth) / 2, scaled(82), (client.cx + buttonWidth) / 2, scaled(108)};
-    return places;
-}
-
-void WaitPanel::LoadFont() {
-    ReleaseFont();
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    font_ = CreateFontIndirectW(&metrics.lfMessageFont);
-}
-
-void WaitPanel::ReleaseFont() {
-    if (font_ != nullptr) DeleteObject(font_);
-    font_ = nullptr;
-}
-
-void WaitPanel::PlaceButton() {
-    const RECT place = PlacesNow().button;
-    MoveWindow(button_, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
-}
-
-void WaitPanel::OnPaint() {
+// A provider may hold the thread for long before the load can end, so the panel does not wait for its next frame.
+void WaitPanel::Cancel() {
+    cancelling_ = captionsStale_ = true;
     Refresh();
-    const PaintScope paint(Handle());
-    RECT client{};
-    GetClientRect(Handle(), &client);
-    const OffscreenBitmap bitmap(paint.Dc(), {client.right, client.bottom});
-    Paint(bitmap.Dc(), {client.right, client.bottom});
-    bitmap.Show();
+    if (Handle() != nullptr) UpdateWindow(label_);
+    cancel_();
 }
 
-void WaitPanel::Paint(HDC dc, SIZE client) const {
-    const RECT all{0, 0, client.cx, client.cy};
-    Fill(dc, all, COLOR_BTNFACE);
-    FrameRect(dc, &all, GetSysColorBrush(COLOR_BTNSHADOW));
-    SetBkMode(dc, TRANSPARENT);
-    const HGDIOBJ before = SelectObject(dc, font_);
-    const Places places = PlacesIn(client);
-    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
-    Text(dc, places.label, pleaseWait_, DT_END_ELLIPSIS);
-    Text(dc, places.path, path_, DT_PATH_ELLIPSIS | DT_END_ELLIPSIS);
-    SelectObject(dc, before);
-    PaintBar(dc, places.bar);
+void WaitPanel::Refresh() {
+    if (Handle() == nullptr) return;
+    if (captionsStale_) {
+        const std::wstring label = ShownText(Label());
+        const std::wstring caption = ShownText(cancelCaption_);
+        captionsStale_ = false;
+        SetWindowTextW(label_, label.c_str());
+        SetWindowTextW(button_, caption.c_str());
+        Place();
+    }
+    if (!pathStale_) return;
+    pathStale_ = false;
+    InvalidateRect(pathText_, nullptr, FALSE);
 }
 
-void WaitPanel::PaintBar(HDC dc, RECT bar) const {
-    Fill(dc, bar, COLOR_WINDOW);
-    FrameRect(dc, &bar, GetSysColorBrush(COLOR_BTNSHADOW));
-    InflateRect(&bar, -2, -2);
-    bar.right = bar.left + static_cast<LONG>((bar.right - bar.left) * Fraction());
-    if (bar.right > bar.left) Fill(dc, bar, COLOR_HIGHLIGHT);
+bool WaitPanel::HasNews() const {
+    return Handle() != nullptr && visible_ && (!pathTold_ || toldPercent_ != Percent());
 }
 
-double WaitPanel::Fraction() const {
-    if (!(maximum_ > 0) || !(value_ > 0)) return 0;
-    return std::min(1.0, value_ / maximum_);
+void WaitPanel::Tell() {
+    if (!HasNews() || !beat_.Due(now_())) return;
+    const std::wstring path = ShownText(path_);
+    const int percent = Percent();
+    const bool moved = toldPercent_ != percent;
+    beat_.Drawn(now_());
+    pathTold_ = true;
+    toldPercent_ = percent;
+    SetWindowTextW(pathText_, path.c_str());
+    SendMessageW(bar_, PBM_SETPOS, static_cast<WPARAM>(percent), 0);
+    if (moved && Handle() != nullptr)
+        NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Handle(), OBJID_CLIENT, WaitPanelAccessibility::bar);
 }
 
 void WaitPanel::OnButton(int notification) {
-    if (notification == BN_CLICKED) cancel_();
+    if (notification == BN_CLICKED) Cancel();
     if (notification == BN_SETFOCUS || notification == BN_KILLFOCUS) focusMoved_();
+}
+
+// ---- Painting
+
+void WaitPanel::OnPaint() {
+    const PaintScope paint(Handle());
+    RECT all{};
+    GetClientRect(Handle(), &all);
+    FillRect(paint.Dc(), &all, GetSysColorBrush(COLOR_BTNFACE));
+    for (int line = std::max(1, Scale(1, metrics_.dpi)); line > 0; --line, InflateRect(&all, -1, -1))
+        FrameRect(paint.Dc(), &all, GetSysColorBrush(COLOR_BTNSHADOW));
+}
+
+// It changes with each folder, so it is drawn from here: a text of its own would be told to assistive programs each
+// time.
+void WaitPanel::PaintPath(const DRAWITEMSTRUCT& item) const {
+    RECT area = item.rcItem;
+    FillRect(item.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
+    const std::wstring path = ShownText(path_);
+    const HGDIOBJ before = SelectObject(item.hDC, font_ != nullptr ? font_ : GetStockObject(DEFAULT_GUI_FONT));
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, GetSysColor(COLOR_BTNTEXT));
+    DrawTextW(item.hDC, path.c_str(), static_cast<int>(path.size()), &area,
+              DT_PATH_ELLIPSIS | DT_END_ELLIPSIS | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    SelectObject(item.hDC, before);
 }
 
 LRESULT WaitPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -199,6 +249,9 @@ LRESULT WaitPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_ERASEBKGND:
             return 1;
+        case WM_DRAWITEM:
+            PaintPath(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+            return TRUE;
         case WM_GETOBJECT:
             if (AccessibleWindow::Answers(lParam)) return accessibility_.Answer(wParam);
             break;

@@ -33,11 +33,11 @@ LONG WaitPanelAccessibility::Focus() {
 // The label names the panel and what it stands above.
 std::string WaitPanelAccessibility::Name(LONG child) {
     if (child == path) return panel_.Path();
-    return child == button ? panel_.CancelCaption() : panel_.PleaseWait();
+    return child == button ? panel_.CancelCaption() : panel_.Label();
 }
 
 std::string WaitPanelAccessibility::Value(LONG child) {
-    return child == bar ? std::to_string(static_cast<int>(panel_.Fraction() * 100)) + "%" : std::string();
+    return child == bar ? std::to_string(panel_.Percent()) + "%" : std::string();
 }
 
 LONG WaitPanelAccessibility::Role(LONG child) {
@@ -68,7 +68,7 @@ LONG WaitPanelAccessibility::State(LONG child) {
 RECT WaitPanelAccessibility::Place(LONG child) {
     RECT client{};
     GetClientRect(panel_.Handle(), &client);
-    const WaitPanel::Places places = panel_.PlacesNow();
+    const WaitPanelLayout& places = panel_.Layout();
     RECT place{};
     switch (child) {
         case label:

@@ -12,17 +12,17 @@ namespace foldertree {
 
 class WaitPanel;
 
-/// A part of the panel, which paints all but the button itself.
+/// A part of the panel.
 class WaitPanelAccessibility final : private AccessibleAnswers {
   public:
     WaitPanelAccessibility(WaitPanel& panel, WindowKeeper& keeper) : panel_(panel), objects_(*this, keeper) {}
+
+    enum Child : LONG { label = 1, path, bar, button, end };
 
     /// The result of WM_GETOBJECT, where AccessibleWindow::Answers.
     LRESULT Answer(WPARAM wParam) { return objects_.Answer(wParam); }
 
   private:
-    enum Child : LONG { label = 1, path, bar, button, end };
-
     HWND Window() const override;
     bool Has(LONG child) override { return child >= label && child < end; }
     LONG Count() override { return end - label; }

@@ -1,22 +1,22 @@
 // GridLayoutTest: where things stand in the grid and what a point hits.
-#include "win32/GridLayout.h"
+#include "layout/GridLayout.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/SampleSchema.h"
-#include "win32/FrameClock.h"
+#include "SampleSchema.h"
+#include "layout/FrameClock.h"
 
 namespace foldertree {
 namespace {
 
 using namespace sample;
 
-constexpr SIZE client{400, 300};
+constexpr Size client{400, 300};
 
-int Width(const RECT& area) {
+int Width(const Rect& area) {
     return area.right - area.left;
 }
-int Height(const RECT& area) {
+int Height(const Rect& area) {
     return area.bottom - area.top;
 }
 
@@ -71,9 +71,9 @@ TEST(GridLayout, AWindowThatIsTooLowStillScrollsByOneRow) {
 
 TEST(GridLayout, APointHitsTheBoxTheNumberTheSignOrTheRow) {
     const GridLayout layout({}, client, 50, 40, 0);
-    const RECT box = layout.Box(layout.Cell(2, colSel));
-    const RECT sign = layout.Glyph(layout.Cell(2, colName), 1);
-    const RECT icon = layout.Icon(layout.Cell(2, colName), 1);
+    const Rect box = layout.Box(layout.Cell(2, colSel));
+    const Rect sign = layout.Glyph(layout.Cell(2, colName), 1);
+    const Rect icon = layout.Icon(layout.Cell(2, colName), 1);
     EXPECT_EQ(layout.PartAt({box.left, box.top}, 1), GridPart::Box);
     EXPECT_EQ(layout.PartAt({box.right - 1, box.bottom - 1}, 1), GridPart::Box);
     EXPECT_EQ(layout.PartAt({1, box.top}, 1), GridPart::Row);
@@ -86,7 +86,7 @@ TEST(GridLayout, APointHitsTheBoxTheNumberTheSignOrTheRow) {
 
 TEST(GridLayout, SignIconAndTextFollowEachOther) {
     const GridLayout layout({}, client, 50, 40, 0);
-    const RECT cell = layout.Cell(0, colName);
+    const Rect cell = layout.Cell(0, colName);
     for (int level = 0; level < 4; ++level) {
         EXPECT_LE(layout.Glyph(cell, level).right, layout.Icon(cell, level).left);
         EXPECT_LE(layout.Icon(cell, level).right, layout.NameText(cell, level, true).left);
@@ -97,8 +97,8 @@ TEST(GridLayout, SignIconAndTextFollowEachOther) {
 
 TEST(GridLayout, AVeryDeepRowStillShowsItsIconAndPartOfItsName) {
     const GridLayout layout({}, client, 50, 40, 0);
-    const RECT cell = layout.Cell(0, colName);
-    const RECT text = layout.NameText(cell, 32767, true);
+    const Rect cell = layout.Cell(0, colName);
+    const Rect text = layout.NameText(cell, 32767, true);
     EXPECT_LT(layout.Icon(cell, 32767).right, cell.right);
     EXPECT_GE(Width(text), 50);
 }
@@ -120,7 +120,7 @@ TEST(GridLayout, NamesThatAreWiderMoveAllColumnsToTheLeft) {
     EXPECT_EQ(layout.Cell(0, colName).left, 20);
     EXPECT_EQ(layout.Row(0).left, -70);
     EXPECT_EQ(layout.Row(0).right, 1020);
-    const RECT sign = layout.Glyph(layout.Cell(2, colName), 1);
+    const Rect sign = layout.Glyph(layout.Cell(2, colName), 1);
     EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 1), GridPart::Glyph);
     EXPECT_EQ(layout.PartAt({10, sign.top}, 1), GridPart::Index);
 }
@@ -139,7 +139,7 @@ TEST(GridLayout, AColumnOfTheWantedWidthShowsIndentationAndTextInFull) {
         for (const int text : {0, 30, 200, 900}) {
             GridLayout layout({}, client, 50, 40, 0);
             layout.ScrollSideways(layout.NameWidth(level, text), 0);
-            const RECT cell = layout.Cell(0, colName);
+            const Rect cell = layout.Cell(0, colName);
             EXPECT_GE(Width(layout.NameText(cell, level, true)), text);
             EXPECT_EQ(layout.Icon(cell, level).left - layout.Icon(cell, 0).left, level * layout.Metrics().indent);
         }

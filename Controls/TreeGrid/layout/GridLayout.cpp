@@ -1,9 +1,7 @@
 // GridLayout: where everything of the grid stands in its window: columns, rows, boxes, glyphs, and what a point hits.
-#include "win32/GridLayout.h"
+#include "layout/GridLayout.h"
 
 #include <algorithm>
-
-#include "win32/Window.h"
 
 namespace foldertree {
 namespace {
@@ -12,7 +10,7 @@ constexpr int minimumNameWidth = 40;
 constexpr int minimumTextWidth = 90;    // at 96 dots per inch
 constexpr int maximumNameWidth = 4000;  // the same
 
-RECT Centred(int left, int width, int height, const RECT& cell) {
+Rect Centred(int left, int width, int height, const Rect& cell) {
     const int top = cell.top + (cell.bottom - cell.top - height) / 2;
     return {left, top, left + width, top + height};
 }
@@ -21,8 +19,13 @@ int AtDpiOf(const GridMetrics& metrics, int length) {
     return metrics.iconSize * length / 16;
 }
 
+int FromTwips(int twips, int dpi) {
+    constexpr int twipsPerInch = 1440;
+    return static_cast<int>((int64_t{twips} * dpi + twipsPerInch / 2) / twipsPerInch);
+}
+
 // Where a row of that level begins. Rows that lie very deep crowd together rather than leave the column.
-int IndentEnd(const GridMetrics& metrics, const RECT& nameCell, int level) {
+int IndentEnd(const GridMetrics& metrics, const Rect& nameCell, int level) {
     const int room = nameCell.right - nameCell.left - 2 * metrics.indent - AtDpiOf(metrics, minimumTextWidth);
     const int deepest = std::max(1, room / metrics.indent);
     return nameCell.left + metrics.margin + std::clamp(level, 0, deepest) * metrics.indent;
@@ -32,7 +35,7 @@ int IndentEnd(const GridMetrics& metrics, const RECT& nameCell, int level) {
 
 GridMetrics GridMetrics::For(int dpi, int rowTwips, int fontHeight) {
     GridMetrics metrics;
-    const int wanted = rowTwips > 0 ? MulDiv(rowTwips, dpi, 1440) : 0;
+    const int wanted = rowTwips > 0 ? FromTwips(rowTwips, dpi) : 0;
     metrics.rowHeight = std::max({wanted, Scale(19, dpi), fontHeight + Scale(4, dpi)});
     metrics.headerHeight = metrics.rowHeight + Scale(3, dpi);
     metrics.indent = Scale(18, dpi);
@@ -45,7 +48,7 @@ GridMetrics GridMetrics::For(int dpi, int rowTwips, int fontHeight) {
     return metrics;
 }
 
-GridLayout::GridLayout(const GridMetrics& metrics, SIZE client, int selWidth, int indexWidth, int32_t topPosition)
+GridLayout::GridLayout(const GridMetrics& metrics, Size client, int selWidth, int indexWidth, int32_t topPosition)
     : metrics_(metrics), client_(client), topPosition_(topPosition) {
     const int nameLeft = selWidth + indexWidth;
     edges_ = {0, selWidth, nameLeft, std::max<int>(client.cx, nameLeft + minimumNameWidth)};
@@ -68,40 +71,40 @@ int32_t GridLayout::ShownRows() const {
     return height <= 0 ? 0 : (height + metrics_.rowHeight - 1) / metrics_.rowHeight;
 }
 
-RECT GridLayout::HeaderCell(int col) const {
+Rect GridLayout::HeaderCell(int col) const {
     return {Edge(col), 0, Edge(col + 1), metrics_.headerHeight};
 }
 
-RECT GridLayout::Row(int32_t position) const {
+Rect GridLayout::Row(int32_t position) const {
     const int top = metrics_.headerHeight + (position - topPosition_) * metrics_.rowHeight;
     return {edges_.front(), top, edges_.back(), top + metrics_.rowHeight};
 }
 
-RECT GridLayout::Cell(int32_t position, int col) const {
-    RECT cell = Row(position);
+Rect GridLayout::Cell(int32_t position, int col) const {
+    Rect cell = Row(position);
     cell.left = Edge(col);
     cell.right = Edge(col + 1);
     return cell;
 }
 
-RECT GridLayout::Box(const RECT& selCell) const {
+Rect GridLayout::Box(const Rect& selCell) const {
     const int left = selCell.left + (selCell.right - selCell.left - metrics_.boxSize) / 2;
     return Centred(left, metrics_.boxSize, metrics_.boxSize, selCell);
 }
 
-RECT GridLayout::Glyph(const RECT& nameCell, int level) const {
+Rect GridLayout::Glyph(const Rect& nameCell, int level) const {
     const int left = IndentEnd(metrics_, nameCell, level);
     return Centred(left + (metrics_.indent - metrics_.glyphSize) / 2 - 1, metrics_.glyphSize, metrics_.glyphSize,
                    nameCell);
 }
 
-RECT GridLayout::Icon(const RECT& nameCell, int level) const {
+Rect GridLayout::Icon(const Rect& nameCell, int level) const {
     return Centred(IndentEnd(metrics_, nameCell, level) + metrics_.indent, metrics_.iconSize, metrics_.iconSize,
                    nameCell);
 }
 
-RECT GridLayout::NameText(const RECT& nameCell, int level, bool withIcon) const {
-    const RECT icon = Icon(nameCell, level);
+Rect GridLayout::NameText(const Rect& nameCell, int level, bool withIcon) const {
+    const Rect icon = Icon(nameCell, level);
     return {(withIcon ? icon.right + metrics_.margin : icon.left), nameCell.top, nameCell.right - metrics_.margin,
             nameCell.bottom};
 }
@@ -118,14 +121,15 @@ std::optional<int32_t> GridLayout::PositionAt(int y) const {
     return topPosition_ + (y - metrics_.headerHeight) / metrics_.rowHeight;
 }
 
-GridPart GridLayout::PartAt(POINT point, int level) const {
+GridPart GridLayout::PartAt(Point point, int level) const {
     const auto position = PositionAt(point.y);
     if (!position) return GridPart::Header;
-    RECT box = Box(Cell(*position, shownBox));
-    InflateRect(&box, metrics_.margin, metrics_.rowHeight);
-    const RECT glyph = Glyph(Cell(*position, shownName), level);
+    const Rect box = Box(Cell(*position, shownBox));
+    const int reach = metrics_.margin;
+    const Rect glyph = Glyph(Cell(*position, shownName), level);
     const int glyphReach = (metrics_.indent - metrics_.glyphSize) / 2;
-    if (point.x < edges_[1]) return point.x >= box.left && point.x < box.right ? GridPart::Box : GridPart::Row;
+    if (point.x < edges_[1])
+        return point.x >= box.left - reach && point.x < box.right + reach ? GridPart::Box : GridPart::Row;
     if (point.x < edges_[2]) return GridPart::Index;
     if (point.x >= glyph.left - glyphReach && point.x < glyph.right + glyphReach) return GridPart::Glyph;
     return GridPart::Row;

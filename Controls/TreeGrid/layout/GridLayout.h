@@ -1,13 +1,12 @@
 // GridLayout: where everything of the grid stands in its window: columns, rows, boxes, glyphs, and what a point hits.
 #pragma once
 
-#include <windows.h>
-
 #include <array>
 #include <cstdint>
 #include <optional>
 
 #include "interaction/GridView.h"
+#include "layout/Geometry.h"
 
 namespace foldertree {
 
@@ -37,29 +36,29 @@ class GridLayout {
   public:
     GridLayout() = default;
     /// `selWidth` and `indexWidth` are 0 for a hidden column.
-    GridLayout(const GridMetrics& metrics, SIZE client, int selWidth, int indexWidth, int32_t topPosition);
+    GridLayout(const GridMetrics& metrics, Size client, int selWidth, int indexWidth, int32_t topPosition);
 
     /// The columns with room for names of that width (see NameWidth), and moved to the left by as many pixels of `left`
     /// as there is something to see at the right.
     void ScrollSideways(int nameWidth, int left);
 
     const GridMetrics& Metrics() const { return metrics_; }
-    SIZE Client() const { return client_; }
+    Size Client() const { return client_; }
     int32_t TopPosition() const { return topPosition_; }
     int Left() const { return -edges_.front(); }                         ///< pixels out of view at the left
     int ContentWidth() const { return edges_.back() - edges_.front(); }  ///< of all columns
     int32_t FullRows() const;                                            ///< rows that fit whole, at least 1
     int32_t ShownRows() const;                                           ///< with the cut-off one at the bottom
 
-    RECT HeaderCell(int col) const;
-    RECT Row(int32_t position) const;
-    RECT Cell(int32_t position, int col) const;
+    Rect HeaderCell(int col) const;
+    Rect Row(int32_t position) const;
+    Rect Cell(int32_t position, int col) const;
     /// Parts of a row, given the rectangle of its cell.
-    RECT Box(const RECT& selCell) const;
-    RECT Glyph(const RECT& nameCell, int level) const;
-    RECT Icon(const RECT& nameCell, int level) const;
+    Rect Box(const Rect& selCell) const;
+    Rect Glyph(const Rect& nameCell, int level) const;
+    Rect Icon(const Rect& nameCell, int level) const;
     /// Where the name's text starts and ends; `withIcon` leaves room for the picture.
-    RECT NameText(const RECT& nameCell, int level, bool withIcon) const;
+    Rect NameText(const Rect& nameCell, int level, bool withIcon) const;
 
     /// The width of a name column that shows a row's indentation and its text of `textWidth` in full. Beyond a limit,
     /// which no name reaches that anybody reads, rows crowd together and texts are cut.
@@ -69,14 +68,14 @@ class GridLayout {
     std::optional<int32_t> PositionAt(int y) const;
     /// What the point hits on a row of that outline level. The box is a little larger than it looks, so that it is easy
     /// to hit; `GridPart::Index` is the whole cell.
-    GridPart PartAt(POINT point, int level) const;
+    GridPart PartAt(Point point, int level) const;
 
   private:
     /// The left edge of a column, or the right edge of the last one.
     int Edge(int col) const { return edges_[static_cast<size_t>(col)]; }
 
     GridMetrics metrics_;
-    SIZE client_{0, 0};
+    Size client_;
     std::array<int, 4> edges_{};  ///< left edges of the three columns, then the right edge
     int32_t topPosition_ = 0;
 };

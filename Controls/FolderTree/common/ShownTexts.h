@@ -1,0 +1,10 @@
+// ShownTexts: the words that the control shows besides those that a host translates with Localize.
+#pragma once
+
+#include <string_view>
+
+namespace foldertree::shownTexts {
+
+inline constexpr std::string_view cancelling = "Cancelling\u2026";  ///< after Cancel, until the load has ended
+
+}  // namespace foldertree::shownTexts
