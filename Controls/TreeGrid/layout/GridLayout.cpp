@@ -16,7 +16,7 @@ Rect Centred(int left, int width, int height, const Rect& cell) {
 }
 
 int AtDpiOf(const GridMetrics& metrics, int length) {
-    return metrics.iconSize * length / 16;
+    return Scale(length, metrics.unit);
 }
 
 int FromTwips(int twips, int dpi) {
@@ -24,32 +24,38 @@ int FromTwips(int twips, int dpi) {
     return static_cast<int>((int64_t{twips} * dpi + twipsPerInch / 2) / twipsPerInch);
 }
 
-// Where a row of that level begins. Rows that lie very deep crowd together rather than leave the column.
-int IndentEnd(const GridMetrics& metrics, const Rect& nameCell, int level) {
-    const int room = nameCell.right - nameCell.left - 2 * metrics.indent - AtDpiOf(metrics, minimumTextWidth);
-    const int deepest = std::max(1, room / metrics.indent);
-    return nameCell.left + metrics.margin + std::clamp(level, 0, deepest) * metrics.indent;
+/// The largest size that pictures are drawn for and that is no larger; beyond those of screens any size.
+int SharpSize(int size) {
+    if (size > iconSizes.back()) return size;
+    int sharp = iconSizes.front();
+    for (const int known : iconSizes)
+        if (known <= size) sharp = known;
+    return sharp;
 }
 
 }  // namespace
 
 GridMetrics GridMetrics::For(int dpi, int rowTwips, int fontHeight) {
+    constexpr int usualLine = 16;  // up to this line height at 96 dots per inch signs are large enough for the text
+    constexpr int highestRow = 32767;
     GridMetrics metrics;
+    dpi = SaneDpi(dpi);
+    fontHeight = std::clamp(fontHeight, 0, highestRow / 2);
+    metrics.unit = std::max(dpi, fontHeight * usualDpi / usualLine);
     const int wanted = rowTwips > 0 ? FromTwips(rowTwips, dpi) : 0;
-    metrics.rowHeight = std::max({wanted, Scale(19, dpi), fontHeight + Scale(4, dpi)});
+    metrics.rowHeight = std::min(highestRow, std::max({1, wanted, Scale(19, dpi), fontHeight + Scale(4, dpi)}));
     metrics.headerHeight = metrics.rowHeight + Scale(3, dpi);
-    metrics.indent = Scale(18, dpi);
-    metrics.iconSize = Scale(16, dpi);
-    metrics.boxSize = Scale(13, dpi);
-    metrics.glyphSize = Scale(9, dpi) | 1;  // odd, so that the sign has a middle
-    metrics.margin = Scale(4, dpi);
-    constexpr int fineScreen = 192;
-    metrics.line = std::max(1, dpi / fineScreen);
+    metrics.indent = std::max(1, Scale(18, metrics.unit));
+    metrics.iconSize = SharpSize(Scale(16, metrics.unit));
+    metrics.boxSize = Scale(13, metrics.unit);
+    metrics.glyphSize = Scale(9, metrics.unit) | 1;  // odd, so that the sign has a middle
+    metrics.margin = Scale(4, metrics.unit);
+    metrics.line = std::max(1, dpi / usualDpi);
     return metrics;
 }
 
 GridLayout::GridLayout(const GridMetrics& metrics, Size client, int selWidth, int indexWidth, int32_t topPosition)
-    : metrics_(metrics), client_(client), topPosition_(topPosition) {
+    : metrics_(metrics), client_(std::max(0, client.cx), std::max(0, client.cy)), topPosition_(topPosition) {
     const int nameLeft = selWidth + indexWidth;
     edges_ = {0, selWidth, nameLeft, std::max<int>(client.cx, nameLeft + minimumNameWidth)};
 }
@@ -57,7 +63,7 @@ GridLayout::GridLayout(const GridMetrics& metrics, Size client, int selWidth, in
 void GridLayout::ScrollSideways(int nameWidth, int left) {
     const int nameLeft = edges_[2] - edges_[0];
     const int width = std::max<int>(client_.cx, nameLeft + std::max(minimumNameWidth, nameWidth));
-    const int shift = edges_[0] + std::clamp<int>(left, 0, width - std::min<int>(client_.cx, width));
+    const int shift = edges_[0] + std::clamp(left, 0, width - std::min(client_.cx, width));
     for (int& edge : edges_) edge -= shift;
     edges_.back() = edges_.front() + width;
 }
@@ -71,42 +77,56 @@ int32_t GridLayout::ShownRows() const {
     return height <= 0 ? 0 : (height + metrics_.rowHeight - 1) / metrics_.rowHeight;
 }
 
+Rect GridLayout::Seen(const Rect& place) const {
+    if (!mirrored_) return place;
+    return {client_.cx - place.right, place.top, client_.cx - place.left, place.bottom};
+}
+
 Rect GridLayout::HeaderCell(int col) const {
-    return {Edge(col), 0, Edge(col + 1), metrics_.headerHeight};
+    return Seen({Edge(col), 0, Edge(col + 1), metrics_.headerHeight});
 }
 
 Rect GridLayout::Row(int32_t position) const {
     const int top = metrics_.headerHeight + (position - topPosition_) * metrics_.rowHeight;
-    return {edges_.front(), top, edges_.back(), top + metrics_.rowHeight};
+    return Seen({edges_.front(), top, edges_.back(), top + metrics_.rowHeight});
 }
 
 Rect GridLayout::Cell(int32_t position, int col) const {
-    Rect cell = Row(position);
-    cell.left = Edge(col);
-    cell.right = Edge(col + 1);
-    return cell;
+    const Rect row = Row(position);
+    return Seen({Edge(col), row.top, Edge(col + 1), row.bottom});
 }
 
 Rect GridLayout::Box(const Rect& selCell) const {
-    const int left = selCell.left + (selCell.right - selCell.left - metrics_.boxSize) / 2;
+    const int left = selCell.left + (selCell.Width() - metrics_.boxSize) / 2;
     return Centred(left, metrics_.boxSize, metrics_.boxSize, selCell);
 }
 
+// Where a row of that level begins. Rows that lie very deep crowd together rather than leave the column.
+int GridLayout::IndentEnd(const Rect& nameCell, int level) const {
+    const int room = nameCell.Width() - 2 * metrics_.indent - AtDpiOf(metrics_, minimumTextWidth);
+    const int deepest = std::max(1, room / metrics_.indent);
+    return nameCell.left + metrics_.margin + std::clamp(level, 0, deepest) * metrics_.indent;
+}
+
 Rect GridLayout::Glyph(const Rect& nameCell, int level) const {
-    const int left = IndentEnd(metrics_, nameCell, level);
-    return Centred(left + (metrics_.indent - metrics_.glyphSize) / 2 - 1, metrics_.glyphSize, metrics_.glyphSize,
-                   nameCell);
+    const Rect cell = Seen(nameCell);
+    const int left = IndentEnd(cell, level) + (metrics_.indent - metrics_.glyphSize) / 2 - 1;
+    return Seen(Centred(left, metrics_.glyphSize, metrics_.glyphSize, cell));
+}
+
+Rect GridLayout::IconFrom(const Rect& cell, int level) const {
+    return Centred(IndentEnd(cell, level) + metrics_.indent, metrics_.iconSize, metrics_.iconSize, cell);
 }
 
 Rect GridLayout::Icon(const Rect& nameCell, int level) const {
-    return Centred(IndentEnd(metrics_, nameCell, level) + metrics_.indent, metrics_.iconSize, metrics_.iconSize,
-                   nameCell);
+    return Seen(IconFrom(Seen(nameCell), level));
 }
 
 Rect GridLayout::NameText(const Rect& nameCell, int level, bool withIcon) const {
-    const Rect icon = Icon(nameCell, level);
-    return {(withIcon ? icon.right + metrics_.margin : icon.left), nameCell.top, nameCell.right - metrics_.margin,
-            nameCell.bottom};
+    const Rect cell = Seen(nameCell);
+    const Rect icon = IconFrom(cell, level);
+    const int left = withIcon ? icon.right + metrics_.margin : icon.left;
+    return Seen({left, cell.top, std::max(left, cell.right - metrics_.margin), cell.bottom});
 }
 
 int GridLayout::NameWidth(int level, int textWidth) const {
@@ -124,14 +144,14 @@ std::optional<int32_t> GridLayout::PositionAt(int y) const {
 GridPart GridLayout::PartAt(Point point, int level) const {
     const auto position = PositionAt(point.y);
     if (!position) return GridPart::Header;
-    const Rect box = Box(Cell(*position, shownBox));
+    const int x = Seen({point.x, 0, point.x + 1, 0}).left;
+    const Rect box = Seen(Box(Cell(*position, shownBox)));
     const int reach = metrics_.margin;
-    const Rect glyph = Glyph(Cell(*position, shownName), level);
+    const Rect glyph = Seen(Glyph(Cell(*position, shownName), level));
     const int glyphReach = (metrics_.indent - metrics_.glyphSize) / 2;
-    if (point.x < edges_[1])
-        return point.x >= box.left - reach && point.x < box.right + reach ? GridPart::Box : GridPart::Row;
-    if (point.x < edges_[2]) return GridPart::Index;
-    if (point.x >= glyph.left - glyphReach && point.x < glyph.right + glyphReach) return GridPart::Glyph;
+    if (x < edges_[1]) return x >= box.left - reach && x < box.right + reach ? GridPart::Box : GridPart::Row;
+    if (x < edges_[2]) return GridPart::Index;
+    if (x >= glyph.left - glyphReach && x < glyph.right + glyphReach) return GridPart::Glyph;
     return GridPart::Row;
 }
 

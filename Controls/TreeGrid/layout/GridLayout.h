@@ -1,6 +1,7 @@
 // GridLayout: where everything of the grid stands in its window: columns, rows, boxes, glyphs, and what a point hits.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -9,6 +10,9 @@
 #include "layout/Geometry.h"
 
 namespace foldertree {
+
+/// The sizes that pictures are drawn for; between them they would be stretched.
+inline constexpr std::array<int, 6> iconSizes{16, 20, 24, 32, 48, 64};
 
 /// Lengths in pixels.
 struct GridMetrics {
@@ -19,10 +23,12 @@ struct GridMetrics {
     int boxSize = 13;   ///< check box
     int glyphSize = 9;  ///< the sign that opens and closes a node
     int margin = 4;     ///< between a cell's edge and its content
-    int line = 1;       ///< thickness of frames, rules and signs; more than 1 beyond the resolution of screens
+    int line = 1;       ///< thickness of frames, rules and signs
+    int unit = 96;      ///< 96 where the lengths above are as they stand here; what they have grown by
 
-    /// For a screen of `dpi`, rows of `rowTwips` (0: the grid's default of 19 pixels) and a font of that line height;
-    /// rows are never lower than their text.
+    /// For a screen of `dpi`, rows of `rowTwips` (0: the grid's default of 19 pixels) and a font of that line height.
+    /// Rows are never lower than their text, and boxes, signs, pictures and indents grow with a text that is larger
+    /// than usual. Of a resolution or height that nothing can have, as much is taken as can be drawn.
     static GridMetrics For(int dpi, int rowTwips, int fontHeight);
 };
 
@@ -31,7 +37,8 @@ enum ShownColumn : int { shownBox = 0, shownNumber = 1, shownName = 2 };
 
 /// Pure geometry, without a window. Positions count the visible rows, 0-based; coordinates are the window's client
 /// area. A column is one of ShownColumn; the name takes what the two others leave, or as much more as its texts want;
-/// then the columns are wider than the area and can be moved to the left.
+/// then the columns are wider than the area and can be moved to the left. Mirrored, for languages that are read from
+/// right to left, all of that is the other way round: what is said of left holds for right.
 class GridLayout {
   public:
     GridLayout() = default;
@@ -41,11 +48,14 @@ class GridLayout {
     /// The columns with room for names of that width (see NameWidth), and moved to the left by as many pixels of `left`
     /// as there is something to see at the right.
     void ScrollSideways(int nameWidth, int left);
+    void SetMirrored(bool mirrored) { mirrored_ = mirrored; }
 
     const GridMetrics& Metrics() const { return metrics_; }
     Size Client() const { return client_; }
+    bool Mirrored() const { return mirrored_; }
     int32_t TopPosition() const { return topPosition_; }
-    int Left() const { return -edges_.front(); }                         ///< pixels out of view at the left
+    int Left() const { return -edges_.front(); }  ///< pixels out of view where the columns begin
+    int MostLeft() const { return std::max(0, ContentWidth() - client_.cx); }
     int ContentWidth() const { return edges_.back() - edges_.front(); }  ///< of all columns
     int32_t FullRows() const;                                            ///< rows that fit whole, at least 1
     int32_t ShownRows() const;                                           ///< with the cut-off one at the bottom
@@ -73,11 +83,16 @@ class GridLayout {
   private:
     /// The left edge of a column, or the right edge of the last one.
     int Edge(int col) const { return edges_[static_cast<size_t>(col)]; }
+    /// From a place of columns that begin at the left to where it is seen, and back.
+    Rect Seen(const Rect& place) const;
+    int IndentEnd(const Rect& nameCell, int level) const;
+    Rect IconFrom(const Rect& nameCell, int level) const;
 
     GridMetrics metrics_;
     Size client_;
     std::array<int, 4> edges_{};  ///< left edges of the three columns, then the right edge
     int32_t topPosition_ = 0;
+    bool mirrored_ = false;
 };
 
 }  // namespace foldertree

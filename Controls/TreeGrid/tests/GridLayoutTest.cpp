@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <utility>
+
 #include "SampleSchema.h"
 #include "layout/FrameClock.h"
 
@@ -52,6 +55,79 @@ TEST(GridLayout, EverythingGrowsWithTheScreensResolution) {
     EXPECT_EQ(fine.iconSize, 2 * coarse.iconSize);
     EXPECT_EQ(fine.boxSize, 2 * coarse.boxSize);
     EXPECT_EQ(fine.indent, 2 * coarse.indent);
+}
+
+TEST(GridLayout, BoxesSignsAndPicturesGrowWithAnUnusualFontToo) {
+    const GridMetrics usual = GridMetrics::For(96, 0, 13);
+    EXPECT_EQ(GridMetrics::For(96, 0, 16).boxSize, usual.boxSize);
+    EXPECT_EQ(GridMetrics::For(96, 0, 8).boxSize, usual.boxSize);
+    const GridMetrics large = GridMetrics::For(96, 0, 39);  // 24 points
+    EXPECT_EQ(large.iconSize, 32);
+    EXPECT_GE(large.boxSize, 26);
+    EXPECT_GE(large.glyphSize, 19);
+    EXPECT_GE(large.indent, large.glyphSize + 8);
+    EXPECT_LE(large.iconSize, large.rowHeight);
+    EXPECT_LE(large.boxSize, large.rowHeight);
+    EXPECT_EQ(large.line, usual.line) << "hairlines are a matter of the screen";
+}
+
+TEST(GridLayout, PicturesHaveASizeThatTheyAreDrawnFor) {
+    const std::pair<int, int> sizes[] = {{96, 16},  {110, 16}, {120, 20}, {144, 24},
+                                         {192, 32}, {240, 32}, {288, 48}, {384, 64}};
+    for (const auto& [dpi, size] : sizes) EXPECT_EQ(GridMetrics::For(dpi, 0, 0).iconSize, size) << dpi;
+    EXPECT_EQ(GridMetrics::For(600, 0, 0).iconSize, 100) << "on paper any size";
+}
+
+TEST(GridLayout, HairlinesAreAsThickAsOneAt96DotsPerInch) {
+    const std::pair<int, int> lines[] = {{96, 1}, {120, 1}, {144, 1}, {192, 2}, {288, 3}};
+    for (const auto& [dpi, line] : lines) EXPECT_EQ(GridMetrics::For(dpi, 0, 0).line, line) << dpi;
+}
+
+TEST(GridLayout, NoResolutionFontOrSizeIsTooMuch) {
+    constexpr int lots = std::numeric_limits<int>::max();
+    for (const int dpi : {lots, 10000, 0, -1, std::numeric_limits<int>::min(), 1})
+        for (const int font : {0, 1, 13, 32767, lots, -5})
+            for (const int twips : {0, 1, 285, lots}) {
+                const GridMetrics metrics = GridMetrics::For(dpi, twips, font);
+                EXPECT_GT(metrics.rowHeight, 0);
+                EXPECT_GT(metrics.headerHeight, 0);
+                EXPECT_GT(metrics.indent, 0);
+                for (const int length : {-1, 0, 1, 400, 32767})
+                    for (const bool mirrored : {false, true}) {
+                        GridLayout layout(metrics, {length, length}, metrics.boxSize, 40, 0);
+                        layout.ScrollSideways(layout.NameWidth(3, 100), length);
+                        layout.SetMirrored(mirrored);
+                        EXPECT_GE(layout.ShownRows(), 0);
+                        EXPECT_GE(layout.FullRows(), 1);
+                        const Rect text = layout.NameText(layout.Cell(0, colName), 3, true);
+                        EXPECT_GE(text.Width(), 0);
+                        layout.PartAt({length, length}, 3);
+                    }
+            }
+}
+
+TEST(GridLayout, MirroredItIsTheSameTheOtherWayRound) {
+    GridLayout plain({}, client, 50, 40, 0);
+    plain.ScrollSideways(1000, 70);
+    GridLayout mirrored = plain;
+    mirrored.SetMirrored(true);
+    const auto turned = [](const Rect& place) {
+        return Rect{client.cx - place.right, place.top, client.cx - place.left, place.bottom};
+    };
+    EXPECT_EQ(mirrored.Row(1), turned(plain.Row(1)));
+    for (const int col : {colSel, colIndex, colName}) {
+        EXPECT_EQ(mirrored.HeaderCell(col), turned(plain.HeaderCell(col)));
+        EXPECT_EQ(mirrored.Cell(2, col), turned(plain.Cell(2, col)));
+    }
+    const Rect name = plain.Cell(2, colName);
+    const Rect mirroredName = mirrored.Cell(2, colName);
+    for (const int level : {0, 1, 5}) {
+        EXPECT_EQ(mirrored.Glyph(mirroredName, level), turned(plain.Glyph(name, level)));
+        EXPECT_EQ(mirrored.Icon(mirroredName, level), turned(plain.Icon(name, level)));
+        EXPECT_EQ(mirrored.NameText(mirroredName, level, true), turned(plain.NameText(name, level, true)));
+        for (int x = 0; x < client.cx; ++x)
+            EXPECT_EQ(mirrored.PartAt({client.cx - 1 - x, 70}, level), plain.PartAt({x, 70}, level)) << x;
+    }
 }
 
 TEST(GridLayout, RowsStartBelowTheHeaderWithTheOneAtTheTop) {

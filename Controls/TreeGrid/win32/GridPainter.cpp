@@ -8,6 +8,7 @@
 #include <string>
 
 #include "interaction/CursorMoves.h"
+#include "layout/TextDirection.h"
 #include "rows/Contrast.h"
 #include "win32/ShownText.h"
 
@@ -41,8 +42,18 @@ void Frame(HDC dc, const RECT& area, COLORREF color, int thickness) {
     Fill(dc, {area.right - thickness, area.top, area.right, area.bottom}, color);
 }
 
-void Text(HDC dc, RECT area, std::string_view text, UINT format) {
+/// Where a text stands in its cell: at the side where the columns begin, in the middle, or at the other side.
+enum class Side { Near, Middle, Far };
+
+UINT FormatFor(Side side, bool mirrored, bool rightToLeft) {
+    const UINT reading = rightToLeft ? DT_RTLREADING : 0;
+    if (side == Side::Middle) return reading | DT_CENTER;
+    return reading | ((side == Side::Near) != mirrored ? DT_LEFT : DT_RIGHT);
+}
+
+void Text(HDC dc, RECT area, std::string_view text, Side side, bool mirrored) {
     const std::wstring wide = ShownText(text);
+    const UINT format = FormatFor(side, mirrored, ReadsRightToLeft(text, mirrored));
     DrawTextW(dc, wide.c_str(), static_cast<int>(wide.size()), &area,
               format | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
@@ -66,6 +77,7 @@ class Painter {
           pictures_(picture.pictures),
           hasBox_(picture.hasBox),
           metrics_(layout_.Metrics()),
+          mirrored_(layout_.Mirrored()),
           focused_(picture.focused),
           highContrast_(picture.highContrast),
           enabled_(grid_.Enabled()),
@@ -90,7 +102,7 @@ class Painter {
         }
         // Whoever comes in by Tab sees where the keys go, before there is a cursor.
         if (focused_ && cursor == 0)
-            Frame(dc_, {0, metrics_.headerHeight, client.cx, client.cy}, GetSysColor(COLOR_HIGHLIGHT), 1);
+            Frame(dc_, {0, metrics_.headerHeight, client.cx, client.cy}, GetSysColor(COLOR_HIGHLIGHT), metrics_.line);
         PaintHeader();
         SelectObject(dc_, before);
     }
@@ -103,13 +115,14 @@ class Painter {
             if (cell.left == cell.right) continue;
             Fill(dc_, cell, face_);
             Fill(dc_, {cell.left, cell.bottom - metrics_.line, cell.right, cell.bottom}, shadow_);
-            const RECT edge{cell.right - metrics_.line, cell.top + metrics_.margin, cell.right,
+            const LONG edgeLeft = mirrored_ ? cell.left : cell.right - metrics_.line;
+            const RECT edge{edgeLeft, cell.top + metrics_.margin, edgeLeft + metrics_.line,
                             cell.bottom - metrics_.margin};
             if (place != shownName) Fill(dc_, edge, Mix(shadow_, face_, 50));
             if (grid_.RowCount() == 0) continue;
             InflateRect(&cell, -metrics_.margin, 0);
             SetTextColor(dc_, enabled_ ? GetSysColor(COLOR_BTNTEXT) : shadow_);
-            Text(dc_, cell, grid_.CellText(0, col), place == shownName ? DT_LEFT : DT_CENTER);
+            Text(dc_, cell, grid_.CellText(0, col), place == shownName ? Side::Near : Side::Middle, mirrored_);
         }
     }
 
@@ -151,8 +164,14 @@ class Painter {
     // A row's own colour means something (ticked, not to be edited), so the cursor tints the plain ones only.
     COLORREF BackOf(const CellLook& look, bool isCursor) const {
         const bool plain = !look.backColor || *look.backColor == colors::window;
-        if (!plain) return ToColorRef(*look.backColor);
+        if (!plain) return enabled_ ? ToColorRef(*look.backColor) : Faded(ToColorRef(*look.backColor));
         return isCursor && focused_ ? Mix(GetSysColor(COLOR_HIGHLIGHT), back_, 14) : back_;
+    }
+
+    // What is switched off is not to shine: as bright as the colour is dark, next to the ground.
+    COLORREF Faded(COLORREF color) const {
+        const int bright = (GetRValue(color) * 30 + GetGValue(color) * 59 + GetBValue(color) * 11) / 100;
+        return Mix(RGB(bright, bright, bright), Mix(shadow_, back_, 50), 50);
     }
 
     void PaintBox(const RECT& cell, int32_t row) {
@@ -182,14 +201,14 @@ class Painter {
 
     void PaintNumber(RECT cell, int32_t row) {
         InflateRect(&cell, -metrics_.margin, 0);
-        Text(dc_, cell, grid_.CellText(row, schema_.number), DT_RIGHT);
+        Text(dc_, cell, grid_.CellText(row, schema_.number), Side::Far, mirrored_);
     }
 
     void PaintName(const RECT& cell, int32_t row, int level, const CellLook& look) {
         if (HasSign(grid_, row)) PaintGlyph(layout_.Glyph(cell, level), grid_.NodeState(row) == nodeExpanded);
         pictures_.Draw(dc_, look.picture, layout_.Icon(cell, level), !enabled_);
         Text(dc_, layout_.NameText(cell, level, look.picture != noPicture), grid_.CellText(row, schema_.outline),
-             DT_LEFT);
+             Side::Near, mirrored_);
     }
 
     void PaintGlyph(const RECT& glyph, bool open) {
@@ -217,6 +236,7 @@ class Painter {
     const GridPictures& pictures_;
     const RowHasBox& hasBox_;
     const GridMetrics& metrics_;
+    const bool mirrored_;
     const bool focused_;
     const bool highContrast_;
     const bool enabled_;

@@ -20,6 +20,10 @@ namespace {
 /// The place of a context menu that was asked for with the keyboard.
 constexpr LPARAM noPlace = -1;
 
+/// WM_DPICHANGED_AFTERPARENT, which the headers for older systems do not name: the screen under the window has another
+/// resolution now.
+constexpr UINT dpiChanged = 0x02E3;
+
 /// Whether the message is something that a user did to the grid.
 bool IsInput(UINT message) {
     switch (message) {
@@ -61,14 +65,22 @@ GridWindow::~GridWindow() {
     grid_.RemoveObserver(this);
 }
 
-HWND GridWindow::Create(HWND parent, const RECT& place) {
+HWND GridWindow::Create(HWND parent, const RECT& place, DWORD extendedStyle) {
     pictureStale_ = countStale_ = true;
-    const HWND handle =
-        CreateHandle(parent, place,
-                     WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL);
+    const HWND handle = CreateHandle(
+        parent, place, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL,
+        extendedStyle);
     accessibility_.WindowCame();
     if (handle != nullptr) Refresh();
     return handle;
+}
+
+// A window of a host that is read from right to left comes mirrored by the system, with all that is drawn in it. The
+// layout does that itself, since a picture that is drawn beforehand would come out in mirror writing.
+void GridWindow::TakeDirection() {
+    const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_EXSTYLE);
+    mirrored_ = (style & WS_EX_LAYOUTRTL) != 0;
+    if (mirrored_) SetWindowLongPtrW(Handle(), GWL_EXSTYLE, (style & ~LONG_PTR{WS_EX_LAYOUTRTL}) | WS_EX_LEFTSCROLLBAR);
 }
 
 void GridWindow::OnHandleGone() {
@@ -111,6 +123,8 @@ void GridWindow::Refresh() {
     interaction_.Number().CloseWhereLost();
     // A grid that is switched off loses the focus, and the host may end the control when it hears of that.
     EnableWindow(Handle(), grid_.Enabled());
+    // A window that was moved to another screen may have another resolution there.
+    if (Handle() != nullptr && dpi_ != SaneDpi(askDpi_(Handle()))) fontLoaded_ = false;
     // Nor is the font object the grid's own code.
     if (Handle() != nullptr) LoadFontOnce();
     if (Handle() == nullptr) return;
@@ -157,6 +171,7 @@ void GridWindow::MeasureNames() {
     if (grid_.VisibleCount() == 0) widestName_ = 0;
     widestName_ = std::max(widestName_, WidestName(grid_, fonts_, layout_));
     layout_.ScrollSideways(widestName_, left_);
+    layout_.SetMirrored(mirrored_);
     if (left_ != layout_.Left()) pictureStale_ = true;
     left_ = layout_.Left();
 }
@@ -164,7 +179,13 @@ void GridWindow::MeasureNames() {
 // A scroll bar that comes or goes changes the window's size, and with it the layout; hence one after the other.
 void GridWindow::UpdateScrollBars() {
     UpdateScrollBar(SB_VERT, grid_.VisibleCount() - 1, layout_.FullRows(), layout_.TopPosition());
-    if (Handle() != nullptr) UpdateScrollBar(SB_HORZ, layout_.ContentWidth() - 1, layout_.Client().cx, layout_.Left());
+    if (Handle() == nullptr) return;
+    UpdateScrollBar(SB_HORZ, layout_.ContentWidth() - 1, layout_.Client().cx, FromLeft(layout_.Left()));
+}
+
+// The scroll bar counts from its left end, the layout from where the columns begin.
+int GridWindow::FromLeft(int left) const {
+    return mirrored_ ? layout_.MostLeft() - left : left;
 }
 
 void GridWindow::UpdateScrollBar(int bar, int last, int page, int position) {
@@ -209,6 +230,7 @@ GridWindow::Picture::Picture(GridWindow& window, SIZE area, int dpi) : window_(w
     const automation::ObjectRef font = window.grid_.Font();  // the host may set another one while this one is read
     fonts_.Load(font, dpi);
     layout_ = MeasureGrid(window.grid_, fonts_, dpi, area, window.layout_.TopPosition());
+    layout_.SetMirrored(window.mirrored_);
 }
 
 void GridWindow::Picture::Paint(HDC dc) const {
@@ -261,8 +283,7 @@ int GridWindow::ThumbPosition(int bar) const {
 }
 
 void GridWindow::ScrollSidewaysTo(int left) {
-    const int last = layout_.ContentWidth() - layout_.Client().cx;
-    left = std::clamp(left, 0, std::max(0, last));
+    left = std::clamp(left, 0, layout_.MostLeft());
     if (left == layout_.Left()) return;
     interaction_.Number().Finish();
     left_ = left;
@@ -271,24 +292,25 @@ void GridWindow::ScrollSidewaysTo(int left) {
 }
 
 void GridWindow::OnSidewaysScroll(int request) {
-    const int left = layout_.Left();
+    const int from = FromLeft(layout_.Left());
     const int line = layout_.Metrics().indent;
+    const auto scrollTo = [this](int to) { ScrollSidewaysTo(FromLeft(to)); };
     switch (request) {
         case SB_LINELEFT:
-            return ScrollSidewaysTo(left - line);
+            return scrollTo(from - line);
         case SB_LINERIGHT:
-            return ScrollSidewaysTo(left + line);
+            return scrollTo(from + line);
         case SB_PAGELEFT:
-            return ScrollSidewaysTo(left - layout_.Client().cx);
+            return scrollTo(from - layout_.Client().cx);
         case SB_PAGERIGHT:
-            return ScrollSidewaysTo(left + layout_.Client().cx);
+            return scrollTo(from + layout_.Client().cx);
         case SB_LEFT:
-            return ScrollSidewaysTo(0);
+            return scrollTo(0);
         case SB_RIGHT:
-            return ScrollSidewaysTo(layout_.ContentWidth());
+            return scrollTo(layout_.MostLeft());
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION:
-            return ScrollSidewaysTo(ThumbPosition(SB_HORZ));
+            return scrollTo(ThumbPosition(SB_HORZ));
         default:
             return;
     }
@@ -306,7 +328,8 @@ void GridWindow::OnWheel(int delta) {
 
 // One notch is three steps, as it is three rows; to the right is positive.
 void GridWindow::OnSidewaysWheel(int delta) {
-    ScrollSidewaysTo(layout_.Left() + 3 * layout_.Metrics().indent * delta / WHEEL_DELTA);
+    const int by = 3 * layout_.Metrics().indent * delta / WHEEL_DELTA;
+    ScrollSidewaysTo(layout_.Left() + (mirrored_ ? -by : by));
 }
 
 // ---- What gestures ask for
@@ -435,8 +458,8 @@ LPARAM GridWindow::MenuPlace() {
     const auto position = grid_.VisiblePosition(row);
     if (Handle() == nullptr || !position) return noPlace;
     const RECT name = layout_.Cell(*position, shownName);
-    const LONG left = layout_.NameText(name, grid_.RowOutlineLevel(row), true).left;
-    POINT point{std::clamp<LONG>(left, 0, layout_.Client().cx), (name.top + name.bottom) / 2};
+    const Rect text = layout_.NameText(name, grid_.RowOutlineLevel(row), true);
+    POINT point{std::clamp(mirrored_ ? text.right : text.left, 0, layout_.Client().cx), (name.top + name.bottom) / 2};
     ClientToScreen(Handle(), &point);
     return MAKELPARAM(point.x, point.y);
 }
@@ -483,6 +506,9 @@ bool GridWindow::WantsKey(const MSG& message) const {
 LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (IsDropped(message)) return 0;
     switch (message) {
+        case WM_NCCREATE:
+            TakeDirection();
+            break;
         case WM_PAINT:
             OnPaint();
             return 0;
@@ -538,6 +564,10 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case NumberEditor::eventMessage:
             OnEditor(static_cast<NumberEditor::Event>(wParam));
+            return 0;
+        case dpiChanged:
+            pictureStale_ = true;
+            Refresh();
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:

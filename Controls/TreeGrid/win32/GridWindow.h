@@ -40,7 +40,8 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::function<void()> stale);
     ~GridWindow() override;
 
-    HWND Create(HWND parent, const RECT& place);
+    /// With the style WS_EX_LAYOUTRTL, given or from the parent, the columns begin at the right.
+    HWND Create(HWND parent, const RECT& place, DWORD extendedStyle = 0);
 
     /// Brings scroll bar and picture up to date with the grid; costs nothing when nothing in view changed.
     void Refresh();
@@ -93,6 +94,8 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     bool AreInView(const GridChanges& changes) const;
     bool MayBeInView(int32_t firstRow) const;
 
+    void TakeDirection();
+
     // Painting
     void OnPaint();
     void LoadFontOnce();
@@ -101,6 +104,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     void Measure();
     void MeasureNames();
     void UpdateScrollBars();
+    int FromLeft(int left) const;
     void UpdateScrollBar(int bar, int last, int page, int position);
 
     // Scrolling: down in visible rows, sideways in pixels
@@ -154,7 +158,8 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     bool pictureStale_ = true;
     bool countStale_ = true;
     int wheelRest_ = 0;
-    int left_ = 0;        ///< pixels out of view at the left
+    bool mirrored_ = false;
+    int left_ = 0;        ///< pixels out of view where the columns begin
     int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
 
     std::unique_ptr<NumberEditor> editor_;

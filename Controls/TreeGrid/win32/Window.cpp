@@ -92,7 +92,39 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
     return DefWindowProcW(handle, message, wParam, lParam);
 }
 
+namespace {
+
+/// What newer systems know of windows whose program follows the resolution of each screen.
+struct ScreenAwareness {
+    using Context = HANDLE(WINAPI*)(HWND);
+    using Awareness = int(WINAPI*)(HANDLE);
+    using Dpi = UINT(WINAPI*)(HWND);
+
+    ScreenAwareness() {
+        const HMODULE user = GetModuleHandleW(L"user32.dll");
+        const auto find = [user]<typename F>(F& function, const char* name) {
+            function = reinterpret_cast<F>(reinterpret_cast<void*>(GetProcAddress(user, name)));
+        };
+        find(contextOf, "GetWindowDpiAwarenessContext");
+        find(awarenessOf, "GetAwarenessFromDpiAwarenessContext");
+        find(dpiOf, "GetDpiForWindow");
+    }
+    bool FollowsScreens(HWND window) const {
+        constexpr int perMonitor = 2;
+        return window != nullptr && contextOf != nullptr && awarenessOf != nullptr && dpiOf != nullptr &&
+               awarenessOf(contextOf(window)) == perMonitor;
+    }
+
+    Context contextOf = nullptr;
+    Awareness awarenessOf = nullptr;
+    Dpi dpiOf = nullptr;
+};
+
+}  // namespace
+
 int DpiOf(HWND window) {
+    static const ScreenAwareness awareness;
+    if (awareness.FollowsScreens(window)) return static_cast<int>(awareness.dpiOf(window));
     const HDC dc = GetDC(window);
     const int dpi = GetDeviceCaps(dc, LOGPIXELSY);
     ReleaseDC(window, dc);

@@ -108,6 +108,50 @@ TEST_F(ControlWindowTest, TheGridFillsTheInnerAreaAndThePanelStandsInItsMiddle) 
     }
 }
 
+TEST_F(ControlWindowTest, InAHostThatIsReadFromRightToLeftGridAndPanelAreMirrored) {
+    const HWND host = CreateWindowExW(WS_EX_LAYOUTRTL, L"STATIC", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
+                                      440, 400, host_.Handle(), nullptr, nullptr, nullptr);
+    control_->Create(host, {10, 10, 410, 60});
+    EXPECT_TRUE(control_->Grid().Layout().Mirrored());
+    EXPECT_NE(GetWindowLongPtrW(Panel(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL, 0);
+    RECT window{};
+    GetWindowRect(control_->Grid().Handle(), &window);
+    POINT client{0, 0};
+    ClientToScreen(control_->Grid().Handle(), &client);
+    EXPECT_GT(client.x, window.left + 5) << "the scroll bar stands at the left";
+    control_->Destroy();
+    DestroyWindow(host);
+}
+
+/// The control on a screen of that resolution.
+class ControlOnAScreen : public ControlWindowTest, public testing::WithParamInterface<int> {};
+
+TEST_P(ControlOnAScreen, FrameRowsAndPanelFollowTheScreenAlsoWhenItChanges) {
+    int dpi = 96;
+    ControlParts parts{grid_, events_, [] {}, HasBox};
+    parts.dpi = [&dpi](HWND) { return dpi; };
+    control_ = std::make_unique<ControlWindow>(std::move(parts), keeper_);
+    control_->Create(host_.Handle(), {0, 0, 450, 490});
+    control_->ShowWaitPanel(true);
+    const auto frame = [&] {
+        RECT inner{};
+        GetClientRect(control_->Handle(), &inner);
+        return (450 - inner.right) / 2;
+    };
+    const int before = control_->Panel().Layout().label.Height();
+    EXPECT_EQ(frame(), 1);
+    dpi = GetParam();
+    SendMessageW(control_->Grid().Handle(), 0x02E3, 0, 0);  // WM_DPICHANGED_AFTERPARENT
+    control_->FlushPaint();
+    EXPECT_EQ(frame(), dpi / 96);
+    EXPECT_EQ(control_->Grid().Layout().Metrics().rowHeight, Scale(19, dpi));
+    EXPECT_NEAR(control_->Panel().Layout().label.Height(), Scale(before, dpi), 6);
+    ExpectCentred();
+    control_->Destroy();
+}
+
+INSTANTIATE_TEST_SUITE_P(Resolution, ControlOnAScreen, testing::Values(120, 144, 192, 288));
+
 TEST_F(ControlWindowTest, ThePanelIsHiddenUntilALoadShowsIt) {
     Show();
     EXPECT_FALSE(IsWindowVisible(Panel()));
@@ -179,16 +223,14 @@ TEST_F(ControlWindowTest, ThePanelSaysThatItIsCancellingWhileTheReadGoesOn) {
         control_->FlushPaint();
         EXPECT_EQ(TextOf(Label()), L"Please wait\u2026");
         const Pixels before = OnScreen(Label());
-        onCancel_ = [&] {
-            EXPECT_EQ(TextOf(Label()), automation::ToWide(shownTexts::cancelling));
-            EXPECT_FALSE(GetUpdateRect(Label(), nullptr, FALSE)) << "it is on the screen already";
-            EXPECT_NE(OnScreen(Label()), before);
-        };
         MSG message = KeyMessage(control_->Grid().Handle(), VK_ESCAPE);
         if (byKey)
             EXPECT_TRUE(control_->TranslateAccelerator(message));
         else
             SendMessageW(CancelButton(), BM_CLICK, 0, 0);
+        EXPECT_EQ(TextOf(Label()), automation::ToWide(shownTexts::cancelling));
+        EXPECT_FALSE(GetUpdateRect(Label(), nullptr, FALSE)) << "it is on the screen already";
+        EXPECT_NE(OnScreen(Label()), before);
         control_->ShowWaitPanel(false);
     }
     EXPECT_EQ(cancels_, 2);

@@ -14,7 +14,16 @@ namespace foldertree {
 namespace {
 
 constexpr UINT_PTR frameTimer = 1;
-constexpr int borderWidth = 1;
+
+/// The thickness of the frame around the control.
+int Border(int dpi) {
+    return std::max(1, dpi / usualDpi);
+}
+
+void FrameLines(HDC dc, RECT frame, int thickness) {
+    for (int line = 0; line < thickness; ++line, InflateRect(&frame, -1, -1))
+        FrameRect(dc, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+}
 
 /// Takes a window down again that could not be completed, for want of memory or because its parent went.
 class HalfMade {
@@ -53,8 +62,9 @@ ControlWindow::ControlWindow(ctlFolderTree& control, WindowKeeper& keeper)
 ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
     : Window(L"ctlFolderTree", keeper),
       parts_(std::move(parts)),
-      grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid", parts_.isRead, *this}, keeper,
-            [this] { NoteStale(); }),
+      grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid", parts_.isRead, *this,
+             parts_.highContrast, parts_.dpi},
+            keeper, [this] { NoteStale(); }),
       panel_(
           keeper, parts_.cancel, [this] { OnFocusMoved(); }, parts_.now) {
     grid_.SetFocusHandler([this] { OnFocusMoved(); });
@@ -75,12 +85,21 @@ HWND ControlWindow::Create(HWND parent, const RECT& place) {
     HalfMade half(*this);
     RECT inner{};
     GetClientRect(Handle(), &inner);
-    if (grid_.Create(Handle(), inner) == nullptr) return nullptr;
+    if (grid_.Create(Handle(), inner, direction_) == nullptr) return nullptr;
+    if (frame_ != Border(grid_.Dpi())) TakeBorder();
     panel_.Follow(grid_.Font(), grid_.Dpi());
-    if (panel_.Create(Handle()) == nullptr) return nullptr;
+    if (panel_.Create(Handle(), direction_) == nullptr) return nullptr;
     SetUserMode(userMode_);
     half.Complete();
     return Handle();
+}
+
+// In a host that is read from right to left the system would mirror this window and what is drawn in it. The grid and
+// the panel do that for themselves; here all is in the middle.
+void ControlWindow::TakeDirection() {
+    const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_EXSTYLE);
+    direction_ = static_cast<DWORD>(style & WS_EX_LAYOUTRTL);
+    if (direction_ != 0) SetWindowLongPtrW(Handle(), GWL_EXSTYLE, style & ~LONG_PTR{WS_EX_LAYOUTRTL});
 }
 
 void ControlWindow::Destroy() {
@@ -148,6 +167,7 @@ void ControlWindow::DrawFrame() {
     if (timerRuns_) KillTimer(Handle(), frameTimer);
     timerRuns_ = false;
     grid_.Refresh();
+    if (Handle() != nullptr && frame_ != Border(grid_.Dpi())) TakeBorder();
     panel_.Follow(grid_.Font(), grid_.Dpi());
     panel_.Refresh();
     if (Handle() == nullptr) return;
@@ -158,6 +178,12 @@ void ControlWindow::DrawFrame() {
     grid_.SendEvents();
     // While a load runs the grid's wait for its end, and progress is not told more often than can be followed.
     if (grid_.HasEvents() || panel_.HasNews()) NoteStale();
+}
+
+// The frame belongs to the window's edge, which the system asks about again.
+void ControlWindow::TakeBorder() {
+    SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
 void ControlWindow::FlushPaint() {
@@ -238,7 +264,7 @@ void ControlWindow::PaintBorder() {
     RECT frame{};
     GetWindowRect(Handle(), &frame);
     OffsetRect(&frame, -frame.left, -frame.top);
-    FrameRect(dc, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+    FrameLines(dc, frame, frame_);
     ReleaseDC(Handle(), dc);
 }
 
@@ -251,25 +277,27 @@ HRESULT ControlWindow::Draw(HDC dc, const RECT& bounds, const PictureScale& scal
                             const std::function<bool()>& goesOn) {
     const SIZE pixels = scale.pixels;
     if (pixels.cx <= 0 || pixels.cy <= 0) return E_INVALIDARG;
-    const int border = std::max(borderWidth, Scale(borderWidth, scale.dpi));
+    const int border = Border(scale.dpi);
     const SIZE inner{std::max<LONG>(0, pixels.cx - 2 * border), std::max<LONG>(0, pixels.cy - 2 * border)};
     const GridWindow::Picture grid(grid_, inner, scale.dpi);
     const auto paint = [&](HDC tile, POINT origin) {
         SetViewportOrgEx(tile, origin.x + border, origin.y + border, nullptr);
         grid.Paint(tile);
         SetViewportOrgEx(tile, origin.x, origin.y, nullptr);
-        RECT frame{0, 0, pixels.cx, pixels.cy};
-        for (int line = 0; line < border; ++line, InflateRect(&frame, -1, -1))
-            FrameRect(tile, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+        FrameLines(tile, {0, 0, pixels.cx, pixels.cy}, border);
     };
     return DrawInTiles(dc, bounds, {pixels, paint, goesOn});
 }
 
 LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_NCCREATE:
+            TakeDirection();
+            break;
         case WM_NCCALCSIZE: {
             auto* area = reinterpret_cast<RECT*>(lParam);
-            InflateRect(area, -borderWidth, -borderWidth);
+            frame_ = Border(grid_.Dpi());
+            InflateRect(area, -frame_, -frame_);
             area->right = std::max(area->right, area->left);
             area->bottom = std::max(area->bottom, area->top);
             return 0;
@@ -284,6 +312,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             GetClientRect(Handle(), &inner);
             if (grid_.Handle() != nullptr) MoveWindow(grid_.Handle(), 0, 0, inner.right, inner.bottom, TRUE);
             panel_.Place();
+            NoteStale();
             return 0;
         }
         case WM_TIMER:

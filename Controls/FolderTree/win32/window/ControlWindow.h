@@ -29,6 +29,8 @@ struct ControlParts {
     std::function<bool()> busy = [] { return false; };  ///< whether a load or an expansion runs
     std::function<std::optional<int32_t>()> numbers = [] { return std::nullopt; };  ///< AccessibleHost::Numbers
     WaitPanel::Now now = FrameClock::Clock::now;
+    std::function<bool()> highContrast = IsHighContrast;
+    std::function<int(HWND)> dpi = DpiOf;
 };
 
 /// Keeps captions, panel and progress whether it has a window or not, so that a control without one works in full; each
@@ -102,7 +104,9 @@ class ControlWindow : public Window, private AccessibleHost {
     void DrawFrame();
     bool IsMine(HWND window) const;
     void OnFocusMoved();
+    void TakeDirection();
     void PaintBorder();
+    void TakeBorder();
     bool SetPointer(HWND under);
     void DropBlockedInput();
 
@@ -113,6 +117,8 @@ class ControlWindow : public Window, private AccessibleHost {
     bool focusInside_ = false;  ///< as the handler was last told
     FrameClock clock_;
     bool timerRuns_ = false;
+    int frame_ = 1;        ///< thickness of the frame around all, in pixels
+    DWORD direction_ = 0;  ///< WS_EX_LAYOUTRTL in a host that is read from right to left
     bool busy_ = false;
     bool userMode_ = true;
     InputClock input_;

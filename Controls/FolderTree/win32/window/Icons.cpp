@@ -3,21 +3,68 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "automation_win32/Module.h"
 
 namespace foldertree {
 namespace {
 
-// AlphaBlend wants colours that are already multiplied by their alpha.
-void Premultiply(HBITMAP bitmap) {
-    DIBSECTION section{};
-    if (GetObjectW(bitmap, sizeof section, &section) != sizeof section || section.dsBm.bmBitsPixel != 32) return;
-    auto* bytes = static_cast<uint8_t*>(section.dsBm.bmBits);
-    const size_t pixels = static_cast<size_t>(section.dsBm.bmWidth) * static_cast<size_t>(section.dsBm.bmHeight);
-    for (size_t i = 0; i < pixels; ++i, bytes += 4)
-        for (int channel = 0; channel < 3; ++channel)
-            bytes[channel] = static_cast<uint8_t>(bytes[channel] * bytes[3] / 255);
+constexpr int firstIcon = 101;
+constexpr int iconCount = pictureCount - 1;  // there is none for Picture::None
+
+/// A strip of icons of that size to draw into, with its pixels.
+struct Canvas {
+    explicit Canvas(int size) : pixelCount(static_cast<size_t>(size) * static_cast<size_t>(size) * iconCount) {
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof info.bmiHeader, iconCount * size, -size, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        pixels = static_cast<RGBQUAD*>(bits);
+    }
+    ~Canvas() {
+        if (bitmap != nullptr) DeleteObject(bitmap);
+    }
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+
+    HBITMAP Release() { return std::exchange(bitmap, nullptr); }
+
+    size_t pixelCount;
+    HBITMAP bitmap = nullptr;
+    RGBQUAD* pixels = nullptr;
+};
+
+/// The icons on a ground of one colour.
+void DrawIcons(const Canvas& canvas, int size, int ground) {
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const HGDIOBJ before = SelectObject(dc, canvas.bitmap);
+    const RECT all{0, 0, iconCount * size, size};
+    FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(ground)));
+    for (int index = 0; index < iconCount; ++index) {
+        const HANDLE icon = LoadImageW(automation::ThisModule(), MAKEINTRESOURCEW(firstIcon + index), IMAGE_ICON, size,
+                                       size, LR_DEFAULTCOLOR);
+        if (icon == nullptr) continue;
+        DrawIconEx(dc, index * size, 0, static_cast<HICON>(icon), size, size, 0, nullptr, DI_NORMAL);
+        DestroyIcon(static_cast<HICON>(icon));
+    }
+    SelectObject(dc, before);
+    DeleteDC(dc);
+    GdiFlush();
+}
+
+// AlphaBlend wants colours that are multiplied by their alpha, as they are on black. How much of the ground is seen
+// tells the alpha.
+HBITMAP MakeStrip(int size) {
+    Canvas onBlack(size);
+    const Canvas onWhite(size);
+    if (onBlack.bitmap == nullptr || onWhite.bitmap == nullptr) return nullptr;
+    DrawIcons(onBlack, size, BLACK_BRUSH);
+    DrawIcons(onWhite, size, WHITE_BRUSH);
+    for (size_t i = 0; i < onBlack.pixelCount; ++i)
+        onBlack.pixels[i].rgbReserved =
+            static_cast<BYTE>(255 - (onWhite.pixels[i].rgbGreen - onBlack.pixels[i].rgbGreen));
+    return onBlack.Release();
 }
 
 }  // namespace
@@ -31,18 +78,13 @@ const Icons::Strip* Icons::StripFor(int size) const noexcept {
     Strip* best = &strips_.back();
     for (Strip& strip : strips_)
         if (strip.size >= size && strip.size < best->size) best = &strip;
-    if (best->bitmap == nullptr) {
-        best->bitmap = static_cast<HBITMAP>(LoadImageW(automation::ThisModule(), MAKEINTRESOURCEW(best->resource),
-                                                       IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
-        if (best->bitmap == nullptr) return nullptr;
-        Premultiply(best->bitmap);
-    }
-    return best;
+    if (best->bitmap == nullptr) best->bitmap = MakeStrip(best->size);
+    return best->bitmap != nullptr ? best : nullptr;
 }
 
 void Icons::Draw(HDC dc, int picture, const RECT& square, bool pale) const noexcept {
-    const int index = picture - 1;  // the strip has no image for Picture::None
-    if (index < 0 || index >= pictureCount - 1) return;
+    const int index = picture - 1;
+    if (index < 0 || index >= iconCount) return;
     const Strip* strip = StripFor(square.right - square.left);
     if (strip == nullptr) return;
     const HDC source = CreateCompatibleDC(dc);

@@ -6,11 +6,13 @@
 #include <array>
 
 #include "common/Pictures.h"
+#include "layout/GridLayout.h"
 #include "win32/GridPictures.h"
 
 namespace foldertree {
 
-/// The strips of small icons in this module's resources, one a size. Loaded when first drawn; owns its bitmaps.
+/// The icons in this module's resources. Those of one size are loaded when one of them is first drawn; owns its
+/// bitmaps.
 class Icons final : public GridPictures {
   public:
     Icons() = default;
@@ -18,18 +20,22 @@ class Icons final : public GridPictures {
     Icons(const Icons&) = delete;
     Icons& operator=(const Icons&) = delete;
 
-    /// Draws from the strip that fits the square's size best. `picture` is a Picture.
+    /// Draws the icon that was made for the square's size, or else the next larger one. `picture` is a Picture.
     void Draw(HDC dc, int picture, const RECT& square, bool pale) const noexcept override;
 
   private:
+    /// All pictures of a size beside each other.
     struct Strip {
         int size;
-        int resource;
         HBITMAP bitmap = nullptr;
     };
     const Strip* StripFor(int size) const noexcept;
 
-    mutable std::array<Strip, 3> strips_{{{16, 116}, {24, 124}, {32, 132}}};
+    mutable std::array<Strip, iconSizes.size()> strips_ = [] {
+        std::array<Strip, iconSizes.size()> strips{};
+        for (size_t i = 0; i < strips.size(); ++i) strips[i].size = iconSizes[i];
+        return strips;
+    }();
 };
 
 }  // namespace foldertree

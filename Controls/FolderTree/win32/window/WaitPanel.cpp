@@ -42,9 +42,9 @@ WaitPanel::~WaitPanel() {
 
 // ---- The windows
 
-HWND WaitPanel::Create(HWND parent) {
-    if (CreateHandle(parent, {0, 0, 0, 0}, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT) ==
-            nullptr ||
+HWND WaitPanel::Create(HWND parent, DWORD extendedStyle) {
+    if (CreateHandle(parent, {0, 0, 0, 0}, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
+                     WS_EX_CONTROLPARENT | extendedStyle) == nullptr ||
         !MakeParts())
         return nullptr;
     captionsStale_ = pathStale_ = true;
@@ -171,12 +171,13 @@ void WaitPanel::Show(bool visible) {
     }
 }
 
-// A provider may hold the thread for long before the load can end, so the panel does not wait for its next frame.
+// A provider may hold the thread for long before the load can end, so the panel does not wait for its next frame. The
+// load is to end first, which needs no memory.
 void WaitPanel::Cancel() {
     cancelling_ = captionsStale_ = true;
+    cancel_();
     Refresh();
     if (Handle() != nullptr) UpdateWindow(label_);
-    cancel_();
 }
 
 void WaitPanel::Refresh() {

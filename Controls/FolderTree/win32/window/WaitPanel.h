@@ -24,8 +24,9 @@ class WaitPanel : public Window {
               Now now = FrameClock::Clock::now);
     ~WaitPanel() override;
 
-    /// Makes the panel's window, hidden or shown as the state says, in the middle of the parent.
-    HWND Create(HWND parent);
+    /// Makes the panel's window, hidden or shown as the state says, in the middle of the parent. The style
+    /// WS_EX_LAYOUTRTL mirrors it.
+    HWND Create(HWND parent, DWORD extendedStyle);
     /// Puts it back into the middle, after the parent changed its size.
     void Place();
     /// Uses a copy of that font, for a screen of that resolution, from now on.
@@ -36,7 +37,7 @@ class WaitPanel : public Window {
     void SetProgress(double maximum, double value);  ///< shows full when `value` passes `maximum`
     void Show(bool visible);
     bool Visible() const { return visible_; }
-    /// As a press of the button: says at once that the load is being cancelled, then cancels.
+    /// As a press of the button: cancels, and says so at once. The window may be gone afterwards.
     void Cancel();
 
     /// Brings the window up to date with the state, but for what Tell() tells.

@@ -403,5 +403,38 @@ TEST(OffscreenBitmapTest, WhatIsDrawnComesToTheTargetWhenItIsShown) {
     EXPECT_EQ(pixels.At(5, 5), 0xFFFFFFu);
 }
 
+TEST_F(GridPaintingTest, AGridThatIsSwitchedOffHasNoGlaringColour) {
+    TickRow(grid_, 2, "1");
+    grid_.SetEnabled(false);
+    const Rgb ground = ToRgb(Paint().At(RightOfName(2)));
+    EXPECT_LT(std::max({ground.red, ground.green, ground.blue}) - std::min({ground.red, ground.green, ground.blue}),
+              20);
+    EXPECT_NE(Paint().At(RightOfName(2)), Paint().At(RightOfName(3))) << "a ticked row is told from others";
+    grid_.SetEnabled(true);
+    EXPECT_EQ(Paint().At(RightOfName(2)), 0xFFFF00u);
+}
+
+TEST_F(GridPaintingTest, NamesOfBothDirectionsStandWhereTheirColumnBegins) {
+    for (const bool mirrored : {false, true}) {
+        for (const char* name : {"Inbox", "\u05D3\u05D5\u05D0\u05E8 \u05E0\u05DB\u05E0\u05E1"}) {
+            grid_.SetCellText(2, colName, name);
+            const Pixels pixels = Drawing(area.cx, area.cy, [&](HDC dc) {
+                fonts_.Load(grid_.Font(), 96);
+                layout_ = MeasureGrid(grid_, fonts_, 96, area, 0);
+                layout_.SetMirrored(mirrored);
+                PaintGrid(dc, {grid_, layout_, fonts_, pictures_, hasBox_, false, false});
+            });
+            Rect begin = NameText(2);
+            Rect end = begin;
+            begin = mirrored ? Rect{begin.right - 40, begin.top, begin.right, begin.bottom - 1}
+                             : Rect{begin.left, begin.top, begin.left + 40, begin.bottom - 1};
+            end = mirrored ? Rect{end.left, end.top, end.left + 40, end.bottom - 1}
+                           : Rect{end.right - 40, end.top, end.right, end.bottom - 1};
+            EXPECT_GT(pixels.Drawn(begin), 20) << name;
+            EXPECT_EQ(pixels.Drawn(end), 0) << name;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace foldertree

@@ -1,6 +1,8 @@
 // GridWindowTest: what mouse and keyboard do to the grid, in which order it is notified, and what survives the end.
 #include "win32/GridWindow.h"
 
+#include <limits>
+
 #include "GridWindowFixture.h"
 
 namespace foldertree {
@@ -800,6 +802,94 @@ TEST_F(GridWindowEnds, WithTheParentWindowWhileTheEditorIsOpen) {
     grid_.SetCurrentRow(2);
     AddFolder(grid_, 1, "Later");
     window_->Refresh();
+}
+
+// ---- Screens of all kinds
+
+class GridOnAScreen : public GridWindowTest {
+  protected:
+    /// A grid for a screen whose resolution the test decides.
+    void MakeWindow(HWND parent, int width, int height) {
+        GridWindowParts parts{grid_, events_, pictures_, HasBox, L"TestGrid"};
+        parts.dpi = [this](HWND) { return dpi_; };
+        window_ = std::make_unique<GridWindow>(std::move(parts), keeper_, [this] { ++stale_; });
+        window_->Create(parent, {0, 0, width, height});
+        Update();
+    }
+    const GridMetrics& Metrics() const { return window_->Layout().Metrics(); }
+
+    int dpi_ = 96;
+};
+
+TEST_F(GridOnAScreen, AWindowThatComesToAnotherScreenIsLaidOutForIt) {
+    MakeWindow(host_.Handle(), 400, 300);
+    const GridMetrics before = Metrics();
+    for (const int dpi : {120, 144, 192, 288, 96}) {
+        dpi_ = dpi;
+        constexpr UINT dpiChanged = 0x02E3;
+        Send(dpiChanged, 0, 0);
+        EXPECT_EQ(Metrics().rowHeight, Scale(before.rowHeight, dpi));
+        EXPECT_EQ(Metrics().boxSize, Scale(before.boxSize, dpi));
+        EXPECT_NEAR(window_->Layout().HeaderCell(sample::colSel).Width(),
+                    Scale(GridLayout(before, {}, 50, 0, 0).HeaderCell(sample::colSel).Width(), dpi), Scale(14, dpi));
+    }
+    dpi_ = 144;
+    MoveWindow(window_->Handle(), 0, 0, 380, 280, TRUE);  // in a program that is not told
+    Update();
+    EXPECT_EQ(Metrics().rowHeight, Scale(before.rowHeight, 144));
+}
+
+TEST_F(GridOnAScreen, ClicksHitWhatIsSeenAtEveryResolution) {
+    for (const int dpi : {120, 192, 288}) {
+        dpi_ = dpi;
+        MakeWindow(host_.Handle(), 450, 490);
+        events_.log.clear();
+        Click(BoxOfRow(3));
+        EXPECT_EQ(events_.log.size(), 2u) << dpi;
+    }
+}
+
+TEST_F(GridOnAScreen, NoSizeAndNoResolutionIsTooMuch) {
+    for (const int dpi : {0, -7, 96, 10000, std::numeric_limits<int>::max()}) {
+        dpi_ = dpi;
+        MakeWindow(host_.Handle(), 0, 0);
+        for (const int length : {1, 40, 32767, 0}) {
+            MoveWindow(window_->Handle(), 0, 0, length, length, TRUE);
+            Update();
+            RedrawWindow(window_->Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+            Press(VK_END);
+            Click({length / 2, length / 2});
+            EXPECT_NE(window_->Handle(), nullptr);
+        }
+    }
+}
+
+TEST_F(GridOnAScreen, InAHostThatIsReadFromRightToLeftItIsMirrored) {
+    const HWND host = CreateWindowExW(WS_EX_LAYOUTRTL, L"STATIC", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
+                                      400, 300, host_.Handle(), nullptr, nullptr, nullptr);
+    MakeWindow(host, 400, 120);
+    EXPECT_TRUE(window_->Layout().Mirrored());
+    EXPECT_GT(window_->Layout().Cell(0, sample::colSel).left, window_->Layout().Cell(0, sample::colName).left);
+    Click(BoxOfRow(3));
+    EXPECT_EQ(events_.log.size(), 2u);
+    const Pixels pixels = OnScreen(window_->Handle());
+    const Rect name = window_->Layout().NameText(window_->Layout().Cell(PositionOf(2), sample::colName), 1, true);
+    EXPECT_GT(pixels.Drawn({name.right - 40, name.top, name.right, name.bottom - 1}), 20);
+    AddFolder(grid_, 2, std::string(200, 'x'));
+    grid_.DeliverChanges();
+    Press(VK_END);
+    ASSERT_GT(window_->Layout().MostLeft(), 0);
+    Send(WM_HSCROLL, SB_LINELEFT, 0);
+    EXPECT_EQ(window_->Layout().Left(), Metrics().indent) << "the rest of the names is at the left";
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_POS;
+    GetScrollInfo(window_->Handle(), SB_HORZ, &bar);
+    EXPECT_EQ(bar.nPos, window_->Layout().MostLeft() - Metrics().indent);
+    Send(WM_HSCROLL, SB_RIGHT, 0);
+    EXPECT_EQ(window_->Layout().Left(), 0);
+    window_.reset();
+    DestroyWindow(host);
 }
 
 }  // namespace
