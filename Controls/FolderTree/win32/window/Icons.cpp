@@ -10,14 +10,13 @@
 namespace foldertree {
 namespace {
 
-constexpr int firstIcon = 101;
-constexpr int iconCount = pictureCount - 1;  // there is none for Picture::None
+constexpr int iconBase = 100;  // the resource's number without the picture's
 
-/// A strip of icons of that size to draw into, with its pixels.
+/// A square of that size to draw into, with its pixels.
 struct Canvas {
-    explicit Canvas(int size) : pixelCount(static_cast<size_t>(size) * static_cast<size_t>(size) * iconCount) {
+    explicit Canvas(int size) : pixelCount(static_cast<size_t>(size) * static_cast<size_t>(size)) {
         BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, iconCount * size, -size, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        info.bmiHeader = {sizeof info.bmiHeader, size, -size, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
         void* bits = nullptr;
         bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
         pixels = static_cast<RGBQUAD*>(bits);
@@ -35,19 +34,12 @@ struct Canvas {
     RGBQUAD* pixels = nullptr;
 };
 
-/// The icons on a ground of one colour.
-void DrawIcons(const Canvas& canvas, int size, int ground) {
+void DrawOn(const Canvas& canvas, HICON icon, int size, int ground) {
     const HDC dc = CreateCompatibleDC(nullptr);
     const HGDIOBJ before = SelectObject(dc, canvas.bitmap);
-    const RECT all{0, 0, iconCount * size, size};
+    const RECT all{0, 0, size, size};
     FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(ground)));
-    for (int index = 0; index < iconCount; ++index) {
-        const HANDLE icon = LoadImageW(automation::ThisModule(), MAKEINTRESOURCEW(firstIcon + index), IMAGE_ICON, size,
-                                       size, LR_DEFAULTCOLOR);
-        if (icon == nullptr) continue;
-        DrawIconEx(dc, index * size, 0, static_cast<HICON>(icon), size, size, 0, nullptr, DI_NORMAL);
-        DestroyIcon(static_cast<HICON>(icon));
-    }
+    DrawIconEx(dc, 0, 0, icon, size, size, 0, nullptr, DI_NORMAL);
     SelectObject(dc, before);
     DeleteDC(dc);
     GdiFlush();
@@ -55,43 +47,53 @@ void DrawIcons(const Canvas& canvas, int size, int ground) {
 
 // AlphaBlend wants colours that are multiplied by their alpha, as they are on black. How much of the ground is seen
 // tells the alpha.
-HBITMAP MakeStrip(int size) {
+HBITMAP WithAlpha(HICON icon, int size) {
     Canvas onBlack(size);
     const Canvas onWhite(size);
     if (onBlack.bitmap == nullptr || onWhite.bitmap == nullptr) return nullptr;
-    DrawIcons(onBlack, size, BLACK_BRUSH);
-    DrawIcons(onWhite, size, WHITE_BRUSH);
+    DrawOn(onBlack, icon, size, BLACK_BRUSH);
+    DrawOn(onWhite, icon, size, WHITE_BRUSH);
     for (size_t i = 0; i < onBlack.pixelCount; ++i)
         onBlack.pixels[i].rgbReserved =
             static_cast<BYTE>(255 - (onWhite.pixels[i].rgbGreen - onBlack.pixels[i].rgbGreen));
     return onBlack.Release();
 }
 
+HBITMAP LoadPicture(int picture, int size) {
+    const HANDLE icon = LoadImageW(automation::ThisModule(), MAKEINTRESOURCEW(iconBase + picture), IMAGE_ICON, size,
+                                   size, LR_DEFAULTCOLOR);
+    if (icon == nullptr) return nullptr;
+    const HBITMAP bitmap = WithAlpha(static_cast<HICON>(icon), size);
+    DestroyIcon(static_cast<HICON>(icon));
+    return bitmap;
+}
+
+size_t SizeFor(int width) {
+    size_t best = 0;
+    while (best + 1 < iconSizes.size() && iconSizes[best] < width) ++best;
+    return best;
+}
+
 }  // namespace
 
 Icons::~Icons() {
-    for (const Strip& strip : strips_)
-        if (strip.bitmap != nullptr) DeleteObject(strip.bitmap);
-}
-
-const Icons::Strip* Icons::StripFor(int size) const noexcept {
-    Strip* best = &strips_.back();
-    for (Strip& strip : strips_)
-        if (strip.size >= size && strip.size < best->size) best = &strip;
-    if (best->bitmap == nullptr) best->bitmap = MakeStrip(best->size);
-    return best->bitmap != nullptr ? best : nullptr;
+    for (const OfOneSize& bitmaps : bitmaps_)
+        for (const HBITMAP bitmap : bitmaps)
+            if (bitmap != nullptr) DeleteObject(bitmap);
 }
 
 void Icons::Draw(HDC dc, int picture, const RECT& square, bool pale) const noexcept {
-    const int index = picture - 1;
-    if (index < 0 || index >= iconCount) return;
-    const Strip* strip = StripFor(square.right - square.left);
-    if (strip == nullptr) return;
+    if (picture <= 0 || picture >= pictureCount) return;
+    const size_t best = SizeFor(square.right - square.left);
+    const int size = iconSizes[best];
+    HBITMAP& bitmap = bitmaps_[best][static_cast<size_t>(picture)];
+    if (bitmap == nullptr) bitmap = LoadPicture(picture, size);
+    if (bitmap == nullptr) return;
     const HDC source = CreateCompatibleDC(dc);
-    const HGDIOBJ before = SelectObject(source, strip->bitmap);
+    const HGDIOBJ before = SelectObject(source, bitmap);
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, static_cast<BYTE>(pale ? 110 : 255), AC_SRC_ALPHA};
-    GdiAlphaBlend(dc, square.left, square.top, square.right - square.left, square.bottom - square.top, source,
-                  index * strip->size, 0, strip->size, strip->size, blend);
+    GdiAlphaBlend(dc, square.left, square.top, square.right - square.left, square.bottom - square.top, source, 0, 0,
+                  size, size, blend);
     SelectObject(source, before);
     DeleteDC(source);
 }

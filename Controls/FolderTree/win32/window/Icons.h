@@ -11,8 +11,7 @@
 
 namespace foldertree {
 
-/// The icons in this module's resources. Those of one size are loaded when one of them is first drawn; owns its
-/// bitmaps.
+/// The icons in this module's resources, each loaded when it is first drawn; owns its bitmaps.
 class Icons final : public GridPictures {
   public:
     Icons() = default;
@@ -24,18 +23,8 @@ class Icons final : public GridPictures {
     void Draw(HDC dc, int picture, const RECT& square, bool pale) const noexcept override;
 
   private:
-    /// All pictures of a size beside each other.
-    struct Strip {
-        int size;
-        HBITMAP bitmap = nullptr;
-    };
-    const Strip* StripFor(int size) const noexcept;
-
-    mutable std::array<Strip, iconSizes.size()> strips_ = [] {
-        std::array<Strip, iconSizes.size()> strips{};
-        for (size_t i = 0; i < strips.size(); ++i) strips[i].size = iconSizes[i];
-        return strips;
-    }();
+    using OfOneSize = std::array<HBITMAP, pictureCount>;
+    mutable std::array<OfOneSize, iconSizes.size()> bitmaps_{};
 };
 
 }  // namespace foldertree
