@@ -56,16 +56,18 @@ GridMetrics GridMetrics::For(int dpi, int rowTwips, int fontHeight) {
 
 GridLayout::GridLayout(const GridMetrics& metrics, Size client, int selWidth, int indexWidth, int32_t topPosition)
     : metrics_(metrics), client_(std::max(0, client.cx), std::max(0, client.cy)), topPosition_(topPosition) {
-    const int nameLeft = selWidth + indexWidth;
-    edges_ = {0, selWidth, nameLeft, std::max<int>(client.cx, nameLeft + minimumNameWidth)};
+    staying_ = selWidth + indexWidth;
+    width_ = std::max(client_.cx, staying_ + minimumNameWidth);
+    columns_ = {Column{0, selWidth}, Column{selWidth, staying_}, Column{staying_, width_}};
 }
 
 void GridLayout::ScrollSideways(int nameWidth, int left) {
-    const int nameLeft = edges_[2] - edges_[0];
-    const int width = std::max<int>(client_.cx, nameLeft + std::max(minimumNameWidth, nameWidth));
-    const int shift = edges_[0] + std::clamp(left, 0, width - std::min(client_.cx, width));
-    for (int& edge : edges_) edge -= shift;
-    edges_.back() = edges_.front() + width;
+    const int number = columns_[shownNumber].right - columns_[shownNumber].left;
+    width_ = std::max(client_.cx, staying_ + std::max(minimumNameWidth, nameWidth));
+    left_ = std::clamp(left, 0, MostLeft());
+    const int staysAt = Stays() ? 0 : -left_;
+    const int edge = staysAt + staying_ - number;
+    columns_ = {Column{staysAt, edge}, Column{edge, staysAt + staying_}, Column{staying_ - left_, width_ - left_}};
 }
 
 int32_t GridLayout::FullRows() const {
@@ -83,22 +85,23 @@ Rect GridLayout::Seen(const Rect& place) const {
 }
 
 Rect GridLayout::HeaderCell(int col) const {
-    return Seen({Edge(col), 0, Edge(col + 1), metrics_.headerHeight});
+    return Seen({ColumnOf(col).left, 0, ColumnOf(col).right, metrics_.headerHeight});
 }
 
 Rect GridLayout::Row(int32_t position) const {
     const int top = metrics_.headerHeight + (position - topPosition_) * metrics_.rowHeight;
-    return Seen({edges_.front(), top, edges_.back(), top + metrics_.rowHeight});
+    return Seen({columns_.front().left, top, columns_.back().right, top + metrics_.rowHeight});
 }
 
 Rect GridLayout::Cell(int32_t position, int col) const {
     const Rect row = Row(position);
-    return Seen({Edge(col), row.top, Edge(col + 1), row.bottom});
+    return Seen({ColumnOf(col).left, row.top, ColumnOf(col).right, row.bottom});
 }
 
 Rect GridLayout::Box(const Rect& selCell) const {
-    const int left = selCell.left + (selCell.Width() - metrics_.boxSize) / 2;
-    return Centred(left, metrics_.boxSize, metrics_.boxSize, selCell);
+    const Rect cell = Seen(selCell);
+    const int left = cell.left + (cell.Width() - metrics_.boxSize) / 2;
+    return Seen(Centred(left, metrics_.boxSize, metrics_.boxSize, cell));
 }
 
 // Where a row of that level begins. Rows that lie very deep crowd together rather than leave the column.
@@ -149,8 +152,9 @@ GridPart GridLayout::PartAt(Point point, int level) const {
     const int reach = metrics_.margin;
     const Rect glyph = Seen(Glyph(Cell(*position, shownName), level));
     const int glyphReach = (metrics_.indent - metrics_.glyphSize) / 2;
-    if (x < edges_[1]) return x >= box.left - reach && x < box.right + reach ? GridPart::Box : GridPart::Row;
-    if (x < edges_[2]) return GridPart::Index;
+    if (x < columns_[shownBox].right)
+        return x >= box.left - reach && x < box.right + reach ? GridPart::Box : GridPart::Row;
+    if (x < columns_[shownNumber].right) return GridPart::Index;
     if (x >= glyph.left - glyphReach && x < glyph.right + glyphReach) return GridPart::Glyph;
     return GridPart::Row;
 }

@@ -37,7 +37,8 @@ enum ShownColumn : int { shownBox = 0, shownNumber = 1, shownName = 2 };
 
 /// Pure geometry, without a window. Positions count the visible rows, 0-based; coordinates are the window's client
 /// area. A column is one of ShownColumn; the name takes what the two others leave, or as much more as its texts want;
-/// then the columns are wider than the area and can be moved to the left. Mirrored, for languages that are read from
+/// then the columns are wider than the area, and the names can be moved to the left, under the two others. Where these
+/// would leave the names less than half of the area, all three move. Mirrored, for languages that are read from
 /// right to left, all of that is the other way round: what is said of left holds for right.
 class GridLayout {
   public:
@@ -45,8 +46,8 @@ class GridLayout {
     /// `selWidth` and `indexWidth` are 0 for a hidden column.
     GridLayout(const GridMetrics& metrics, Size client, int selWidth, int indexWidth, int32_t topPosition);
 
-    /// The columns with room for names of that width (see NameWidth), and moved to the left by as many pixels of `left`
-    /// as there is something to see at the right.
+    /// The columns with room for names of that width (see NameWidth), and the names moved to the left by as many pixels
+    /// of `left` as there is something to see at the right.
     void ScrollSideways(int nameWidth, int left);
     void SetMirrored(bool mirrored) { mirrored_ = mirrored; }
 
@@ -54,11 +55,13 @@ class GridLayout {
     Size Client() const { return client_; }
     bool Mirrored() const { return mirrored_; }
     int32_t TopPosition() const { return topPosition_; }
-    int Left() const { return -edges_.front(); }  ///< pixels out of view where the columns begin
+    int Left() const { return left_; }  ///< pixels out of view where the names begin
     int MostLeft() const { return std::max(0, ContentWidth() - client_.cx); }
-    int ContentWidth() const { return edges_.back() - edges_.front(); }  ///< of all columns
-    int32_t FullRows() const;                                            ///< rows that fit whole, at least 1
-    int32_t ShownRows() const;                                           ///< with the cut-off one at the bottom
+    int ContentWidth() const { return width_; }  ///< of all columns
+    /// Whether box and number stay where they are when the names move.
+    bool Stays() const { return 2 * staying_ <= client_.cx; }
+    int32_t FullRows() const;   ///< rows that fit whole, at least 1
+    int32_t ShownRows() const;  ///< with the cut-off one at the bottom
 
     Rect HeaderCell(int col) const;
     Rect Row(int32_t position) const;
@@ -81,8 +84,11 @@ class GridLayout {
     GridPart PartAt(Point point, int level) const;
 
   private:
-    /// The left edge of a column, or the right edge of the last one.
-    int Edge(int col) const { return edges_[static_cast<size_t>(col)]; }
+    struct Column {
+        int left = 0;
+        int right = 0;
+    };
+    Column ColumnOf(int col) const { return columns_[static_cast<size_t>(col)]; }
     /// From a place of columns that begin at the left to where it is seen, and back.
     Rect Seen(const Rect& place) const;
     int IndentEnd(const Rect& nameCell, int level) const;
@@ -90,7 +96,10 @@ class GridLayout {
 
     GridMetrics metrics_;
     Size client_;
-    std::array<int, 4> edges_{};  ///< left edges of the three columns, then the right edge
+    std::array<Column, 3> columns_{};
+    int staying_ = 0;  ///< width of the columns left of the names
+    int width_ = 0;
+    int left_ = 0;
     int32_t topPosition_ = 0;
     bool mirrored_ = false;
 };

@@ -121,6 +121,7 @@ TEST(GridLayout, MirroredItIsTheSameTheOtherWayRound) {
     }
     const Rect name = plain.Cell(2, colName);
     const Rect mirroredName = mirrored.Cell(2, colName);
+    EXPECT_EQ(mirrored.Box(mirrored.Cell(2, colSel)), turned(plain.Box(plain.Cell(2, colSel))));
     for (const int level : {0, 1, 5}) {
         EXPECT_EQ(mirrored.Glyph(mirroredName, level), turned(plain.Glyph(name, level)));
         EXPECT_EQ(mirrored.Icon(mirroredName, level), turned(plain.Icon(name, level)));
@@ -187,18 +188,34 @@ TEST(GridLayout, NamesThatFitLeaveNothingToScroll) {
     EXPECT_EQ(layout.HeaderCell(colName).right, 400);
 }
 
-TEST(GridLayout, NamesThatAreWiderMoveAllColumnsToTheLeft) {
+TEST(GridLayout, NamesThatAreWiderMoveToTheLeftUnderBoxAndNumber) {
     GridLayout layout({}, client, 50, 40, 0);
     layout.ScrollSideways(1000, 70);
     EXPECT_EQ(layout.ContentWidth(), 1090);
     EXPECT_EQ(layout.Left(), 70);
+    EXPECT_EQ(layout.MostLeft(), 690);
+    EXPECT_EQ(layout.Cell(0, colSel).left, 0);
+    EXPECT_EQ(layout.Cell(0, colIndex).right, 90);
+    EXPECT_EQ(layout.Cell(0, colName).left, 20);
+    EXPECT_EQ(layout.Row(0).left, 0);
+    EXPECT_EQ(layout.Row(0).right, 1020);
+    const Rect box = layout.Box(layout.Cell(2, colSel));
+    EXPECT_EQ(layout.PartAt({box.left, box.top}, 1), GridPart::Box);
+    EXPECT_EQ(layout.PartAt({60, box.top}, 1), GridPart::Index) << "also where a sign is under it";
+    layout.ScrollSideways(1000, 30);
+    const Rect sign = layout.Glyph(layout.Cell(2, colName), 2);
+    EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 2), GridPart::Glyph);
+}
+
+TEST(GridLayout, InANarrowWindowAllColumnsMove) {
+    GridLayout layout({}, {170, 300}, 50, 40, 0);
+    layout.ScrollSideways(1000, 70);
+    EXPECT_FALSE(layout.Stays());
     EXPECT_EQ(layout.Cell(0, colSel).left, -70);
+    EXPECT_EQ(layout.Cell(0, colIndex).left, -20);
     EXPECT_EQ(layout.Cell(0, colName).left, 20);
     EXPECT_EQ(layout.Row(0).left, -70);
-    EXPECT_EQ(layout.Row(0).right, 1020);
-    const Rect sign = layout.Glyph(layout.Cell(2, colName), 1);
-    EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 1), GridPart::Glyph);
-    EXPECT_EQ(layout.PartAt({10, sign.top}, 1), GridPart::Index);
+    EXPECT_EQ(layout.PartAt({10, 50}, 1), GridPart::Index);
 }
 
 TEST(GridLayout, ScrollingSidewaysEndsAtTheLastColumnsEdge) {

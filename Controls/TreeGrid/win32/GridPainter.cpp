@@ -71,7 +71,7 @@ class Painter {
         : dc_(dc),
           grid_(picture.grid),
           schema_(grid_.Schema()),
-          shown_{{{shownBox, schema_.box}, {shownNumber, schema_.number}, {shownName, schema_.outline}}},
+          shown_{{{shownName, schema_.outline}, {shownBox, schema_.box}, {shownNumber, schema_.number}}},
           layout_(picture.layout),
           fonts_(picture.fonts),
           pictures_(picture.pictures),
@@ -230,7 +230,7 @@ class Painter {
     const HDC dc_;
     const TreeGrid& grid_;
     const GridSchema& schema_;
-    const std::array<Column, 3> shown_;
+    const std::array<Column, 3> shown_;  ///< the names first: the others cover what moves under them
     const GridLayout& layout_;
     const GridFonts& fonts_;
     const GridPictures& pictures_;

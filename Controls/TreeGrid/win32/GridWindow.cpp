@@ -371,7 +371,7 @@ void GridWindow::Copy(const std::string& text) {
 
 void GridWindow::OpenNumberBox(int32_t row, const std::string& text) {
     BringIntoView(row);
-    ScrollSidewaysTo(0);
+    if (!layout_.Stays()) ScrollSidewaysTo(0);
     const auto position = grid_.VisiblePosition(row);
     if (Handle() == nullptr || !position) return;
     editor_ = std::make_unique<NumberEditor>(Handle(), layout_.Cell(*position, shownNumber), fonts_.Plain(), text,

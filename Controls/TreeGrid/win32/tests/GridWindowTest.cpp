@@ -519,19 +519,41 @@ TEST_F(WideGrid, ClicksHitWhatWasScrolledUnderThem) {
     EXPECT_EQ(events_.log, (Log{"before-collapse 3 state=2"}));
 }
 
-TEST_F(WideGrid, TheNumberEditorComesIntoView) {
+TEST_F(WideGrid, BoxAndNumberStayInViewWithTheNumberEditor) {
     TickRow(grid_, 3, "1");
     grid_.SetCurrentRow(3);
+    const POINT box = BoxOfRow(3);
     Send(WM_HSCROLL, SB_RIGHT, 0);
+    EXPECT_EQ(BoxOfRow(3).x, box.x);
     Press(VK_F2);
     ASSERT_NE(window_->Editor(), nullptr);
-    EXPECT_EQ(Left(), 0);
+    EXPECT_EQ(Left(), Last());
     RECT place{};
     GetWindowRect(window_->Editor()->Handle(), &place);
     MapWindowPoints(nullptr, window_->Handle(), reinterpret_cast<POINT*>(&place), 2);
     EXPECT_GE(place.left, 0);
-    Send(WM_HSCROLL, SB_LINERIGHT, 0);
+    Send(WM_HSCROLL, SB_LINELEFT, 0);
     EXPECT_EQ(window_->Editor(), nullptr);
+    events_.log.clear();
+    Click(box);
+    EXPECT_EQ(events_.log.size(), 2u);
+}
+
+TEST_F(WideGrid, NamesMoveUnderBoxAndNumber) {
+    TickRow(grid_, 3, "1");
+    Update();
+    const RECT fixed{0, 0, window_->Layout().HeaderCell(colIndex).right, window_->Layout().Row(8).top};
+    const auto picture = [&] {
+        const Pixels all = OnScreen(window_->Handle());
+        std::vector<uint32_t> values;
+        for (int y = fixed.top; y < fixed.bottom; ++y)
+            for (int x = fixed.left; x < fixed.right; ++x) values.push_back(all.At(x, y));
+        return values;
+    };
+    const std::vector<uint32_t> before = picture();
+    Send(WM_HSCROLL, SB_PAGERIGHT, 0);
+    ASSERT_GT(Left(), 0);
+    EXPECT_EQ(picture(), before);
 }
 
 TEST_F(GridWindowTest, AMillionRowsScrollAndPaintByTheScreenful) {
