@@ -132,6 +132,12 @@ Rect GridLayout::NameText(const Rect& nameCell, int level, bool withIcon) const 
     return Seen({left, cell.top, std::max(left, cell.right - metrics_.margin), cell.bottom});
 }
 
+bool GridLayout::ShowsWhole(const Rect& nameCell, int level, bool withIcon, int textWidth) const {
+    const Rect text = Seen(NameText(nameCell, level, withIcon));
+    return text.left >= std::max(0, columns_[shownNumber].right) && textWidth <= text.Width() &&
+           text.left + textWidth <= client_.cx;
+}
+
 int GridLayout::NameWidth(int level, int textWidth) const {
     const int64_t text = std::max(metrics_.iconSize + 3 * metrics_.margin + textWidth,
                                   metrics_.indent + AtDpiOf(metrics_, minimumTextWidth));

@@ -73,6 +73,9 @@ class GridLayout {
     /// Where the name's text starts and ends; `withIcon` leaves room for the picture.
     Rect NameText(const Rect& nameCell, int level, bool withIcon) const;
 
+    /// Whether a name of that width is seen in full, not cut and not under another column. `nameCell` is its cell.
+    bool ShowsWhole(const Rect& nameCell, int level, bool withIcon, int textWidth) const;
+
     /// The width of a name column that shows a row's indentation and its text of `textWidth` in full. Beyond a limit,
     /// which no name reaches that anybody reads, rows crowd together and texts are cut.
     int NameWidth(int level, int textWidth) const;

@@ -207,6 +207,24 @@ TEST(GridLayout, NamesThatAreWiderMoveToTheLeftUnderBoxAndNumber) {
     EXPECT_EQ(layout.PartAt({sign.left, sign.top}, 2), GridPart::Glyph);
 }
 
+TEST(GridLayout, ANameIsSeenWholeUnlessItIsCutOrUnderAnotherColumn) {
+    for (const bool mirrored : {false, true}) {
+        GridLayout layout({}, client, 50, 40, 0);
+        layout.SetMirrored(mirrored);
+        const auto whole = [&](int textWidth) {
+            return layout.ShowsWhole(layout.Cell(0, colName), 1, true, textWidth);
+        };
+        const int room = layout.NameText(layout.Cell(0, colName), 1, true).Width();
+        EXPECT_TRUE(whole(room));
+        EXPECT_FALSE(whole(room + 1));
+        layout.ScrollSideways(1000, 0);
+        EXPECT_TRUE(whole(200));
+        EXPECT_FALSE(whole(500)) << "it goes on outside the window";
+        layout.ScrollSideways(1000, 100);
+        EXPECT_FALSE(whole(200)) << "it begins under the number";
+    }
+}
+
 TEST(GridLayout, InANarrowWindowAllColumnsMove) {
     GridLayout layout({}, {170, 300}, 50, 40, 0);
     layout.ScrollSideways(1000, 70);

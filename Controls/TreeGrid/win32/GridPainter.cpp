@@ -80,6 +80,7 @@ class Painter {
           mirrored_(layout_.Mirrored()),
           focused_(picture.focused),
           highContrast_(picture.highContrast),
+          hoveredRow_(picture.hoveredRow),
           enabled_(grid_.Enabled()),
           back_(ToColorRef(grid_.BackColor())),
           text_(ToColorRef(grid_.TextColor())),
@@ -133,7 +134,7 @@ class Painter {
             const RECT cell = layout_.Cell(position, place);
             if (cell.left == cell.right) continue;
             const CellLook& look = grid_.Look(row, col);
-            const COLORREF back = marked ? GetSysColor(COLOR_HIGHLIGHT) : BackOf(look, isCursor);
+            const COLORREF back = marked ? GetSysColor(COLOR_HIGHLIGHT) : BackOf(look, isCursor, row == hoveredRow_);
             Fill(dc_, cell, back);
             Fill(dc_, {cell.left, cell.bottom - metrics_.line, cell.right, cell.bottom}, line_);
             SetTextColor(dc_, marked ? GetSysColor(COLOR_HIGHLIGHTTEXT) : TextOf(look, back));
@@ -161,11 +162,13 @@ class Painter {
         return Readable(look.foreColor ? ToColorRef(*look.foreColor) : text_, back);
     }
 
-    // A row's own colour means something (ticked, not to be edited), so the cursor tints the plain ones only.
-    COLORREF BackOf(const CellLook& look, bool isCursor) const {
+    // A row's own colour means something (ticked, not to be edited), so cursor and pointer tint the plain ones only.
+    // The pointer's row is paler than the cursor's, and has no frame.
+    COLORREF BackOf(const CellLook& look, bool isCursor, bool isHovered) const {
         const bool plain = !look.backColor || *look.backColor == colors::window;
         if (!plain) return enabled_ ? ToColorRef(*look.backColor) : Faded(ToColorRef(*look.backColor));
-        return isCursor && focused_ ? Mix(GetSysColor(COLOR_HIGHLIGHT), back_, 14) : back_;
+        if (isCursor && focused_) return Mix(GetSysColor(COLOR_HIGHLIGHT), back_, 14);
+        return isHovered && enabled_ ? Mix(GetSysColor(COLOR_HIGHLIGHT), back_, 6) : back_;
     }
 
     // What is switched off is not to shine: as bright as the colour is dark, next to the ground.
@@ -239,6 +242,7 @@ class Painter {
     const bool mirrored_;
     const bool focused_;
     const bool highContrast_;
+    const int32_t hoveredRow_;
     const bool enabled_;
     const COLORREF back_;
     const COLORREF text_;
@@ -289,6 +293,14 @@ class Measurer {
         return widest;
     }
 
+    bool ShowsWholeName(const GridFonts& fonts, const GridLayout& layout, int32_t position) const {
+        const int32_t row = grid_.VisibleRow(position);
+        const CellLook& look = grid_.Look(row, schema_.outline);
+        SelectObject(dc_, look.bold ? fonts.Bold() : fonts.Plain());
+        return layout.ShowsWhole(layout.Cell(position, shownName), grid_.RowOutlineLevel(row),
+                                 look.picture != noPicture, TextWidth(dc_, grid_.CellText(row, schema_.outline)));
+    }
+
   private:
     bool IsShown(int col) const { return col != GridSchema::none && !grid_.ColHidden(col); }
     int Caption(int col) const { return grid_.RowCount() > 0 ? TextWidth(dc_, grid_.CellText(0, col)) : 0; }
@@ -318,6 +330,10 @@ GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SI
 
 int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout) {
     return Measurer(grid, fonts, layout.Metrics()).WidestName(fonts, layout);
+}
+
+bool ShowsWholeName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout, int32_t position) {
+    return Measurer(grid, fonts, layout.Metrics()).ShowsWholeName(fonts, layout, position);
 }
 
 COLORREF ToColorRef(OleColor color) {

@@ -21,6 +21,7 @@ struct GridPicture {
     bool focused = false;
     /// Ticked rows are drawn with the system's colours for what is selected, instead of their own.
     bool highContrast = false;
+    int32_t hoveredRow = 0;  ///< the row under the pointer, or 0
 };
 
 /// Draws header, rows and the empty rest into the layout's client area. Costs by the rows in view only. A text whose
@@ -33,6 +34,9 @@ GridLayout MeasureGrid(const TreeGrid& grid, const GridFonts& fonts, int dpi, SI
 
 /// The width that the names of the rows in view want (see GridLayout::NameWidth).
 int WidestName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout);
+
+/// Whether a row's name, in view at that position, is seen in full.
+bool ShowsWholeName(const TreeGrid& grid, const GridFonts& fonts, const GridLayout& layout, int32_t position);
 
 /// An OLE colour as GDI wants it.
 COLORREF ToColorRef(OleColor color);

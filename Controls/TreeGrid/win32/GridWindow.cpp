@@ -13,6 +13,7 @@
 #include "win32/KeyMeanings.h"
 #include "win32/OffscreenBitmap.h"
 #include "win32/PaintScope.h"
+#include "win32/ShownText.h"
 
 namespace foldertree {
 namespace {
@@ -84,6 +85,9 @@ void GridWindow::TakeDirection() {
 }
 
 void GridWindow::OnHandleGone() {
+    hoveredRow_ = {};
+    pointerInside_ = false;
+    nameTip_.Hide();
     editor_.reset();
 }
 
@@ -214,7 +218,7 @@ void GridWindow::OnPaint() {
 }
 
 GridPicture GridWindow::PictureOf(const GridLayout& layout, const GridFonts& fonts, bool focused) const {
-    return {grid_, layout, fonts, pictures_, hasBox_, focused, highContrast_()};
+    return {grid_, layout, fonts, pictures_, hasBox_, focused, highContrast_(), grid_.RowOf(hoveredRow_).value_or(0)};
 }
 
 void GridWindow::NoteShownRows() {
@@ -389,6 +393,45 @@ void GridWindow::CloseNumberBox() {
     editor_.reset();
 }
 
+// ---- The row under the pointer
+
+void GridWindow::OnPointerMoved(POINT point) {
+    if (!pointerInside_) {
+        TRACKMOUSEEVENT wanted{sizeof wanted, TME_LEAVE | TME_HOVER, Handle(), HOVER_DEFAULT};
+        pointerInside_ = TrackMouseEvent(&wanted) != FALSE;
+    }
+    const auto position = layout_.PositionAt(point.y);
+    const bool onRow = position && *position < grid_.VisibleCount();
+    Hover(onRow ? grid_.HandleOf(grid_.VisibleRow(*position)) : RowHandle());
+}
+
+void GridWindow::Hover(RowHandle row) {
+    if (row == hoveredRow_) return;
+    hoveredRow_ = row;
+    nameTip_.Hide();
+    pictureStale_ = true;
+    stale_();
+    TRACKMOUSEEVENT again{sizeof again, TME_HOVER, Handle(), HOVER_DEFAULT};
+    if (row != RowHandle()) TrackMouseEvent(&again);
+}
+
+// A name that is cut is shown in full, where it begins.
+void GridWindow::OnPointerRests() {
+    const auto row = grid_.RowOf(hoveredRow_);
+    const auto position = row ? grid_.VisiblePosition(*row) : std::nullopt;
+    if (!position || *position < layout_.TopPosition() || ShowsWholeName(grid_, fonts_, layout_, *position)) return;
+    const Rect cell = layout_.Cell(*position, shownName);
+    const Rect text = layout_.NameText(cell, grid_.RowOutlineLevel(*row), true);
+    POINT point{std::clamp(text.left, 0, layout_.Client().cx), text.bottom};
+    ClientToScreen(Handle(), &point);
+    nameTip_.Show(Handle(), ShownText(grid_.CellText(*row, grid_.Schema().outline)), point, Scale(600, dpi_));
+}
+
+void GridWindow::OnPointerLeft() {
+    pointerInside_ = false;
+    Hover({});
+}
+
 // ---- Which gesture it was
 
 // Whatever a gesture calls may take the window away, so it is asked for before the gesture goes on.
@@ -504,6 +547,7 @@ bool GridWindow::WantsKey(const MSG& message) const {
 }
 
 LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (IsInput(message)) nameTip_.Hide();
     if (IsDropped(message)) return 0;
     switch (message) {
         case WM_NCCREATE:
@@ -538,6 +582,15 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
             OnMouse(message, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            return 0;
+        case WM_MOUSEMOVE:
+            OnPointerMoved({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            return 0;
+        case WM_MOUSEHOVER:
+            OnPointerRests();
+            return 0;
+        case WM_MOUSELEAVE:
+            OnPointerLeft();
             return 0;
         case WM_KEYDOWN:
             OnKey(wParam, (lParam & (1 << 30)) != 0);

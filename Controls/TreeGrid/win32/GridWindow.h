@@ -14,6 +14,7 @@
 #include "win32/GridPictures.h"
 #include "win32/HighContrast.h"
 #include "win32/NumberEditor.h"
+#include "win32/Tip.h"
 #include "win32/Window.h"
 
 namespace foldertree {
@@ -82,6 +83,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     /// Refresh.
     HFONT Font() const { return fonts_.Plain(); }
     int Dpi() const { return dpi_; }
+    bool ShowsTip() const { return nameTip_.Shown(); }
     const NumberEditor* Editor() const { return editor_.get(); }
 
   protected:
@@ -126,6 +128,12 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     NumberBox* OpenedNumberBox() override { return editor_.get(); }
     void CloseNumberBox() override;
 
+    // The row under the pointer
+    void OnPointerMoved(POINT point);
+    void OnPointerRests();
+    void OnPointerLeft();
+    void Hover(RowHandle row);
+
     // Which gesture it was
     bool IsDropped(UINT message);
     void OnMouse(UINT message, POINT point);
@@ -161,6 +169,10 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     bool mirrored_ = false;
     int left_ = 0;        ///< pixels out of view where the columns begin
     int widestName_ = 0;  ///< of all rows that were in view since the tree was empty, so that scrolling moves nothing
+
+    RowHandle hoveredRow_;
+    bool pointerInside_ = false;
+    Tip nameTip_{Tip::Kind::Plain};
 
     std::unique_ptr<NumberEditor> editor_;
     GridAccessibility accessibility_;

@@ -826,6 +826,72 @@ TEST_F(GridWindowEnds, WithTheParentWindowWhileTheEditorIsOpen) {
     window_->Refresh();
 }
 
+// ---- The pointer
+
+class PointedGrid : public GridWindowTest {
+  protected:
+    void PointAt(POINT point) { Send(WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y)); }
+    void Rest() { Send(WM_MOUSEHOVER, 0, 0); }
+    uint32_t GroundOf(int32_t row) {
+        const Rect cell = window_->Layout().Cell(PositionOf(row), colName);
+        return OnScreen(window_->Handle()).At(cell.right - 5, (cell.top + cell.bottom) / 2);
+    }
+    void LongName() {
+        grid_.SetCellText(3, colName, std::string(600, 'x') + " 64 kB of it would do as well");
+        grid_.DeliverChanges();
+        Update();
+    }
+};
+
+TEST_F(PointedGrid, TheRowUnderThePointerIsToldFromTheCursorsRow) {
+    SetFocus(window_->Handle());
+    const uint32_t plain = GroundOf(3);
+    grid_.SetCurrentRow(3);
+    grid_.DeliverChanges();
+    Update();
+    const uint32_t cursor = GroundOf(3);
+    PointAt(NameOfRow(5));
+    EXPECT_NE(GroundOf(5), plain);
+    EXPECT_NE(GroundOf(5), cursor);
+    PointAt(NameOfRow(3));
+    EXPECT_EQ(GroundOf(3), cursor);
+    EXPECT_EQ(GroundOf(5), plain);
+    PointAt(NameOfRow(5));
+    Send(WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(GroundOf(5), plain);
+    EXPECT_EQ(events_.log, Log{}) << "the pointer alone does nothing";
+    EXPECT_EQ(grid_.CurrentRow(), 3);
+}
+
+TEST_F(PointedGrid, ANameThatIsCutHasATipUntilTheUserDoesSomething) {
+    LongName();
+    PointAt(NameOfRow(5));
+    Rest();
+    EXPECT_FALSE(window_->ShowsTip()) << "a short name needs none";
+    for (const UINT message : {WM_KEYDOWN, WM_MOUSEWHEEL, WM_LBUTTONDOWN, WM_MOUSELEAVE}) {
+        PointAt({200, NameOfRow(3).y});
+        Rest();
+        EXPECT_TRUE(window_->ShowsTip());
+        Send(message, 0, 0);
+        EXPECT_FALSE(window_->ShowsTip()) << std::hex << message;
+    }
+    PointAt({200, NameOfRow(3).y});
+    Rest();
+    PointAt({200, NameOfRow(5).y});
+    EXPECT_FALSE(window_->ShowsTip());
+}
+
+TEST_F(PointedGrid, ARowThatGoesUnderThePointerLeavesNothing) {
+    LongName();
+    PointAt({200, NameOfRow(3).y});
+    grid_.SetRowCount(1);
+    grid_.DeliverChanges();
+    Rest();
+    EXPECT_FALSE(window_->ShowsTip());
+    PointAt({200, 100});
+    window_->DestroyHandle();
+}
+
 // ---- Screens of all kinds
 
 class GridOnAScreen : public GridWindowTest {
