@@ -53,6 +53,8 @@ class GridView {
     /// The box that is open, or null. The view closes it by itself when it goes away.
     virtual NumberBox* OpenedNumberBox() = 0;
     virtual void CloseNumberBox() = 0;
+    /// The text in the open box was refused; it stays there to be put right.
+    virtual void TellRefusal() {}
 };
 
 /// Of a grid that nobody shows: gestures act on its rows all the same.

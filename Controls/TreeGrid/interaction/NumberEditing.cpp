@@ -68,7 +68,10 @@ void NumberEditing::Accept() {
     if (ending_ || box == nullptr) return;
     if (Offer(*box)) return Close();
     // It may be another one, or none, by now.
-    if (NumberBox* open = view_.OpenedNumberBox()) open->SelectAll();
+    NumberBox* open = view_.OpenedNumberBox();
+    if (open == nullptr) return;
+    open->SelectAll();
+    view_.TellRefusal();
 }
 
 void NumberEditing::GiveUp() {

@@ -173,8 +173,10 @@ class Painter {
 
     // What is switched off is not to shine: as bright as the colour is dark, next to the ground.
     COLORREF Faded(COLORREF color) const {
-        const int bright = (GetRValue(color) * 30 + GetGValue(color) * 59 + GetBValue(color) * 11) / 100;
-        return Mix(RGB(bright, bright, bright), Mix(shadow_, back_, 50), 50);
+        constexpr COLORREF everyChannel = 0x010101;
+        const auto bright =
+            static_cast<COLORREF>((GetRValue(color) * 30 + GetGValue(color) * 59 + GetBValue(color) * 11) / 100);
+        return Mix(bright * everyChannel, Mix(shadow_, back_, 50), 50);
     }
 
     void PaintBox(const RECT& cell, int32_t row) {

@@ -56,6 +56,7 @@ GridWindow::GridWindow(GridWindowParts parts, WindowKeeper& keeper, std::functio
       stale_(std::move(stale)),
       highContrast_(std::move(parts.highContrast)),
       askDpi_(std::move(parts.dpi)),
+      numberRule_(std::move(parts.numberRule)),
       accessibility_({*this, keeper, grid_, hasBox_, interaction_, *this, parts.accessibleHost}) {
     grid_.AddObserver(this);
 }
@@ -88,6 +89,7 @@ void GridWindow::OnHandleGone() {
     hoveredRow_ = {};
     pointerInside_ = false;
     nameTip_.Hide();
+    refusalTip_.Hide();
     editor_.reset();
 }
 
@@ -386,7 +388,17 @@ void GridWindow::OpenNumberBox(int32_t row, const std::string& text) {
         editor_.reset();
 }
 
+void GridWindow::TellRefusal() {
+    MessageBeep(MB_ICONWARNING);
+    if (numberRule_.empty()) return;
+    RECT place{};
+    GetWindowRect(editor_->Handle(), &place);
+    refusalTip_.Show(Handle(), ShownText(numberRule_), {(place.left + place.right) / 2, place.bottom},
+                     Scale(400, dpi_));
+}
+
 void GridWindow::CloseNumberBox() {
+    refusalTip_.Hide();
     if (!editor_) return;
     // The focus stays in the control: the host is not told that it left and came back.
     if (GetFocus() == editor_->Handle()) SetFocus(Handle());
@@ -520,6 +532,7 @@ void GridWindow::OnFocusMoved() {
 
 void GridWindow::OnEditor(NumberEditor::Event event) {
     NumberEditing& number = interaction_.Number();
+    refusalTip_.Hide();
     switch (event) {
         case NumberEditor::Event::Enter:
             number.Accept();
@@ -532,6 +545,8 @@ void GridWindow::OnEditor(NumberEditor::Event event) {
             return OnFocusMoved();
         case NumberEditor::Event::FocusCame:
             return OnFocusMoved();
+        case NumberEditor::Event::Typed:
+            return;
     }
 }
 

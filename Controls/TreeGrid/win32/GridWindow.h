@@ -30,6 +30,8 @@ struct GridWindowParts {
     const AccessibleHost& accessibleHost = NoAccessibleHost();
     std::function<bool()> highContrast = IsHighContrast;
     std::function<int(HWND)> dpi = DpiOf;
+    std::string numberRule =
+        {};  ///< UTF-8: what a number must be, told with one that is refused; empty: nothing is told
 };
 
 /// Holds no folder logic and no row: what is seen comes from the grid when it is painted, and every gesture goes
@@ -84,6 +86,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     HFONT Font() const { return fonts_.Plain(); }
     int Dpi() const { return dpi_; }
     bool ShowsTip() const { return nameTip_.Shown(); }
+    bool TellsRefusal() const { return refusalTip_.Shown(); }
     const NumberEditor* Editor() const { return editor_.get(); }
 
   protected:
@@ -127,6 +130,7 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     void OpenNumberBox(int32_t row, const std::string& text) override;
     NumberBox* OpenedNumberBox() override { return editor_.get(); }
     void CloseNumberBox() override;
+    void TellRefusal() override;
 
     // The row under the pointer
     void OnPointerMoved(POINT point);
@@ -174,6 +178,8 @@ class GridWindow : public Window, private TreeGridObserver, private GridView {
     bool pointerInside_ = false;
     Tip nameTip_{Tip::Kind::Plain};
 
+    const std::string numberRule_;
+    Tip refusalTip_{Tip::Kind::Balloon};
     std::unique_ptr<NumberEditor> editor_;
     GridAccessibility accessibility_;
 

@@ -83,6 +83,7 @@ LRESULT CALLBACK NumberEditor::Procedure(HWND edit, UINT message, WPARAM wParam,
         case WM_CHAR:
             // The edit control beeps at them.
             if (wParam == L'\r' || wParam == L'\t' || wParam == VK_ESCAPE) return 0;
+            report(Event::Typed);
             break;
         case WM_SETFOCUS:
         case WM_KILLFOCUS: {

@@ -14,7 +14,7 @@ namespace foldertree {
 class NumberEditor : public NumberBox {
   public:
     static constexpr UINT eventMessage = WM_USER + 1;
-    enum class Event { Enter, Escape, FocusCame, FocusLeft };
+    enum class Event { Enter, Escape, FocusCame, FocusLeft, Typed };
 
     /// Opens over `place` of `parent`, with its text selected; the focus is the parent's to give.
     /// `label` is what assistive programs call it.

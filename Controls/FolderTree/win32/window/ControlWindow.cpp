@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "common/ShownTexts.h"
 #include "ctlFolderTree.h"
 #include "enumeration/FolderRows.h"
 #include "win32/window/MessagePump.h"
@@ -63,7 +64,7 @@ ControlWindow::ControlWindow(ControlParts parts, WindowKeeper& keeper)
     : Window(L"ctlFolderTree", keeper),
       parts_(std::move(parts)),
       grid_({parts_.grid, parts_.events, icons_, parts_.hasBox, L"ctlFolderTree.Grid", parts_.isRead, *this,
-             parts_.highContrast, parts_.dpi},
+             parts_.highContrast, parts_.dpi, std::string(shownTexts::numberRule)},
             keeper, [this] { NoteStale(); }),
       panel_(
           keeper, parts_.cancel, [this] { OnFocusMoved(); }, parts_.now) {

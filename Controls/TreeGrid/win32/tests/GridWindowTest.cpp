@@ -868,7 +868,8 @@ TEST_F(PointedGrid, ANameThatIsCutHasATipUntilTheUserDoesSomething) {
     PointAt(NameOfRow(5));
     Rest();
     EXPECT_FALSE(window_->ShowsTip()) << "a short name needs none";
-    for (const UINT message : {WM_KEYDOWN, WM_MOUSEWHEEL, WM_LBUTTONDOWN, WM_MOUSELEAVE}) {
+    constexpr UINT ends[] = {WM_KEYDOWN, WM_MOUSEWHEEL, WM_LBUTTONDOWN, WM_MOUSELEAVE};
+    for (const UINT message : ends) {
         PointAt({200, NameOfRow(3).y});
         Rest();
         EXPECT_TRUE(window_->ShowsTip());
@@ -890,6 +891,52 @@ TEST_F(PointedGrid, ARowThatGoesUnderThePointerLeavesNothing) {
     EXPECT_FALSE(window_->ShowsTip());
     PointAt({200, 100});
     window_->DestroyHandle();
+}
+
+// ---- A number that is refused
+
+class RefusedNumber : public GridWindowTest {
+  protected:
+    RefusedNumber() {
+        GridWindowParts parts{grid_, events_, pictures_, HasBox, L"TestGrid"};
+        parts.numberRule = "Type a number greater than 0.";
+        window_ = std::make_unique<GridWindow>(std::move(parts), keeper_, [this] { ++stale_; });
+        window_->Create(host_.Handle(), {0, 0, 400, 300});
+        TickRow(grid_, 3, "1");
+        grid_.SetCurrentRow(3);
+        Update();
+        Press(VK_F2);
+        if (window_->Editor() == nullptr) return;
+        TypeInEditor(L"no");
+        events_.refuse = true;
+        InEditor(WM_KEYDOWN, VK_RETURN);
+    }
+};
+
+TEST_F(RefusedNumber, StaysAndItsRuleIsTold) {
+    ASSERT_NE(window_->Editor(), nullptr);
+    EXPECT_EQ(window_->Editor()->Text(), "no");
+    EXPECT_TRUE(window_->TellsRefusal());
+    EXPECT_EQ(grid_.CellText(3, colIndex), "1");
+    EXPECT_EQ(GetFocus(), window_->Editor()->Handle());
+}
+
+TEST_F(RefusedNumber, IsToldUntilTheUserTypesOrGivesUp) {
+    ASSERT_NE(window_->Editor(), nullptr);
+    TypeInEditor(L"2");
+    EXPECT_FALSE(window_->TellsRefusal());
+    InEditor(WM_KEYDOWN, VK_RETURN);
+    EXPECT_TRUE(window_->TellsRefusal());
+    InEditor(WM_KEYDOWN, VK_ESCAPE);
+    EXPECT_FALSE(window_->TellsRefusal());
+    EXPECT_EQ(window_->Editor(), nullptr);
+}
+
+TEST_F(RefusedNumber, ItsTipGoesWithTheWindow) {
+    ASSERT_TRUE(window_->TellsRefusal());
+    host_.Close();
+    EXPECT_FALSE(window_->TellsRefusal());
+    EXPECT_EQ(window_->Editor(), nullptr);
 }
 
 // ---- Screens of all kinds
