@@ -240,7 +240,9 @@ GridWindow::Picture::Picture(GridWindow& window, SIZE area, int dpi) : window_(w
 }
 
 void GridWindow::Picture::Paint(HDC dc) const {
-    PaintGrid(dc, window_.PictureOf(layout_, fonts_, false));
+    GridPicture picture = window_.PictureOf(layout_, fonts_, false);
+    picture.hoveredRow = 0;  // a page has no pointer on it
+    PaintGrid(dc, picture);
 }
 
 // ---- Scrolling
