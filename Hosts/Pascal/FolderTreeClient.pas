@@ -1,5 +1,5 @@
 { FolderTreeClient: a host made with FreePascal. It drives the registered control late bound and through the imported type
-  library, hears its event and walks through the selection.
+  library, hears its event, walks through the selection, saves and restores, and closes its form while folders are read.
 
   FolderTreeClient [before|after RUNTIME]: loads that DLL, a C++ runtime, before or after the control.
   It ends with 0 when everything was as it should be, and says what was not. }
@@ -18,7 +18,19 @@ type
       VarResult, ExcepInfo, ArgErr: Pointer);
   end;
 
-  TAttachControl = function(Control: IUnknown; Window: HWND; Container: PPointer): HResult; stdcall;
+  TCreateControl = function(Name: PWideChar; Window: HWND; Settings: IStream; out Container, Control: IUnknown;
+    const SinkID: TGUID; Sink: IUnknown): HResult; stdcall;
+
+  { The control in a window of another maker's container, created there by its ProgID. }
+  TForm = class
+    Window: HWND;
+    Tree: _ctlFolderTree;
+    { With settings, those are loaded. }
+    constructor Create(Settings: IStream);
+    destructor Destroy; override;
+    function Grid: HWND;
+    procedure TickFirstFolder;
+  end;
 
 const
   MailFolders = 0;
@@ -48,10 +60,10 @@ begin
   Expect(What, Ord(Fact), 1);
 end;
 
-function SampleSession: OleVariant;
+function SampleSession(const Mailbox: string): OleVariant;
 begin
   Result := CreateOleObject('LocalStores.Session');
-  Result.Open('sample');
+  Result.Open(Mailbox);
 end;
 
 procedure LoadRuntime;
@@ -86,7 +98,7 @@ begin
   Tree := CreateOleObject('FolderTree.ctlFolderTree');
   Expect('Late: ListCount of a new control', Tree.ListCount, 0);
   Tree.InfoStoreAccessMode := 0;
-  Tree.RDOSessionRef := SampleSession;
+  Tree.RDOSessionRef := SampleSession('sample');
   Tree.ExtendToLevel := 0;
   Tree.RefreshList;
   ExpectTrue('Late: the sample mailbox is read', Tree.ListCount > 60);
@@ -132,7 +144,7 @@ var
 begin
   Tree := CoctlFolderTree.Create;
   Tree.InfoStoreAccessMode := 0;
-  Tree.RDOSessionRef := SampleSession;
+  Tree.RDOSessionRef := SampleSession('sample');
   Tree.ExtendToLevel := 0;
   Tree.RefreshList;
   ExpectTrue('Early: the sample mailbox is read', Tree.ListCount > 60);
@@ -180,55 +192,142 @@ begin
   HandleMessages;
 end;
 
-{ The control in a window of another maker's container, where the user ticks a row. }
+constructor TForm.Create(Settings: IStream);
+var
+  CreateControl: TCreateControl;
+  Container, Control: IUnknown;
+begin
+  Pointer(CreateControl) := GetProcAddress(LoadLibrary('atl100.dll'), 'AtlAxCreateControlEx');
+  ExpectTrue('There is a container', Assigned(CreateControl));
+  Window := CreateWindowEx(0, 'STATIC', 'Form', WS_POPUP or WS_CLIPCHILDREN, 20, 20, 400, 300, 0, 0, 0, nil);
+  ShowWindow(Window, SW_SHOWNA);
+  OleCheck(CreateControl('FolderTree.ctlFolderTree', Window, Settings, Container, Control, GUID_NULL, nil));
+  Tree := Control as _ctlFolderTree;
+  HandleMessages;
+end;
+
+destructor TForm.Destroy;
+begin
+  Tree := nil;
+  if IsWindow(Window) then
+    DestroyWindow(Window);
+  HandleMessages;
+  inherited Destroy;
+end;
+
+function TForm.Grid: HWND;
+begin
+  Result := 0;
+  EnumChildWindows(Window, @FindGrid, LPARAM(@Result));
+end;
+
+procedure TForm.TickFirstFolder;
+begin
+  Press(Grid, VK_HOME);
+  Press(Grid, VK_DOWN);
+  Press(Grid, VK_SPACE);
+end;
+
 procedure HearTheUser;
 var
-  Attach: TAttachControl;
-  Form, Grid: HWND;
-  Container: Pointer;
-  Tree: _ctlFolderTree;
+  Form: TForm;
   Selection: OleVariant;
   Sink: TEventSink;
   Listener: TListener;
 begin
-  Pointer(Attach) := GetProcAddress(LoadLibrary('atl100.dll'), 'AtlAxAttachControl');
-  ExpectTrue('There is a container', Assigned(Attach));
-  Form := CreateWindowEx(0, 'STATIC', 'Form', WS_POPUP or WS_CLIPCHILDREN, 20, 20, 400, 300, 0, 0, 0, nil);
-  ShowWindow(Form, SW_SHOWNA);
-  Tree := CoctlFolderTree.Create;
-  Container := nil;
-  OleCheck(Attach(Tree, Form, @Container));
+  Form := TForm.Create(nil);
   Listener := TListener.Create;
   Sink := TEventSink.Create(nil);
   Sink.OnInvoke := @Listener.OnEvent;
-  Sink.Connect(Tree, __ctlFolderTree);
+  Sink.Connect(Form.Tree, __ctlFolderTree);
   try
-    Tree.RDOSessionRef := SampleSession;
-    Tree.ExtendToLevel := 1;
-    Tree.RefreshList;
+    Form.Tree.RDOSessionRef := SampleSession('sample');
+    Form.Tree.ExtendToLevel := 1;
+    Form.Tree.RefreshList;
     HandleMessages;
     Expect('Event: nobody has touched the tree', Listener.Heard, 0);
 
-    Grid := 0;
-    EnumChildWindows(Form, @FindGrid, LPARAM(@Grid));
-    ExpectTrue('Event: the control shows its grid', Grid <> 0);
-    Press(Grid, VK_HOME);
-    Press(Grid, VK_DOWN);
-    Press(Grid, VK_SPACE);
+    ExpectTrue('Event: the control shows its grid', Form.Grid <> 0);
+    Form.TickFirstFolder;
     Expect('Event: Changed after a tick', Listener.Heard, 1);
-    Selection := Tree.Selection;
+    Selection := Form.Tree.Selection;
     Expect('Event: items after a tick', Selection.Count, 1);
-    Press(Grid, VK_SPACE);
+    Press(Form.Grid, VK_SPACE);
     Expect('Event: Changed after the tick was taken back', Listener.Heard, 2);
     Sink.Disconnect;
-    Press(Grid, VK_SPACE);
+    Press(Form.Grid, VK_SPACE);
     Expect('Event: nothing is heard any more', Listener.Heard, 2);
   finally
     Sink.Free;
-    Tree := nil;
-    DestroyWindow(Form);
+    Form.Free;
     Listener.Free;
-    HandleMessages;
+  end;
+end;
+
+{ The settings go through a stream, the folder that was ticked through its identifiers. }
+procedure SaveAndRestore;
+var
+  Form: TForm;
+  Settings: IStream;
+  Start: LargeUInt;
+  Session: OleVariant;
+  Item: _clsFolderTreeItem;
+  Store, Folder, Name: WideString;
+begin
+  Session := SampleSession('sample');
+  OleCheck(CreateStreamOnHGlobal(0, True, Settings));
+  Form := TForm.Create(nil);
+  try
+    Form.Tree.MultiSelect := False;
+    Form.Tree.ExtendToLevel := 2;
+    Form.Tree.RDOSessionRef := Session;
+    Form.Tree.RefreshList;
+    Form.TickFirstFolder;
+    Item := Form.Tree.SelectedItem;
+    Store := Item.StoreID;
+    Folder := Item.EntryID;
+    Name := Item.Name;
+    Item := nil;
+    OleCheck((Form.Tree as IPersistStreamInit).Save(Settings, True));
+  finally
+    Form.Free;
+  end;
+
+  OleCheck(Settings.Seek(0, STREAM_SEEK_SET, Start));
+  Form := TForm.Create(Settings);
+  try
+    ExpectTrue('Restore: MultiSelect', not Form.Tree.MultiSelect);
+    Expect('Restore: ExtendToLevel', Form.Tree.ExtendToLevel, 2);
+    Form.Tree.RDOSessionRef := Session;
+    Form.Tree.RefreshList;
+    Form.Tree.SelectedItem := Form.Tree.CreateSelItem(7, Store, Folder, '', '');
+    Item := Form.Tree.SelectedItem;
+    ExpectTrue('Restore: the folder has its name', (Name <> '') and (Item.Name = Name));
+    Item := nil;
+  finally
+    Form.Free;
+  end;
+end;
+
+procedure CloseForm(Window: HWND; Message: UINT; Timer: UINT_PTR; Time: DWORD); stdcall;
+begin
+  DestroyWindow(Window);
+end;
+
+procedure CloseDuringARefresh;
+var
+  Form: TForm;
+begin
+  Form := TForm.Create(nil);
+  try
+    Form.Tree.ExtendToLevel := 0;
+    Form.Tree.RDOSessionRef := SampleSession('sample?delay=20&rows=3');
+    SetTimer(Form.Window, 1, 100, @CloseForm);
+    Form.Tree.RefreshList;
+    ExpectTrue('Close: the window has gone during the refresh', not IsWindow(Form.Window));
+    ExpectTrue('Close: that ended the refresh', Form.Tree.ListCount < 60);
+  finally
+    Form.Free;
   end;
 end;
 
@@ -242,6 +341,8 @@ begin
       LoadRuntime;
     DriveEarlyBound;
     HearTheUser;
+    SaveAndRestore;
+    CloseDuringARefresh;
   except
     on Failure: Exception do
     begin

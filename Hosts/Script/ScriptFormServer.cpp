@@ -1,0 +1,160 @@
+// ScriptFormServer: the class ScriptForm.Form, by which a script without windows of its own, run by cscript, puts a
+// control on a form, plays its user and hears its event.
+#include <windows.h>
+
+#include <ole2.h>
+
+#include <map>
+#include <string>
+
+#include "ChangedSink.h"
+#include "ControlSite.h"
+#include "LateBound.h"
+#include "automation/Error.h"
+#include "automation/TabledObject.h"
+#include "automation_win32/Bstr.h"
+#include "automation_win32/ComServer.h"
+#include "automation_win32/Crossing.h"
+
+namespace {
+
+using automation::Arguments;
+using automation::ObjectRef;
+using automation::Value;
+
+constexpr const wchar_t* formClass = L"ScriptForm.Form";
+constexpr UINT_PTR closeTimer = 1;
+
+void HandleMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+BOOL CALLBACK FindGrid(HWND window, LPARAM found) {
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    if (lstrcmpiW(name, L"ctlFolderTree.Grid") != 0) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+/// Members: `Show(progId)`, a new control on the form, with the settings of the one before; `Press(key)`;
+/// `CloseIn(ms)`; `Close()`; `IsOpen`; `Listener`, an object whose method `Changed` is called when the user changed the
+/// selection.
+class Form : public automation::TabledObject<Form> {
+  public:
+    static std::span<const automation::MemberEntry<Form>> Members();
+
+    ~Form() override { Close(); }
+
+    ObjectRef Show(const std::wstring& progId) {
+        Close();
+        window_ = CreateWindowExW(WS_EX_CONTROLPARENT, WindowClass(), L"Form", WS_POPUP | WS_CLIPCHILDREN, 20, 20, 400,
+                                  300, nullptr, nullptr, nullptr, nullptr);
+        SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        ShowWindow(window_, SW_SHOWNA);
+        site_ = demo::Adopt(new demo::ControlSite(window_));
+        site_->Create(progId.c_str(), settings_, {0, 0, 400, 300});
+        sink_ = demo::ChangedSink::Connect(site_->Control(), [this] {
+            if (const ObjectRef listener = listener_) listener->Get("Changed");
+        });
+        HandleMessages();
+        return automation::FromCom(site_->Control());
+    }
+
+    void Press(WPARAM key) const {
+        HWND grid = nullptr;
+        EnumChildWindows(window_, FindGrid, reinterpret_cast<LPARAM>(&grid));
+        if (grid == nullptr) throw automation::Error(automation::errors::unspecified, "The form shows no tree.");
+        SendMessageW(grid, WM_KEYDOWN, key, 1);
+        SendMessageW(grid, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+        HandleMessages();
+    }
+
+    void CloseIn(UINT milliseconds) const { SetTimer(window_, closeTimer, milliseconds, nullptr); }
+
+    void Close() {
+        if (sink_) std::exchange(sink_, nullptr)->Disconnect();
+        if (site_) {
+            const auto site = std::exchange(site_, nullptr);
+            site->Save(settings_);
+            site->Close();
+        }
+        if (window_ != nullptr) DestroyWindow(std::exchange(window_, nullptr));
+    }
+
+    bool IsOpen() const { return window_ != nullptr; }
+    void SetListener(ObjectRef listener) { listener_ = std::move(listener); }
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (form == nullptr || message != WM_TIMER || wParam != closeTimer)
+            return DefWindowProcW(window, message, wParam, lParam);
+        form->Close();
+        return 0;
+    }
+
+    static const wchar_t* WindowClass() {
+        WNDCLASSW description = {};
+        description.lpfnWndProc = Procedure;
+        description.lpszClassName = formClass;
+        RegisterClassW(&description);  // fails, and does no harm, when it is there already
+        return formClass;
+    }
+
+    HWND window_ = nullptr;
+    demo::ComPtr<demo::ControlSite> site_;
+    demo::ComPtr<demo::ChangedSink> sink_;
+    std::map<std::string, std::string> settings_;
+    ObjectRef listener_;
+};
+
+std::span<const automation::MemberEntry<Form>> Form::Members() {
+    static constexpr automation::MemberEntry<Form> members[] = {
+        {.name = "Show",
+         .get =
+             [](Form& form, const Arguments& arguments) {
+                 try {
+                     return Value(form.Show(automation::ToWide(arguments[0].ToText())));
+                 } catch (const demo::AutomationFailure& failure) {
+                     throw automation::Error(static_cast<uint32_t>(failure.error),
+                                             automation::FromWide(failure.Message()));
+                 }
+             },
+         .maxArguments = 1},
+        {.name = "Press",
+         .get =
+             [](Form& form, const Arguments& arguments) {
+                 form.Press(static_cast<WPARAM>(arguments[0].ToLong()));
+                 return Value();
+             },
+         .maxArguments = 1},
+        {.name = "CloseIn",
+         .get =
+             [](Form& form, const Arguments& arguments) {
+                 form.CloseIn(static_cast<UINT>(arguments[0].ToLong()));
+                 return Value();
+             },
+         .maxArguments = 1},
+        {.name = "Close",
+         .get =
+             [](Form& form, const Arguments&) {
+                 form.Close();
+                 return Value();
+             }},
+        {.name = "IsOpen", .get = [](Form& form, const Arguments&) { return Value(form.IsOpen()); }},
+        {.name = "Listener", .put = [](Form& form, const Value& listener) { form.SetListener(listener.ToObject()); }},
+    };
+    return members;
+}
+
+}  // namespace
+
+automation::ComServer automation::DescribeServer(HMODULE module) {
+    constexpr CLSID clsid = {0x5d0f6c1e, 0x3a47, 0x4c0b, {0x9e, 0x52, 0x7b, 0x11, 0xc8, 0x4d, 0x60, 0xa9}};
+    return {module, false, {{clsid, formClass, L"A form for scripts", [] { return ToCom(std::make_shared<Form>()); }}}};
+}
