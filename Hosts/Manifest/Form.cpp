@@ -89,9 +89,18 @@ HWND FindBelow(HWND window, const wchar_t* className) {
 }
 
 void Press(HWND window, WPARAM key) {
-    SendMessageW(window, WM_KEYDOWN, key, 1);
-    SendMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+    PostMessageW(window, WM_KEYDOWN, key, 1);
+    PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
     HandleMessages();
+}
+
+bool WaitUntil(const std::function<bool()>& fact) {
+    for (int tries = 0; tries < 1000; ++tries) {
+        if (fact()) return true;
+        HandleMessages();
+        Sleep(10);
+    }
+    return false;
 }
 
 }  // namespace manifesthost

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <future>
 #include <thread>
 
@@ -49,7 +50,11 @@ void HandleMessages();
 /// The window of that class below `window`; null when there is none.
 HWND FindBelow(HWND window, const wchar_t* className);
 
-/// A key goes down and up in that window, and what that has brought into the queue of this thread is handled.
+/// A key goes down and up in that window. It is posted, so it has a time like a user's key: the control drops what waited
+/// for a read. In a window of another thread it may come to something later.
 void Press(HWND window, WPARAM key);
+
+/// Handles messages until it is so; false when that takes longer than ten seconds.
+bool WaitUntil(const std::function<bool()>& fact);
 
 }  // namespace manifesthost

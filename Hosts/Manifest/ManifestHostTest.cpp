@@ -218,13 +218,17 @@ TEST_P(ManifestHost, ShowsTheControlAndHearsOfAUserWhoTicks) {
     ASSERT_EQ(control->RefreshList(), S_OK);
     EXPECT_EQ(sink->changed, 0);
     for (const WPARAM key : std::initializer_list<WPARAM>{VK_HOME, VK_DOWN, VK_SPACE}) Press(placed.Grid(), key);
-    EXPECT_EQ(sink->changed, 1);
+    EXPECT_TRUE(WaitUntil([&] { return sink->changed == 1; }));
     EXPECT_EQ(sink->strayed, 0);
-    ComPtr<IDispatch> selection;
-    ASSERT_EQ(control->get_Selection(selection.GetAddressOf()), S_OK);
-    EXPECT_EQ(demo::Get(selection.Get(), L"Count").AsLong(), 1);
+    const auto selected = [&] {
+        ComPtr<IDispatch> selection;
+        EXPECT_EQ(control->get_Selection(selection.GetAddressOf()), S_OK);
+        return demo::Get(selection.Get(), L"Count").AsLong();
+    };
+    EXPECT_EQ(selected(), 1);
     EXPECT_EQ(events->Unadvise(cookie), S_OK);
     Press(placed.Grid(), VK_SPACE);
+    EXPECT_TRUE(WaitUntil([&] { return selected() == 0; }));
     EXPECT_EQ(sink->changed, 1);
 }
 
@@ -245,8 +249,10 @@ TEST_P(ManifestHost, SavesAndRestoresSettingsAndChoice) {
         const PlacedControl placed(control, IsMultithreaded());
         for (const WPARAM key : std::initializer_list<WPARAM>{VK_HOME, VK_DOWN, VK_SPACE}) Press(placed.Grid(), key);
         ComPtr<_clsFolderTreeItem> item;
-        ASSERT_EQ(control->get_SelectedItem(item.GetAddressOf()), S_OK);
-        ASSERT_NE(item, nullptr);
+        ASSERT_TRUE(WaitUntil([&] {
+            EXPECT_EQ(control->get_SelectedItem(item.ReleaseAndGetAddressOf()), S_OK);
+            return item != nullptr;
+        }));
         EXPECT_EQ(item->get_StoreID(&store), S_OK);
         EXPECT_EQ(item->get_EntryID(&folder), S_OK);
         EXPECT_EQ(item->get_Name(&name), S_OK);

@@ -187,8 +187,9 @@ end;
 
 procedure Press(Window: HWND; Key: WPARAM);
 begin
-  SendMessage(Window, WM_KEYDOWN, Key, 1);
-  SendMessage(Window, WM_KEYUP, Key, LPARAM($C0000001));
+  { Posted, it has a time like a user's key: the control drops what waited for a read. }
+  PostMessage(Window, WM_KEYDOWN, Key, 1);
+  PostMessage(Window, WM_KEYUP, Key, LPARAM($C0000001));
   HandleMessages;
 end;
 

@@ -69,8 +69,9 @@ class Form : public automation::TabledObject<Form> {
         HWND grid = nullptr;
         EnumChildWindows(window_, FindGrid, reinterpret_cast<LPARAM>(&grid));
         if (grid == nullptr) throw automation::Error(automation::errors::unspecified, "The form shows no tree.");
-        SendMessageW(grid, WM_KEYDOWN, key, 1);
-        SendMessageW(grid, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+        // Posted, it has a time like a user's key: the control drops what waited for a read.
+        PostMessageW(grid, WM_KEYDOWN, key, 1);
+        PostMessageW(grid, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
         HandleMessages();
     }
 

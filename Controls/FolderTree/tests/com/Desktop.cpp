@@ -80,8 +80,9 @@ HWND Desktop::List() const {
 }
 
 void Desktop::Press(WPARAM key) const {
-    SendMessageW(List(), WM_KEYDOWN, key, 1);
-    SendMessageW(List(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+    // Posted, it has a time like a user's key: the control drops what waited for a read.
+    PostMessageW(List(), WM_KEYDOWN, key, 1);
+    PostMessageW(List(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
     HandleMessages();
 }
 
