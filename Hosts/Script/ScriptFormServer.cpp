@@ -1,15 +1,18 @@
-// ScriptFormServer: the class ScriptForm.Form, by which a script without windows of its own, run by cscript, puts a
-// control on a form, plays its user and hears its event.
+// ScriptFormServer: what a script that is run by cscript lacks. ScriptForm.Form puts a control on a form, plays its user
+// and hears its event; ScriptForm.Gauge tells whether the script's process holds more than before.
 #include <windows.h>
 
 #include <ole2.h>
 
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "ChangedSink.h"
 #include "ControlSite.h"
 #include "LateBound.h"
+#include "Resources.h"
 #include "automation/Error.h"
 #include "automation/TabledObject.h"
 #include "automation_win32/Bstr.h"
@@ -153,9 +156,38 @@ std::span<const automation::MemberEntry<Form>> Form::Members() {
     return members;
 }
 
+/// Members: `Begin()`, `Report`, a text with what the process held then and holds now, and `HasGrown`.
+class Gauge : public automation::TabledObject<Gauge> {
+  public:
+    static std::span<const automation::MemberEntry<Gauge>> Members();
+
+    void Begin() { first_ = soak::Resources::Now(); }
+    std::vector<soak::Comparison> Compare() const { return soak::Compare(first_, soak::Resources::Now()); }
+
+  private:
+    soak::Resources first_;
+};
+
+std::span<const automation::MemberEntry<Gauge>> Gauge::Members() {
+    static constexpr automation::MemberEntry<Gauge> members[] = {
+        {.name = "Begin",
+         .get = [](Gauge& gauge, const Arguments&) {
+             gauge.Begin();
+             return Value();
+         }},
+        {.name = "Report", .get = [](Gauge& gauge, const Arguments&) { return Value(Describe(gauge.Compare())); }},
+        {.name = "HasGrown", .get = [](Gauge& gauge, const Arguments&) { return Value(AnyHasGrown(gauge.Compare())); }},
+    };
+    return members;
+}
+
 }  // namespace
 
 automation::ComServer automation::DescribeServer(HMODULE module) {
-    constexpr CLSID clsid = {0x5d0f6c1e, 0x3a47, 0x4c0b, {0x9e, 0x52, 0x7b, 0x11, 0xc8, 0x4d, 0x60, 0xa9}};
-    return {module, false, {{clsid, formClass, L"A form for scripts", [] { return ToCom(std::make_shared<Form>()); }}}};
+    constexpr CLSID form = {0x5d0f6c1e, 0x3a47, 0x4c0b, {0x9e, 0x52, 0x7b, 0x11, 0xc8, 0x4d, 0x60, 0xa9}};
+    constexpr CLSID gauge = {0x0c5b7e92, 0x61d3, 0x4f28, {0xa7, 0x0d, 0x3e, 0x95, 0x1b, 0x66, 0xf4, 0x2c}};
+    return {module,
+            false,
+            {{form, formClass, L"A form for scripts", [] { return ToCom(std::make_shared<Form>()); }},
+             {gauge, L"ScriptForm.Gauge", L"A gauge for scripts", [] { return ToCom(std::make_shared<Gauge>()); }}}};
 }

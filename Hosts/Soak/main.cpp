@@ -2,8 +2,9 @@
 //
 //   FolderTreeSoak cycles N    one control after the other: create, load, tick, expand, save, destroy
 //   FolderTreeSoak form N      200 controls at once on one form, N times
-//   FolderTreeSoak threads N   the cycles on two threads at the same time
-//   FolderTreeSoak windows N   the same windows without the control: what the system itself leaves over
+//   FolderTreeSoak threads N   N cycles on each of two threads at the same time
+//   FolderTreeSoak windows N   windows without a control: what the system itself leaves over
+//   FolderTreeSoak leak N      leaks a little of each resource, to see that it is found
 //
 // What the process holds is compared from the 50th cycle on (of forms: from the first). The exit code is 1 when that has
 // grown or something of the host's is still referred to.
@@ -14,8 +15,11 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <map>
+#include <memory>
+#include <semaphore>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -175,6 +179,21 @@ void RunWindows() {
     HandleMessages();
 }
 
+void Leak() {
+    constexpr size_t bytes = 200000;
+    memset(HeapAlloc(GetProcessHeap(), 0, bytes), 1, bytes);
+    CreateSolidBrush(RGB(1, 2, 3));
+    CreateMenu();
+    CreateEventW(nullptr, FALSE, FALSE, nullptr);
+}
+
+void Report(const char* what, int count, int warmUp, DWORD begin, const Resources& first, const Resources& last) {
+    const auto comparisons = soak::Compare(first, last);
+    printf("%s: %d, compared from %d on, %lu s\n%s", what, count, warmUp, (GetTickCount() - begin) / 1000,
+           Describe(comparisons).c_str());
+    Expect(!AnyHasGrown(comparisons), "nothing has grown");
+}
+
 /// Runs it `count` times and compares what the process holds after `warmUp` of them with what it holds at the end.
 void Compare(const char* what, int count, int warmUp, const std::function<void(int round)>& run) {
     const DWORD begin = GetTickCount();
@@ -183,27 +202,61 @@ void Compare(const char* what, int count, int warmUp, const std::function<void(i
         if (round == warmUp) first = Resources::Now();
         run(round);
     }
-    const auto comparisons = soak::Compare(first, Resources::Now());
-    printf("%s: %d, compared from %d on, %lu s\n%s", what, count, warmUp, (GetTickCount() - begin) / 1000,
-           Describe(comparisons).c_str());
-    Expect(!AnyHasGrown(comparisons), "nothing has grown");
+    Report(what, count, warmUp, begin, first, Resources::Now());
 }
 
-/// Both threads begin each stretch together, so that the process can be measured between stretches.
-void RunThreads(int cycles) {
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 2; ++i) {
-        threads.emplace_back([cycles] {
-            OleInitialize(nullptr);
-            for (int round = 0; round < cycles; ++round) RunCycle(round % 2 == 0);
-            OleUninitialize();
-        });
+/// A thread with an apartment and cycles of its own. It waits before those that the process is compared from, and after
+/// the last, until it is told to go on.
+class CyclingThread {
+  public:
+    explicit CyclingThread(int cycles)
+        : thread_([this, cycles] {
+              OleInitialize(nullptr);
+              for (int round = 0; round < cycles; ++round) {
+                  if (round == warmUpCycles) Rest();
+                  RunCycle(round % 2 == 0);
+              }
+              Rest();
+              OleUninitialize();
+          }) {}
+    ~CyclingThread() { thread_.join(); }
+    CyclingThread(const CyclingThread&) = delete;
+    CyclingThread& operator=(const CyclingThread&) = delete;
+
+    void WaitUntilItRests() { resting_.acquire(); }
+    void GoOn() { goOn_.release(); }
+
+  private:
+    void Rest() {
+        resting_.release();
+        goOn_.acquire();
     }
-    for (std::thread& thread : threads) thread.join();
+
+    std::binary_semaphore resting_{0};
+    std::binary_semaphore goOn_{0};
+    std::thread thread_;
+};
+
+void RunThreads(int cycles) {
+    // While nobody uses it, the control's module goes; here it is to stay, as in a host with a form that is open.
+    const auto kept = demo::CreateByProgId(controlProgId);
+    const DWORD begin = GetTickCount();
+    CyclingThread one(cycles);
+    CyclingThread other(cycles);
+    const auto measure = [&] {
+        one.WaitUntilItRests();
+        other.WaitUntilItRests();
+        const Resources now = Resources::Now();
+        one.GoOn();
+        other.GoOn();
+        return now;
+    };
+    const Resources first = measure();
+    Report("cycles on each of two threads", cycles, warmUpCycles, begin, first, measure());
 }
 
 int Usage() {
-    printf("usage: FolderTreeSoak cycles|form|threads|windows N\n");
+    printf("usage: FolderTreeSoak cycles|form|threads|windows|leak N\n");
     return 2;
 }
 
@@ -213,10 +266,11 @@ int Run(std::string_view what, int count) {
     } else if (what == "form") {
         Compare("forms with 200 controls", count, 1, [](int) { RunForm(); });
     } else if (what == "threads") {
-        // A stretch of cycles is a round, and ends the threads.
-        Compare("times two threads with 25 cycles each", count / 25, 2, [](int) { RunThreads(25); });
+        RunThreads(count);
     } else if (what == "windows") {
         Compare("cycles without a control", count, warmUpCycles, [](int) { RunWindows(); });
+    } else if (what == "leak") {
+        Compare("leaks", count, 1, [](int) { Leak(); });
     } else {
         return Usage();
     }

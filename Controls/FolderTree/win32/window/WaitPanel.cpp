@@ -24,6 +24,13 @@ void MakeBarsKnown() {
     InitCommonControlsEx(&classes);
 }
 
+/// A path is shortened in its middle. Not where there is hardly room for the dots: there Wine's DrawText ends the process.
+UINT PathFormat(HDC dc, const RECT& area) {
+    SIZE dots{};
+    GetTextExtentPoint32W(dc, L"...", 3, &dots);
+    return area.right - area.left < 4 * dots.cx ? DT_END_ELLIPSIS : DT_PATH_ELLIPSIS | DT_END_ELLIPSIS;
+}
+
 }  // namespace
 
 WaitPanel::WaitPanel(WindowKeeper& keeper, std::function<void()> cancel, std::function<void()> focusMoved, Now now)
@@ -239,7 +246,7 @@ void WaitPanel::PaintPath(const DRAWITEMSTRUCT& item) const {
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, GetSysColor(COLOR_BTNTEXT));
     DrawTextW(item.hDC, path.c_str(), static_cast<int>(path.size()), &area,
-              DT_PATH_ELLIPSIS | DT_END_ELLIPSIS | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+              PathFormat(item.hDC, area) | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
     SelectObject(item.hDC, before);
 }
 
