@@ -58,10 +58,13 @@ class ComPtr {
     /// Hands the reference over to the caller.
     T* Detach() { return std::exchange(pointer_, nullptr); }
 
-    /// Asks for another interface.
+    /// Asks for another interface. Where there is none, `other` is null, whatever the object has left there.
     template <class U>
     HRESULT As(ComPtr<U>* other) const {
-        return pointer_->QueryInterface(__uuidof(U), reinterpret_cast<void**>(other->ReleaseAndGetAddressOf()));
+        const HRESULT result =
+            pointer_->QueryInterface(__uuidof(U), reinterpret_cast<void**>(other->ReleaseAndGetAddressOf()));
+        if (FAILED(result)) other->Detach();
+        return result;
     }
 
   private:

@@ -4,13 +4,32 @@
 #include <ole2.h>
 #include <olectl.h>
 
+#include <map>
+#include <string>
+
 #include "automation_win32/ComBase.h"
 #include "automation_win32/Crossing.h"
+#include "automation_win32/Variant.h"
 #include "com/Desktop.h"
 #include "com/Mailbox.h"
 
 namespace foldertree::testing {
 namespace {
+
+/// A bag in memory.
+class KeptBag final : public automation::ComBase<IPropertyBag> {
+  public:
+    STDMETHOD(Read)(LPCOLESTR name, VARIANT* value, IErrorLog*) override {
+        const auto found = values_.find(name);
+        return found == values_.end() ? E_INVALIDARG : VariantCopy(value, &found->second.Raw());
+    }
+    STDMETHOD(Write)(LPCOLESTR name, VARIANT* value) override {
+        return VariantCopy(values_[name].Out(), value);
+    }
+
+  private:
+    std::map<std::wstring, automation::Variant> values_;
+};
 
 class Container : public ::testing::Test {
   protected:
@@ -177,6 +196,36 @@ TEST_F(Container, MayGoWithItsLastReferenceAtAnyYieldOfALoad) {
         HandleMessages();
         EXPECT_TRUE(left.expired());
     }
+}
+
+TEST_F(Container, RestoresTheSettingsOfAStream) {
+    desktop_->Control()->put_ExtendToLevel(3);
+    desktop_->Control()->put_AllowIndexing(VARIANT_TRUE);
+    ComPtr<IStream> stream;
+    ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.GetAddressOf()), S_OK);
+    ASSERT_EQ(As<IPersistStreamInit>(desktop_->Control())->Save(stream.Get(), TRUE), S_OK);
+    ASSERT_EQ(stream->Seek({}, STREAM_SEEK_SET, nullptr), S_OK);
+    const Desktop next(nullptr, stream.Get());
+    ASSERT_NE(next.Control(), nullptr);
+    LONG level = 0;
+    VARIANT_BOOL indexing = VARIANT_FALSE;
+    EXPECT_EQ(next.Control()->get_ExtendToLevel(&level), S_OK);
+    EXPECT_EQ(next.Control()->get_AllowIndexing(&indexing), S_OK);
+    EXPECT_EQ(level, 3);
+    EXPECT_EQ(indexing, VARIANT_TRUE);
+    EXPECT_NE(next.List(), nullptr);
+}
+
+TEST_F(Container, LoadsABagIntoTheControlThatItShows) {
+    const auto bag = automation::MakeCom<KeptBag>();
+    desktop_->Control()->put_ExtendToLevel(3);
+    ASSERT_EQ(As<IPersistPropertyBag>(desktop_->Control())->Save(bag.Get(), TRUE, TRUE), S_OK);
+    const Desktop next;
+    ASSERT_EQ(As<IPersistPropertyBag>(next.Control())->Load(bag.Get(), nullptr), S_OK);
+    LONG level = 0;
+    EXPECT_EQ(next.Control()->get_ExtendToLevel(&level), S_OK);
+    EXPECT_EQ(level, 3);
+    EXPECT_NE(next.List(), nullptr);
 }
 
 TEST_F(Container, TellsTheControlToPaintItself) {

@@ -39,7 +39,7 @@ bool Desktop::IsAvailable() {
     return available;
 }
 
-Desktop::Desktop(HWND form) {
+Desktop::Desktop(HWND form, IStream* settings) {
     AtlEntry<AtlAxWinInit>("AtlAxWinInit")();
     // Neither a caption nor an activation: no window manager is involved, and none has to be waited for.
     const DWORD kind = form != nullptr ? WS_CHILD : WS_POPUP;
@@ -48,7 +48,7 @@ Desktop::Desktop(HWND form) {
     ShowWindow(window_, SW_SHOWNA);
     ComPtr<IUnknown> control;
     EXPECT_EQ(AtlEntry<AtlAxCreateControlEx>("AtlAxCreateControlEx")(L"{AE52A325-A957-48C9-B185-FA526DB6AB5E}", window_,
-                                                                     nullptr, container_.GetAddressOf(),
+                                                                     settings, container_.GetAddressOf(),
                                                                      control.GetAddressOf(), IID_NULL, nullptr),
               S_OK);
     control_ = As<_ctlFolderTree>(control);

@@ -10,8 +10,9 @@ namespace foldertree::testing {
 /// A top-level window of 400 x 300 with the control in it, hosted by Windows' own container for dialogs (atl100.dll).
 class Desktop {
   public:
-    /// With a form, a child of it instead, inside of which Tab finds its stops.
-    explicit Desktop(HWND form = nullptr);
+    /// With a form, a child of it instead, inside of which Tab finds its stops. With settings, the container loads the
+    /// control from them.
+    explicit Desktop(HWND form = nullptr, IStream* settings = nullptr);
     ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;

@@ -27,6 +27,8 @@ class Bag final : public automation::ComBase<IPropertyBag> {
   public:
     std::map<std::string, Value> values;
     HRESULT readFailure = S_OK;
+    HRESULT writeFailure = S_OK;
+    int writesLeft = 1000;
 
     STDMETHOD(Read)(LPCOLESTR name, VARIANT* value, IErrorLog*) override {
         if (FAILED(readFailure)) return readFailure;
@@ -37,6 +39,7 @@ class Bag final : public automation::ComBase<IPropertyBag> {
         return S_OK;
     }
     STDMETHOD(Write)(LPCOLESTR name, VARIANT* value) override {
+        if (FAILED(writeFailure) && writesLeft-- == 0) return writeFailure;
         values.insert_or_assign(automation::FromWide(name), automation::FromVariant(*value));
         return S_OK;
     }
@@ -135,6 +138,22 @@ TEST(PropertyBagPersistence, SurvivesABagFullOfWrongTypesAndABagThatFails) {
     bag->readFailure = E_FAIL;
     EXPECT_EQ(As<IPersistPropertyBag>(control)->Load(bag.Get(), nullptr), S_OK);
     EXPECT_FALSE(tree->Get("AllowIndexing").ToBoolean());
+}
+
+TEST(PropertyBagPersistence, TellsWhereTheBagCannotBeWrittenAndStaysUnsaved) {
+    const auto control = NewControl();
+    ASSERT_EQ(As<IPersistPropertyBag>(control)->InitNew(), S_OK);
+    ChangeEverything(control);
+    for (int written = 0; written < 10; ++written) {
+        const auto bag = automation::MakeCom<Bag>();
+        bag->writeFailure = STG_E_MEDIUMFULL;
+        bag->writesLeft = written;
+        EXPECT_EQ(As<IPersistPropertyBag>(control)->Save(bag.Get(), TRUE, TRUE), STG_E_MEDIUMFULL) << written;
+        EXPECT_EQ(As<IPersistStreamInit>(control)->IsDirty(), S_OK);
+    }
+    Save(control);
+    EXPECT_EQ(As<IPersistStreamInit>(control)->IsDirty(), S_FALSE);
+    ExpectEverythingChanged(control);
 }
 
 // ---- Stream
@@ -313,6 +332,69 @@ TEST(StreamPersistence, LoadsOrRefusesADamagedStreamAndThenKeepsItsSettings) {
         }
     }
     EXPECT_GT(refused, 30);
+}
+
+/// A stream that stops after some calls: it fails, or says that all is well and does nothing.
+class TornStream final : public automation::ComBase<IStream> {
+  public:
+    TornStream(ComPtr<IStream> inner, int callsLeft, HRESULT answer)
+        : inner_(std::move(inner)), callsLeft_(callsLeft), answer_(answer) {}
+
+    STDMETHOD(Read)(void* bytes, ULONG size, ULONG* read) override {
+        if (callsLeft_-- > 0) return inner_->Read(bytes, size, read);
+        if (read != nullptr) *read = 0;
+        return answer_;
+    }
+    STDMETHOD(Write)(const void* bytes, ULONG size, ULONG* written) override {
+        if (callsLeft_-- > 0) return inner_->Write(bytes, size, written);
+        if (written != nullptr) *written = 0;
+        return answer_;
+    }
+    STDMETHOD(Seek)(LARGE_INTEGER, DWORD, ULARGE_INTEGER*) override { return E_NOTIMPL; }
+    STDMETHOD(SetSize)(ULARGE_INTEGER) override { return E_NOTIMPL; }
+    STDMETHOD(CopyTo)(IStream*, ULARGE_INTEGER, ULARGE_INTEGER*, ULARGE_INTEGER*) override { return E_NOTIMPL; }
+    STDMETHOD(Commit)(DWORD) override { return E_NOTIMPL; }
+    STDMETHOD(Revert)() override { return E_NOTIMPL; }
+    STDMETHOD(LockRegion)(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
+    STDMETHOD(UnlockRegion)(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
+    STDMETHOD(Stat)(STATSTG*, DWORD) override { return E_NOTIMPL; }
+    STDMETHOD(Clone)(IStream**) override { return E_NOTIMPL; }
+
+    bool WasTorn() const { return callsLeft_ < 0; }
+
+  private:
+    ComPtr<IStream> inner_;
+    int callsLeft_;
+    HRESULT answer_;
+};
+
+TEST(StreamPersistence, TellsWhereAStreamFailsOrStopsWithoutAWord) {
+    const auto saved = NewControl();
+    ChangeEverything(saved);
+    const std::vector<uint8_t> good = SavedStream(saved);
+    int torn = 0;
+    for (const HRESULT answer : {STG_E_READFAULT, S_OK, S_FALSE}) {
+        for (int calls = 0;; ++calls) {
+            ASSERT_LT(calls, 1000);
+            const auto control = NewControl();
+            const auto stream = automation::MakeCom<TornStream>(StreamOf(good), calls, answer);
+            const HRESULT result = As<IPersistStreamInit>(control)->Load(stream.Get());
+            if (!stream->WasTorn()) break;
+            ++torn;
+            EXPECT_TRUE(FAILED(result)) << calls << " reads, then " << answer;
+            EXPECT_TRUE(LateBound(control.Get())->Get("Enabled").ToBoolean()) << "the settings stay as they were";
+        }
+        for (int calls = 0;; ++calls) {
+            ASSERT_LT(calls, 1000);
+            const auto stream = automation::MakeCom<TornStream>(MemoryStream(), calls, answer);
+            const HRESULT result = As<IPersistStreamInit>(saved)->Save(stream.Get(), TRUE);
+            if (!stream->WasTorn()) break;
+            ++torn;
+            EXPECT_TRUE(FAILED(result)) << calls << " writes, then " << answer;
+        }
+    }
+    EXPECT_GT(torn, 60);
+    ExpectEverythingChanged(saved);
 }
 
 TEST(StreamPersistence, KnowsWhetherASettingChangedSinceItWasSaved) {

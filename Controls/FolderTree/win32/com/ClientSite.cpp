@@ -32,7 +32,7 @@ ComPtr<IDispatch> ClientSite::Font() const {
     VARIANT value = Ambient(DISPID_AMBIENT_FONT);
     ComPtr<IDispatch> font;
     if ((V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN) && V_UNKNOWN(&value) != nullptr)
-        V_UNKNOWN(&value)->QueryInterface(IID_PPV_ARGS(font.GetAddressOf()));
+        ComPtr<IUnknown>(V_UNKNOWN(&value)).As(&font);
     VariantClear(&value);
     return font;
 }

@@ -18,7 +18,9 @@ automation::Value ComPropertyBag::Read(std::string_view name) {
 
 void ComPropertyBag::Write(std::string_view name, const automation::Value& value) {
     automation::Variant variant(value);
-    automation::Check(bag_->Write(automation::ToWide(name).c_str(), &variant.Raw()));
+    const HRESULT result = bag_->Write(automation::ToWide(name).c_str(), &variant.Raw());
+    if (FAILED(result)) writeFailure_ = result;
+    automation::Check(result);
 }
 
 }  // namespace foldertree

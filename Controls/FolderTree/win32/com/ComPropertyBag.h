@@ -15,10 +15,13 @@ class ComPropertyBag final : public PropertyBag {
 
     automation::Value Read(std::string_view name) override;
     void Write(std::string_view name, const automation::Value& value) override;
+    /// Why a value could not be written; S_OK when all could. The core leaves it at a trace line.
+    HRESULT WriteFailure() const { return writeFailure_; }
 
   private:
     automation::ComPtr<IPropertyBag> bag_;
     automation::ComPtr<IErrorLog> log_;
+    HRESULT writeFailure_ = S_OK;
 };
 
 }  // namespace foldertree

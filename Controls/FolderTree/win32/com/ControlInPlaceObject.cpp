@@ -15,9 +15,13 @@ using automation::ComPtr;
 
 namespace {
 
-/// A place without an area hides the control; one of negative size is a mistake.
-bool IsInsideOut(const RECT& place) {
-    return place.right < place.left || place.bottom < place.top;
+/// A place without an area hides the control; one of negative size, or beyond all screens, is a mistake.
+bool IsPlace(const RECT& place) {
+    constexpr long long largest = 0x7FFF;  // as far as windows can be placed
+    const auto is = [](long long from, long long to) {
+        return from >= -largest && to <= largest && to >= from && to - from <= largest;
+    };
+    return is(place.left, place.right) && is(place.top, place.bottom);
 }
 
 }  // namespace
@@ -58,9 +62,14 @@ HRESULT ControlInPlaceObject::ShowIn(IOleInPlaceSite& site) {
     HRESULT result = site.GetWindow(&parent);
     if (SUCCEEDED(result))
         result = site.GetWindowContext(frame.GetAddressOf(), document.GetAddressOf(), &place, &clip, &frameInfo);
-    if (FAILED(result)) return result;
+    if (FAILED(result)) {
+        // A container that refuses may have left anything there.
+        frame.Detach();
+        document.Detach();
+        return result;
+    }
     if (site_ == nullptr) return OLE_E_NOT_INPLACEACTIVE;
-    if (IsInsideOut(place)) return E_INVALIDARG;
+    if (!IsPlace(place)) return E_INVALIDARG;
     frame_ = frame;
     document_ = document;
     if (object_.Window().Create(parent, place) == nullptr) return E_FAIL;
@@ -143,7 +152,7 @@ HRESULT ControlInPlaceObject::UIDeactivate() {
 
 HRESULT ControlInPlaceObject::SetObjectRects(const RECT* place, const RECT* clip) {
     if (place == nullptr || clip == nullptr) return E_POINTER;
-    if (IsInsideOut(*place)) return E_INVALIDARG;
+    if (!IsPlace(*place)) return E_INVALIDARG;
     const ControlObject::Use use(object_);
     object_.Window().Move(*place);
     const HWND window = object_.Window().Handle();

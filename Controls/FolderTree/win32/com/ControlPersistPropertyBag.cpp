@@ -35,6 +35,7 @@ HRESULT ControlPersistPropertyBag::Save(IPropertyBag* bag, BOOL clearDirty, BOOL
     return automation::ComBoundary([&] {
         ComPropertyBag settings(*bag, nullptr);
         object_.Core().UserControl_WriteProperties(settings);
+        if (FAILED(settings.WriteFailure())) return settings.WriteFailure();
         if (clearDirty) object_.dirty = false;
         return S_OK;
     });

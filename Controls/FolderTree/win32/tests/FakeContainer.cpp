@@ -16,14 +16,25 @@ HRESULT FakeContainer::Note(const char* call) {
     return answer;
 }
 
+/// For a call that has no object to give.
+HRESULT FakeContainer::Give(HRESULT result, std::initializer_list<void**> objects) const {
+    const auto rubbish = static_cast<uintptr_t>(0xBAD0BAD1u);
+    for (void** object : objects)
+        *object = FAILED(result) && leavesRubbish ? reinterpret_cast<void*>(rubbish) : nullptr;
+    return result;
+}
+
+HRESULT FakeContainer::QueryInterface(REFIID iid, void** object) {
+    const HRESULT result = ComBase::QueryInterface(iid, object);
+    return FAILED(result) ? Give(result, {object}) : result;
+}
+
 HRESULT FakeContainer::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
-    *moniker = nullptr;
-    return E_NOTIMPL;
+    return Give(E_NOTIMPL, {reinterpret_cast<void**>(moniker)});
 }
 
 HRESULT FakeContainer::GetContainer(IOleContainer** container) {
-    *container = nullptr;
-    return E_NOINTERFACE;
+    return Give(E_NOINTERFACE, {reinterpret_cast<void**>(container)});
 }
 
 HRESULT FakeContainer::GetWindow(HWND* window) {
@@ -31,17 +42,14 @@ HRESULT FakeContainer::GetWindow(HWND* window) {
     return Note("GetWindow");
 }
 
-HRESULT FakeContainer::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT place,
+HRESULT FakeContainer::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT given,
                                         LPRECT clip, LPOLEINPLACEFRAMEINFO) {
-    *frame = nullptr;
-    *document = nullptr;
-    *place = *clip = {0, 0, 400, 300};
-    return Note("GetWindowContext");
+    *given = *clip = place;
+    return Give(Note("GetWindowContext"), {reinterpret_cast<void**>(frame), reinterpret_cast<void**>(document)});
 }
 
 HRESULT FakeContainer::GetExtendedControl(IDispatch** control) {
-    *control = nullptr;
-    return E_NOTIMPL;
+    return Give(E_NOTIMPL, {reinterpret_cast<void**>(control)});
 }
 
 HRESULT FakeContainer::TranslateAccelerator(MSG*, DWORD) {

@@ -7,6 +7,7 @@
 #include <oleidl.h>
 
 #include <functional>
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -24,6 +25,11 @@ class FakeContainer final : public automation::ComBase<IOleClientSite, IOleInPla
     std::function<void(std::string_view)> onCall;
     /// What the call that is running answers; it may be set in `onCall`.
     HRESULT answer = S_OK;
+    /// What fails leaves an invalid pointer where an object belongs.
+    bool leavesRubbish = false;
+    RECT place = {0, 0, 400, 300};
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
 
     // IOleClientSite
     STDMETHOD(SaveObject)() override { return Note("SaveObject"); }
@@ -40,7 +46,7 @@ class FakeContainer final : public automation::ComBase<IOleClientSite, IOleInPla
     STDMETHOD(OnInPlaceActivate)() override { return Note("OnInPlaceActivate"); }
     STDMETHOD(OnUIActivate)() override { return Note("OnUIActivate"); }
     STDMETHOD(GetWindowContext)
-    (IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT place, LPRECT clip,
+    (IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT given, LPRECT clip,
      LPOLEINPLACEFRAMEINFO info) override;
     STDMETHOD(Scroll)(SIZE) override { return E_NOTIMPL; }
     STDMETHOD(OnUIDeactivate)(BOOL) override { return Note("OnUIDeactivate"); }
@@ -61,6 +67,7 @@ class FakeContainer final : public automation::ComBase<IOleClientSite, IOleInPla
   private:
     void* FindInterface(REFIID iid) override;
     HRESULT Note(const char* call);
+    HRESULT Give(HRESULT result, std::initializer_list<void**> objects) const;
 
     const HWND window_;
 };
