@@ -50,8 +50,8 @@ void HandleMessages();
 /// The window of that class below `window`; null when there is none.
 HWND FindBelow(HWND window, const wchar_t* className);
 
-/// A key goes down and up in that window. It is posted, so it has a time like a user's key: the control drops what waited
-/// for a read. In a window of another thread it may come to something later.
+/// A key goes down and up in that window. It is posted, so it has a time like a user's key: the control drops what
+/// waited for a read. In a window of another thread it may come to something later.
 void Press(HWND window, WPARAM key);
 
 /// Handles messages until it is so; false when that takes longer than ten seconds.

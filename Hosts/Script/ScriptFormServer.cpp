@@ -1,5 +1,5 @@
-// ScriptFormServer: what a script that is run by cscript lacks. ScriptForm.Form puts a control on a form, plays its user
-// and hears its event; ScriptForm.Gauge tells whether the script's process holds more than before.
+// ScriptFormServer: what a script that is run by cscript lacks. ScriptForm.Form puts a control on a form, plays its
+// user and hears its event; ScriptForm.Gauge tells whether the script's process holds more than before.
 #include <windows.h>
 
 #include <ole2.h>
@@ -171,10 +171,11 @@ class Gauge : public automation::TabledObject<Gauge> {
 std::span<const automation::MemberEntry<Gauge>> Gauge::Members() {
     static constexpr automation::MemberEntry<Gauge> members[] = {
         {.name = "Begin",
-         .get = [](Gauge& gauge, const Arguments&) {
-             gauge.Begin();
-             return Value();
-         }},
+         .get =
+             [](Gauge& gauge, const Arguments&) {
+                 gauge.Begin();
+                 return Value();
+             }},
         {.name = "Report", .get = [](Gauge& gauge, const Arguments&) { return Value(Describe(gauge.Compare())); }},
         {.name = "HasGrown", .get = [](Gauge& gauge, const Arguments&) { return Value(AnyHasGrown(gauge.Compare())); }},
     };

@@ -77,7 +77,7 @@ std::vector<Comparison> Compare(const Resources& first, const Resources& last) {
     return {{"private memory (kB)", first.privateKilobytes, last.privateKilobytes, 2048},
             {"GDI handles", first.gdiHandles, last.gdiHandles, 16},
             {"USER handles", first.userHandles, last.userHandles, 16},
-            {"kernel handles", first.kernelHandles, last.kernelHandles, 4}};
+            {"kernel handles", first.kernelHandles, last.kernelHandles, 16}};
 }
 
 std::string Describe(const std::vector<Comparison>& comparisons) {

@@ -8,8 +8,8 @@
 
 namespace soak {
 
-/// Counts where the system counts. Wine does not count GDI and USER handles: there it is the highest index among some new
-/// handles, which are given back at once. It grows as soon as what is leaked has filled the gaps.
+/// Counts where the system counts. Wine does not count GDI and USER handles: there it is the highest index among some
+/// new handles, which are given back at once. It grows as soon as what is leaked has filled the gaps.
 struct Resources {
     size_t privateKilobytes = 0;
     size_t gdiHandles = 0;
@@ -25,7 +25,7 @@ struct Comparison {
     const char* name;
     size_t first;
     size_t last;
-    size_t allowance;  ///< what caches and gaps between handles may add, however long it goes on
+    size_t allowance;  ///< what caches, locks and gaps between handles may add, however long it goes on
 
     bool HasGrown() const { return last > first + allowance; }
 };

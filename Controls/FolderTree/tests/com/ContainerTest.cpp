@@ -23,9 +23,7 @@ class KeptBag final : public automation::ComBase<IPropertyBag> {
         const auto found = values_.find(name);
         return found == values_.end() ? E_INVALIDARG : VariantCopy(value, &found->second.Raw());
     }
-    STDMETHOD(Write)(LPCOLESTR name, VARIANT* value) override {
-        return VariantCopy(values_[name].Out(), value);
-    }
+    STDMETHOD(Write)(LPCOLESTR name, VARIANT* value) override { return VariantCopy(values_[name].Out(), value); }
 
   private:
     std::map<std::wstring, automation::Variant> values_;

@@ -40,8 +40,9 @@ TEST(Place, OfNoAreaHidesTheControlUntilItGetsOne) {
 
 TEST(Place, OfNegativeSizeOrBeyondAllScreensIsRefused) {
     constexpr int beyond = 0x10000;
-    for (const RECT place : {RECT{10, 10, 5, 20}, RECT{10, 10, 20, 5}, RECT{INT_MAX, 0, INT_MIN, 10},
-                             RECT{INT_MIN, INT_MIN, INT_MAX, INT_MAX}, RECT{0, 0, beyond, 10}, RECT{0, -beyond, 10, 0}}) {
+    for (const RECT place :
+         {RECT{10, 10, 5, 20}, RECT{10, 10, 20, 5}, RECT{INT_MAX, 0, INT_MIN, 10},
+          RECT{INT_MIN, INT_MIN, INT_MAX, INT_MAX}, RECT{0, 0, beyond, 10}, RECT{0, -beyond, 10, 0}}) {
         Placed placed;
         placed.SetPlace(place);
         EXPECT_EQ(placed.Verb(OLEIVERB_SHOW), E_INVALIDARG);
@@ -61,7 +62,8 @@ TEST(Place, TooNarrowForAnyTextIsPaintedWhileALoadRuns) {
     for (const int extent : {1, 3, 5, 8, 12, 15, 18, 22, 26, 30, 35, 40, 50, 60, 80, 120}) {
         const RECT place = {0, 0, extent, extent};
         ASSERT_EQ(placed.Raw<IOleInPlaceObject>()->SetObjectRects(&place, &place), S_OK);
-        placed.Object().Platform().SetProgressText("Mailbox - Alex Example\\Inbox\\Customers " + std::to_string(extent));
+        placed.Object().Platform().SetProgressText("Mailbox - Alex Example\\Inbox\\Customers " +
+                                                   std::to_string(extent));
         RedrawWindow(placed.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
         RECT window = {};
         GetWindowRect(placed.Window(), &window);
@@ -179,8 +181,14 @@ class LostContainer {
     }
 
   private:
-    static constexpr LONG verbs[] = {OLEIVERB_PRIMARY,         OLEIVERB_SHOW, OLEIVERB_OPEN,             OLEIVERB_HIDE,
-                                     OLEIVERB_UIACTIVATE,      17,            OLEIVERB_INPLACEACTIVATE,  -99,
+    static constexpr LONG verbs[] = {OLEIVERB_PRIMARY,
+                                     OLEIVERB_SHOW,
+                                     OLEIVERB_OPEN,
+                                     OLEIVERB_HIDE,
+                                     OLEIVERB_UIACTIVATE,
+                                     17,
+                                     OLEIVERB_INPLACEACTIVATE,
+                                     -99,
                                      OLEIVERB_DISCARDUNDOSTATE};
 
     int Number(size_t limit) { return static_cast<int>(random_() % limit); }
@@ -200,9 +208,9 @@ class LostContainer {
         const HDC dc = CreateCompatibleDC(nullptr);
         const RECT place = AnyRect();
         const RECTL bounds = {place.left, place.top, place.right, place.bottom};
-        Part<IViewObject>()->Draw(Number(8) == 0 ? static_cast<DWORD>(DVASPECT_ICON) : static_cast<DWORD>(DVASPECT_CONTENT),
-                                  -1, nullptr, nullptr, nullptr, Number(8) == 0 ? nullptr : dc,
-                                  Number(8) == 0 ? nullptr : &bounds, nullptr, nullptr, 0);
+        Part<IViewObject>()->Draw(
+            Number(8) == 0 ? static_cast<DWORD>(DVASPECT_ICON) : static_cast<DWORD>(DVASPECT_CONTENT), -1, nullptr,
+            nullptr, nullptr, Number(8) == 0 ? nullptr : dc, Number(8) == 0 ? nullptr : &bounds, nullptr, nullptr, 0);
         DeleteDC(dc);
     }
 

@@ -24,7 +24,8 @@ void MakeBarsKnown() {
     InitCommonControlsEx(&classes);
 }
 
-/// A path is shortened in its middle. Not where there is hardly room for the dots: there Wine's DrawText ends the process.
+/// A path is shortened in its middle. Not where there is hardly room for the dots: there Wine's DrawText ends the
+/// process.
 UINT PathFormat(HDC dc, const RECT& area) {
     SIZE dots{};
     GetTextExtentPoint32W(dc, L"...", 3, &dots);
