@@ -90,7 +90,7 @@ class Placed {
 
     /// Ticks the first folder of the first store, and opens it, which reads what is below.
     void TickAndExpand() const {
-        for (const WPARAM key : {VK_HOME, VK_DOWN, VK_SPACE, VK_RIGHT}) Press(key);
+        for (const WPARAM key : std::initializer_list<WPARAM>{VK_HOME, VK_DOWN, VK_SPACE, VK_RIGHT}) Press(key);
     }
     int Changed() const { return changed_; }
 
