@@ -1,10 +1,10 @@
 # Type libraries from interface descriptions.
 #
-# foldertree_add_typelib(target X.idl)
+# foldertree_add_typelib(target X.idl [TITLE title])
 #
-# Compiles the interface description with widl. Sources of target, and of whatever links it, may include the interface
-# header "X.idl.h"; every program or DLL that links target carries the type library as its resource 1 TYPELIB, so that
-# it can be loaded from the module that the code is in. Target is a static library.
+# Compiles the interface description with widl; LIBRARY_TITLE in it is the title, in quotes. Sources of target, and of
+# whatever links it, may include the interface header "X.idl.h"; every program or DLL that links target carries the type
+# library as its resource 1 TYPELIB, so that it can be loaded from the module that the code is in. Target is a static library.
 
 find_program(FOLDERTREE_WIDL NAMES ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32-widl REQUIRED)
 find_path(FOLDERTREE_WINE_IDL NAMES oaidl.idl ocidl.idl
@@ -23,6 +23,7 @@ endif()
 mark_as_advanced(FOLDERTREE_WIDL FOLDERTREE_WINE_IDL FOLDERTREE_STDOLE)
 
 function(foldertree_add_typelib target idl)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "TITLE" "")
     cmake_path(GET idl STEM name)
     set(source "${CMAKE_CURRENT_SOURCE_DIR}/${idl}")
     set(folder "${CMAKE_CURRENT_BINARY_DIR}/${name}.typelib")
@@ -30,7 +31,8 @@ function(foldertree_add_typelib target idl)
     set(typelib "${folder}/${name}.tlb")
     set(resource "${folder}/${name}.typelib.rc")
     math(EXPR bits "${CMAKE_SIZEOF_VOID_P} * 8")
-    set(widl "${FOLDERTREE_WIDL}" -m${bits} -I "${FOLDERTREE_WINE_IDL}" -L "${FOLDERTREE_STDOLE}")
+    set(widl "${FOLDERTREE_WIDL}" -m${bits} "-DLIBRARY_TITLE=\"${arg_TITLE}\""
+        -I "${FOLDERTREE_WINE_IDL}" -L "${FOLDERTREE_STDOLE}")
 
     file(MAKE_DIRECTORY "${folder}")
     add_custom_command(OUTPUT "${typelib}" "${header}"

@@ -15,6 +15,7 @@ const char* const usage =
     "  --address-book         show the address lists too\n"
     "  --highlight WHAT       stress the folders of \"contacts\", \"journal\" or \"tasks\" (repeatable)\n"
     "  --trace                write the control's trace lines to standard error\n"
+    "  --version              print the version and end\n"
     "When the tree stands:\n"
     "  --expand PATH          open the folder with this path (column colPath)\n"
     "  --select KEY           tick the row with this key (column colKey)\n"
@@ -103,11 +104,14 @@ Options ParseOptions(int argumentCount, const char* const* arguments) {
             options.trace = true;
         else if (option == "--help" || option == "-h")
             options.help = true;
+        else if (option == "--version")
+            options.version = true;
         else if (option.starts_with("--"))
             throw std::invalid_argument("there is no option " + std::string(option));
         else
             options.stores.emplace_back(option);
     }
-    if (options.stores.empty() && !options.help) throw std::invalid_argument("which store? Name a file or \"sample\"");
+    if (options.stores.empty() && !options.help && !options.version)
+        throw std::invalid_argument("which store? Name a file or \"sample\"");
     return options;
 }

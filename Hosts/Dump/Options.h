@@ -25,6 +25,7 @@ struct Options {
     std::string find;                 ///< the row key to look up instead of printing the tree; empty: print it
     bool trace = false;
     bool help = false;
+    bool version = false;
     std::vector<std::string> stores;
 };
 

@@ -155,6 +155,8 @@ int main(int argumentCount, char** arguments) {
         const Options options = ParseOptions(argumentCount, arguments);
         if (options.help)
             std::fputs(usage, stdout);
+        else if (options.version)
+            std::printf("foldertree-dump %s\n", FOLDERTREE_VERSION);
         else
             Dump(options);
         return 0;

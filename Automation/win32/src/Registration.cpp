@@ -12,6 +12,7 @@
 #include "automation_win32/Bstr.h"
 #include "automation_win32/ComError.h"
 #include "automation_win32/Module.h"
+#include "automation_win32/RegistryRows.h"
 
 namespace automation {
 
@@ -90,19 +91,22 @@ void ForEachInterface(const Library& library, const std::function<void(const Int
     }
 }
 
-void WriteLibrary(const Library& library, const std::wstring& path, RegistryEdit& classes) {
+/// The rows of what is registered, in the order in which they are written.
+using Rows = std::vector<RegistryRow>;
+
+void AddLibrary(const Library& library, const std::wstring& path, Rows& rows) {
     const std::wstring key = L"TypeLib\\" + library.id + L"\\" + library.version;
-    classes.Write(key, L"", library.title);
-    classes.Write(key + L"\\0\\" + platformKey, L"", path);
-    classes.Write(key + L"\\FLAGS", L"", L"0");
-    classes.Write(key + L"\\HELPDIR", L"", FolderOf(path));
+    rows.push_back({key, L"", library.title});
+    rows.push_back({key + L"\\0\\" + platformKey, L"", path});
+    rows.push_back({key + L"\\FLAGS", L"", L"0"});
+    rows.push_back({key + L"\\HELPDIR", L"", FolderOf(path)});
     ForEachInterface(library, [&](const Interface& interface_) {
         const std::wstring interfaceKey = L"Interface\\" + interface_.id;
-        classes.Write(interfaceKey, L"", interface_.name);
-        classes.Write(interfaceKey + L"\\ProxyStubClsid32", L"",
-                      interface_.dispatchOnly ? dispatchMarshaler : automationMarshaler);
-        classes.Write(interfaceKey + L"\\TypeLib", L"", library.id);
-        classes.Write(interfaceKey + L"\\TypeLib", L"Version", library.version);
+        rows.push_back({interfaceKey, L"", interface_.name});
+        rows.push_back({interfaceKey + L"\\ProxyStubClsid32", L"",
+                        interface_.dispatchOnly ? dispatchMarshaler : automationMarshaler});
+        rows.push_back({interfaceKey + L"\\TypeLib", L"", library.id});
+        rows.push_back({interfaceKey + L"\\TypeLib", L"Version", library.version});
     });
 }
 
@@ -123,31 +127,30 @@ void RemoveLibrary(const Library& library, const RegistryKey& classes) {
     });
 }
 
-void WriteClass(const ServerClass& entry, const std::wstring& path, const std::optional<Library>& library,
-                RegistryEdit& classes) {
+void AddClass(const ServerClass& entry, const std::wstring& path, const std::optional<Library>& library, Rows& rows) {
     const std::wstring id = GuidText(entry.clsid);
     const std::wstring key = L"CLSID\\" + id;
-    classes.Write(entry.progId, L"", entry.title);
-    classes.Write(entry.progId + L"\\CLSID", L"", id);
-    classes.Write(key, L"", entry.title);
-    classes.Write(key + L"\\ProgID", L"", entry.progId);
-    classes.Write(key + L"\\InprocServer32", L"", path);
-    classes.Write(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment");
-    classes.Write(key + L"\\Programmable", L"", L"");
+    rows.push_back({entry.progId, L"", entry.title});
+    rows.push_back({entry.progId + L"\\CLSID", L"", id});
+    rows.push_back({key, L"", entry.title});
+    rows.push_back({key + L"\\ProgID", L"", entry.progId});
+    rows.push_back({key + L"\\InprocServer32", L"", path});
+    rows.push_back({key + L"\\InprocServer32", L"ThreadingModel", L"Apartment"});
+    rows.push_back({key + L"\\Programmable", L"", L""});
     if (library) {
-        classes.Write(key + L"\\TypeLib", L"", library->id);
-        classes.Write(key + L"\\Version", L"", library->version);
+        rows.push_back({key + L"\\TypeLib", L"", library->id});
+        rows.push_back({key + L"\\Version", L"", library->version});
     }
     if (entry.miscStatus != 0) {
-        classes.Write(key + L"\\Control", L"", L"");
-        classes.Write(key + L"\\MiscStatus", L"", L"0");
-        classes.Write(key + L"\\MiscStatus\\1", L"", std::to_wstring(entry.miscStatus));
+        rows.push_back({key + L"\\Control", L"", L""});
+        rows.push_back({key + L"\\MiscStatus", L"", L"0"});
+        rows.push_back({key + L"\\MiscStatus\\1", L"", std::to_wstring(entry.miscStatus)});
     }
     // After the name come the flags of the menu's entry (none) and OLEVERBATTRIB_ONCONTAINERMENU.
     for (const ServerVerb& verb : entry.verbs)
-        classes.Write(key + L"\\Verb\\" + std::to_wstring(verb.number), L"", verb.name + L",0,2");
+        rows.push_back({key + L"\\Verb\\" + std::to_wstring(verb.number), L"", verb.name + L",0,2"});
     if (entry.toolbarBitmap != 0)
-        classes.Write(key + L"\\ToolboxBitmap32", L"", path + L", " + std::to_wstring(entry.toolbarBitmap));
+        rows.push_back({key + L"\\ToolboxBitmap32", L"", path + L", " + std::to_wstring(entry.toolbarBitmap)});
 }
 
 std::optional<Library> LibraryOf(const ComServer& server, const std::wstring& path) {
@@ -175,16 +178,22 @@ void ThrowIfTaken(const ServerClass& entry, const RegistryKey& classes) {
 
 }  // namespace
 
+std::vector<RegistryRow> RegistryRows(const ComServer& server, const std::vector<std::wstring>& options,
+                                      const std::wstring& path) {
+    const std::optional<Library> library = LibraryOf(server, ModulePath(server.module));
+    Rows rows;
+    if (library) AddLibrary(*library, path, rows);
+    for (const ServerClass& entry : server.classes)
+        if (IsWanted(entry, options)) AddClass(entry, path, library, rows);
+    return rows;
+}
+
 void WriteServerKeys(const ComServer& server, const std::vector<std::wstring>& options, const RegistryKey& classes) {
-    const std::wstring path = ModulePath(server.module);
-    const std::optional<Library> library = LibraryOf(server, path);
+    for (const ServerClass& entry : server.classes)
+        if (!entry.option.empty() && IsWanted(entry, options)) ThrowIfTaken(entry, classes);
     RegistryEdit edit(classes);
-    if (library) WriteLibrary(*library, path, edit);
-    for (const ServerClass& entry : server.classes) {
-        if (!IsWanted(entry, options)) continue;
-        if (!entry.option.empty()) ThrowIfTaken(entry, classes);
-        WriteClass(entry, path, library, edit);
-    }
+    for (const RegistryRow& row : RegistryRows(server, options, ModulePath(server.module)))
+        edit.Write(row.key, row.name, row.text);
     edit.Keep();
 }
 
