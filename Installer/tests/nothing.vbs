@@ -1,0 +1,1 @@
+' Does nothing.
