@@ -1,6 +1,7 @@
 // RegistrationTest: what the component writes into the registry, and that it takes all of it out again.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sddl.h>
 
 #include <map>
 
@@ -43,6 +44,32 @@ void Collect(HKEY key, const std::string& path, Keys& keys) {
         RegCloseKey(child);
     }
 }
+
+/// A key that everybody may read and nobody may write, until its end.
+class ReadOnlyKey {
+  public:
+    ReadOnlyKey(HKEY parent, const wchar_t* path) {
+        EXPECT_EQ(RegCreateKeyExW(parent, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_, nullptr), ERROR_SUCCESS);
+        Allow(L"D:P(A;;KR;;;WD)");
+    }
+    ~ReadOnlyKey() {
+        Allow(L"D:P(A;;KA;;;WD)");
+        RegCloseKey(key_);
+    }
+    ReadOnlyKey(const ReadOnlyKey&) = delete;
+    ReadOnlyKey& operator=(const ReadOnlyKey&) = delete;
+
+  private:
+    void Allow(const wchar_t* rights) const {
+        PSECURITY_DESCRIPTOR descriptor = nullptr;
+        EXPECT_TRUE(
+            ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1, &descriptor, nullptr));
+        EXPECT_EQ(RegSetKeySecurity(key_, DACL_SECURITY_INFORMATION, descriptor), ERROR_SUCCESS);
+        LocalFree(descriptor);
+    }
+
+    HKEY key_ = nullptr;
+};
 
 /// The component's two places in the registry, replaced for this process by empty keys.
 class Registration : public ::testing::Test {
@@ -143,6 +170,25 @@ TEST_F(Registration, MayBeRepeatedAndRemovedTwice) {
     EXPECT_EQ(unregisterServer(), S_OK);
     EXPECT_EQ(unregisterServer(), S_OK);
     EXPECT_THAT(KeysIn(machine_), IsEmpty());
+}
+
+TEST_F(Registration, WithoutTheRightToWriteFailsAndChangesNothing) {
+    const auto registerServer = EntryPoint<HRESULT WINAPI()>("DllRegisterServer");
+    const ReadOnlyKey classes(machine_, L"Software\\Classes");
+    EXPECT_EQ(registerServer(), E_ACCESSDENIED);
+    EXPECT_THAT(KeysIn(machine_), IsEmpty());
+}
+
+TEST_F(Registration, ThatMayNotWriteTheLastOfItsKeysLeavesAllAsItWas) {
+    const auto registerServer = EntryPoint<HRESULT WINAPI()>("DllRegisterServer");
+    const wchar_t* const bitmap = L"Software\\Classes\\CLSID\\{AE52A325-A957-48C9-B185-FA526DB6AB5E}\\ToolboxBitmap32";
+    for (const bool registeredBefore : {false, true}) {
+        if (registeredBefore) ASSERT_EQ(registerServer(), S_OK);
+        const ReadOnlyKey locked(machine_, bitmap);
+        const Keys before = KeysIn(machine_);
+        EXPECT_EQ(registerServer(), E_ACCESSDENIED);
+        EXPECT_EQ(KeysIn(machine_), before);
+    }
 }
 
 }  // namespace
