@@ -5,6 +5,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
 
 #include "automation/Error.h"
@@ -13,8 +15,6 @@
 namespace automation {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
@@ -71,23 +71,38 @@ int64_t ExponentOf(std::string_view number) {
     return negative ? -exponent : exponent;
 }
 
-/// What a number beyond the range of a double becomes: infinity for a huge one, 0 for a tiny one. Its digits count as
-/// well as its exponent: "0.000…01e+1" is tiny.
-double BeyondRange(std::string_view number) {
-    const std::string_view digits = number.substr(0, number.find_first_of("eE"));
-    const auto first = static_cast<int64_t>(digits.find_first_of("123456789"));
-    const auto point = static_cast<int64_t>(std::min(digits.find('.'), digits.size()));
-    const int64_t power = first < point ? point - first - 1 : point - first;
-    return power + ExponentOf(number) < 0 ? 0.0 : infinity;
-}
-
-/// Reads a text that NumberLength has measured.
+/// Reads a text that NumberLength has measured. strtod looks at the locale for the decimal point, so it is handed a
+/// whole number and an exponent; std::from_chars would bring a lot of code along.
 double ReadNumber(std::string_view number) {
     const bool negative = number.front() == '-';
     number.remove_prefix(SignAt(number, 0));
-    double value = 0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range) value = BeyondRange(number);
+    // More digits say no more of a double than that there are some.
+    constexpr size_t mostDigits = 800;
+    std::array<char, mostDigits + 32> text;
+    size_t length = 0;
+    int64_t exponent = ExponentOf(number);
+    bool isFraction = false;
+    bool hasMore = false;
+    for (const char c : number.substr(0, number.find_first_of("eE"))) {
+        if (c == '.') {
+            isFraction = true;
+            continue;
+        }
+        if (isFraction) --exponent;
+        if (length == 0 && c == '0') continue;
+        if (length < mostDigits) {
+            text[length++] = c;
+        } else {
+            ++exponent;
+            hasMore = hasMore || c != '0';
+        }
+    }
+    if (hasMore) {
+        text[length++] = '1';
+        --exponent;
+    }
+    std::snprintf(text.data() + length, text.size() - length, "e%lld", static_cast<long long>(exponent));
+    const double value = length > 0 ? std::strtod(text.data(), nullptr) : 0;
     return negative ? -value : value;
 }
 
@@ -110,10 +125,10 @@ struct Digits {
 
 Digits Significant(double number, int precision) {
     std::array<char, 64> buffer;
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(number),
-                                   std::chars_format::scientific, precision - 1)
-                         .ptr;
-    const std::string_view text(buffer.data(), static_cast<size_t>(end - buffer.data()));
+    // std::to_chars does the same with tables that take more room than all the rest of this library. Only the decimal
+    // point depends on the locale here, and it is passed over.
+    const int length = std::snprintf(buffer.data(), buffer.size(), "%.*e", precision - 1, std::fabs(number));
+    const std::string_view text(buffer.data(), static_cast<size_t>(length));
     const size_t mark = text.find('e');
     Digits result;
     result.negative = number < 0;

@@ -5,6 +5,7 @@
 #include <oleauto.h>
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 #include <optional>
 
@@ -43,10 +44,13 @@ struct Library {
     std::wstring title;
 };
 
+// The library's own ways to write a number as wide text would bring a second printf along.
 std::wstring Hexadecimal(WORD number) {
-    wchar_t buffer[8];
-    swprintf(buffer, 8, L"%x", number);
-    return buffer;
+    char buffer[8];
+    return ToWide(std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, number, 16).ptr));
+}
+std::wstring Decimal(int64_t number) {
+    return ToWide(std::to_string(number));
 }
 
 Library LoadLibraryOf(const std::wstring& path) {
@@ -144,13 +148,13 @@ void AddClass(const ServerClass& entry, const std::wstring& path, const std::opt
     if (entry.miscStatus != 0) {
         rows.push_back({key + L"\\Control", L"", L""});
         rows.push_back({key + L"\\MiscStatus", L"", L"0"});
-        rows.push_back({key + L"\\MiscStatus\\1", L"", std::to_wstring(entry.miscStatus)});
+        rows.push_back({key + L"\\MiscStatus\\1", L"", Decimal(entry.miscStatus)});
     }
     // After the name come the flags of the menu's entry (none) and OLEVERBATTRIB_ONCONTAINERMENU.
     for (const ServerVerb& verb : entry.verbs)
-        rows.push_back({key + L"\\Verb\\" + std::to_wstring(verb.number), L"", verb.name + L",0,2"});
+        rows.push_back({key + L"\\Verb\\" + Decimal(verb.number), L"", verb.name + L",0,2"});
     if (entry.toolbarBitmap != 0)
-        rows.push_back({key + L"\\ToolboxBitmap32", L"", path + L", " + std::to_wstring(entry.toolbarBitmap)});
+        rows.push_back({key + L"\\ToolboxBitmap32", L"", path + L", " + Decimal(entry.toolbarBitmap)});
 }
 
 std::optional<Library> LibraryOf(const ComServer& server, const std::wstring& path) {
