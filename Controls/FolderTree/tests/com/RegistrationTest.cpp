@@ -1,6 +1,9 @@
 // RegistrationTest: what the component writes into the registry, and that it takes all of it out again.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <windows.h>
+
 #include <sddl.h>
 
 #include <map>
@@ -183,7 +186,9 @@ TEST_F(Registration, ThatMayNotWriteTheLastOfItsKeysLeavesAllAsItWas) {
     const auto registerServer = EntryPoint<HRESULT WINAPI()>("DllRegisterServer");
     const wchar_t* const bitmap = L"Software\\Classes\\CLSID\\{AE52A325-A957-48C9-B185-FA526DB6AB5E}\\ToolboxBitmap32";
     for (const bool registeredBefore : {false, true}) {
-        if (registeredBefore) ASSERT_EQ(registerServer(), S_OK);
+        if (registeredBefore) {
+            ASSERT_EQ(registerServer(), S_OK);
+        }
         const ReadOnlyKey locked(machine_, bitmap);
         const Keys before = KeysIn(machine_);
         EXPECT_EQ(registerServer(), E_ACCESSDENIED);
