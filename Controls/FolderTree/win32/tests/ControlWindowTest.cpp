@@ -395,16 +395,18 @@ TEST_F(ControlWindowTest, ThePathIsCutInItsMiddleAndSeenBeforeItIsTold) {
     EXPECT_EQ(TextOf(PathText()), L"") << "the second telling waits";
 }
 
+std::map<std::pair<DWORD, HWND>, int> heard;
+
+void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG, LONG, DWORD, DWORD) {
+    ++heard[{event, window}];
+}
+
 TEST_F(ControlWindowTest, ProgressIsToldTwiceASecondAtMostHoweverFastItIs) {
-    static std::map<std::pair<DWORD, HWND>, int> heard;
     heard.clear();
-    const auto hear = [](HWINEVENTHOOK, DWORD event, HWND window, LONG, LONG, DWORD, DWORD) {
-        ++heard[{event, window}];
-    };
     Show();
     control_->ShowWaitPanel(true);
     HostWindow::Pump();
-    const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_VALUECHANGE, nullptr, hear,
+    const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_VALUECHANGE, nullptr, Hear,
                                                GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
     constexpr int seconds = 10;
     for (int step = 1; step <= 100 * seconds; ++step) {
